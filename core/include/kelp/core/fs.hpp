@@ -1,0 +1,23 @@
+#pragma once
+
+/// @file
+/// Files. Paths are UTF-8 on every platform.
+
+#include <string>
+#include <string_view>
+
+namespace kelp::core::fs {
+
+/// Returns all bytes of a file, of any size; pipes and devices work too.
+/// @throws std::runtime_error naming the path and the cause, for a directory too.
+std::string read_text_file(const std::string& path);
+
+/// Replaces a file by a text, as a whole: whoever opens the path sees the old or the new bytes,
+/// also after a crash. An existing file keeps its permissions, a symbolic link its target's place.
+///
+/// Returns false when the text could not be written; the old file is then untouched and no
+/// temporary file is left. A target that is no regular file, or that may not be written, is
+/// refused.
+bool write_text_file_atomic(const std::string& path, std::string_view text);
+
+}  // namespace kelp::core::fs

@@ -1,0 +1,27 @@
+#pragma once
+
+/// @file
+/// The environment, and files that come with the program. Paths are UTF-8 on every platform.
+
+#include <string>
+#include <vector>
+
+namespace kelp::core::resource {
+
+/// Returns an environment variable's value; empty when it is not set.
+std::string getenv_string(const char* name);
+
+/// Tells whether a path names an existing regular file, following symbolic links.
+bool is_regular_file_path(const std::string& path);
+
+/// Returns the full path of the first existing regular file found for `relative`, or an empty text.
+///
+/// Searched are: the folder `hint` (or the folder of the file `hint`) unless it is empty, the
+/// folder of the running module (the shared library), the folder of the executable; each with up to
+/// `limit` parents, and at each level both directly and under `share/kelp/`; then the folders
+/// `extra` themselves. The current folder is never searched, so that the folder of an input cannot
+/// slip in a file.
+std::string locate_file(const std::string& relative, const std::string& hint,
+                        const std::vector<std::string>& extra, int limit);
+
+}  // namespace kelp::core::resource

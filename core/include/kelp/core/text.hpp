@@ -1,0 +1,45 @@
+#pragma once
+
+/// @file
+/// Bytes and white space. White space is that of C's `isspace` in the "C" locale, lower case that
+/// of ASCII; the host's locale changes nothing.
+
+#include <string>
+#include <string_view>
+
+namespace kelp::core::text {
+
+/// Tells whether a byte is white space: blank, tab, line feed, vertical tab, form feed, return.
+constexpr bool is_space(char byte) noexcept {
+  return byte == ' ' || (byte >= '\t' && byte <= '\r');
+}
+
+/// Returns the text without leading and trailing white space, as a view into it.
+constexpr std::string_view trim_view(std::string_view text) noexcept {
+  while (!text.empty() && is_space(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && is_space(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
+/// Returns the text without leading and trailing white space.
+std::string trim(std::string_view text);
+
+/// Returns an ASCII letter in lower case, every other byte as it is.
+constexpr char to_lower(char byte) noexcept {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+/// Returns the text with every ASCII letter in lower case.
+std::string to_lower(std::string_view text);
+
+/// Tells whether two texts are equal but for the case of ASCII letters.
+bool equals_ignoring_case(std::string_view left, std::string_view right) noexcept;
+
+/// Cuts the first word, up to white space, off `rest` and returns it; empty when none is left.
+std::string_view take_word(std::string_view& rest) noexcept;
+
+}  // namespace kelp::core::text

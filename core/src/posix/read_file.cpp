@@ -1,0 +1,60 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <string>
+#include <system_error>
+
+#include "../file_error.hpp"
+#include "file_descriptor.hpp"
+#include "kelp/core/fs.hpp"
+
+namespace kelp::core::fs {
+namespace {
+
+constexpr std::size_t chunk = std::size_t{64} * 1024;
+
+[[noreturn]] void throw_errno(const std::string& path) {
+  throw_unreadable(path, std::generic_category().message(errno));
+}
+
+// A size is only a hint: pipes and files under /proc say 0, and a file may grow while it is read.
+std::size_t expected_size(int file, const std::string& path) {
+  struct stat status {};
+  if (::fstat(file, &status) != 0) {
+    throw_errno(path);
+  }
+  return S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& path) {
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.is_open()) {
+    throw_errno(path);
+  }
+  std::string text;
+  text.resize(expected_size(file.get(), path) + 1);
+  std::size_t used = 0;
+  while (true) {
+    if (used == text.size()) {
+      text.resize(text.size() + text.size() / 2 + chunk);
+    }
+    const ssize_t count = ::read(file.get(), text.data() + used, text.size() - used);
+    if (count == 0) {
+      break;
+    }
+    if (count > 0) {
+      used += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      throw_errno(path);
+    }
+  }
+  text.resize(used);
+  return text;
+}
+
+}  // namespace kelp::core::fs

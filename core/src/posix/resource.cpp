@@ -1,0 +1,41 @@
+#include "kelp/core/resource.hpp"
+
+#include <dlfcn.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "../module_path.hpp"
+
+namespace kelp::core::resource {
+namespace {
+
+std::string canonical_or_empty(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::path canonical = std::filesystem::canonical(path, error);
+  return error ? std::string() : canonical.string();
+}
+
+}  // namespace
+
+std::string getenv_string(const char* name) {
+  const char* const value = ::getenv(name);
+  return value == nullptr ? std::string() : std::string(value);
+}
+
+std::string running_module_path() {
+  Dl_info info{};
+  const auto* const address = reinterpret_cast<const void*>(&running_module_path);
+  // A relative name was relative to the current folder of the time of loading.
+  if (::dladdr(address, &info) == 0 || info.dli_fname == nullptr || info.dli_fname[0] != '/') {
+    return {};
+  }
+  return canonical_or_empty(info.dli_fname);
+}
+
+std::string executable_path() {
+  return canonical_or_empty("/proc/self/exe");
+}
+
+}  // namespace kelp::core::resource

@@ -1,0 +1,91 @@
+#include "kelp/core/resource.hpp"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "module_path.hpp"
+#include "utf8_path.hpp"
+
+namespace kelp::core::resource {
+namespace {
+
+namespace stdfs = std::filesystem;
+
+std::optional<stdfs::path> regular_file(const stdfs::path& path) {
+  std::error_code error;
+  if (stdfs::is_regular_file(path, error)) {
+    return path;
+  }
+  return std::nullopt;
+}
+
+// The folder of a build tree holds the file directly, an install prefix under share/kelp.
+std::optional<stdfs::path> find_upwards(stdfs::path folder, const stdfs::path& relative,
+                                        int parents) {
+  for (int level = 0; level <= parents && !folder.empty(); ++level) {
+    if (auto found = regular_file(folder / relative)) {
+      return found;
+    }
+    if (auto found = regular_file(folder / "share" / "kelp" / relative)) {
+      return found;
+    }
+    const stdfs::path parent = folder.parent_path();
+    if (parent == folder) {
+      break;
+    }
+    folder = parent;
+  }
+  return std::nullopt;
+}
+
+stdfs::path folder_of_hint(const std::string& hint) {
+  std::error_code error;
+  const stdfs::path given = path_from_utf8(hint);
+  stdfs::path path = stdfs::absolute(given, error);
+  if (error) {
+    path = given;
+  }
+  path = path.lexically_normal();
+  if (!stdfs::is_directory(path, error) || !path.has_filename()) {
+    path = path.parent_path();
+  }
+  return path;
+}
+
+std::vector<stdfs::path> starting_folders(const std::string& hint) {
+  std::vector<stdfs::path> folders;
+  if (!hint.empty()) {
+    folders.push_back(folder_of_hint(hint));
+  }
+  for (const std::string& file : {running_module_path(), executable_path()}) {
+    if (!file.empty()) {
+      folders.push_back(path_from_utf8(file).parent_path());
+    }
+  }
+  return folders;
+}
+
+}  // namespace
+
+bool is_regular_file_path(const std::string& path) {
+  return regular_file(path_from_utf8(path)).has_value();
+}
+
+std::string locate_file(const std::string& relative, const std::string& hint,
+                        const std::vector<std::string>& extra, int limit) {
+  const stdfs::path wanted = path_from_utf8(relative);
+  for (const stdfs::path& folder : starting_folders(hint)) {
+    if (const auto found = find_upwards(folder, wanted, limit)) {
+      return utf8_from_path(*found);
+    }
+  }
+  for (const std::string& folder : extra) {
+    if (const auto found = regular_file(path_from_utf8(folder) / wanted)) {
+      return utf8_from_path(*found);
+    }
+  }
+  return {};
+}
+
+}  // namespace kelp::core::resource

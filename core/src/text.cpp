@@ -1,0 +1,39 @@
+#include "kelp/core/text.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace kelp::core::text {
+
+std::string trim(std::string_view text) {
+  return std::string(trim_view(text));
+}
+
+std::string to_lower(std::string_view text) {
+  std::string lower(text);
+  for (char& byte : lower) {
+    byte = to_lower(byte);
+  }
+  return lower;
+}
+
+bool equals_ignoring_case(std::string_view left, std::string_view right) noexcept {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return to_lower(a) == to_lower(b); });
+}
+
+std::string_view take_word(std::string_view& rest) noexcept {
+  std::size_t begin = 0;
+  while (begin < rest.size() && is_space(rest[begin])) {
+    ++begin;
+  }
+  std::size_t end = begin;
+  while (end < rest.size() && !is_space(rest[end])) {
+    ++end;
+  }
+  const std::string_view word = rest.substr(begin, end - begin);
+  rest.remove_prefix(end);
+  return word;
+}
+
+}  // namespace kelp::core::text
