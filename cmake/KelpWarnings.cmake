@@ -1,0 +1,14 @@
+# The warnings that our own targets are built with.
+add_library(kelp_warnings INTERFACE)
+if(MSVC)
+  target_compile_options(kelp_warnings INTERFACE /W4 /permissive- /utf-8)
+  if(KELP_WARNINGS_AS_ERRORS)
+    target_compile_options(kelp_warnings INTERFACE /WX)
+  endif()
+else()
+  target_compile_options(kelp_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(KELP_WARNINGS_AS_ERRORS)
+    target_compile_options(kelp_warnings INTERFACE -Werror)
+  endif()
+endif()

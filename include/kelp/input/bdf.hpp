@@ -1,0 +1,12 @@
+#pragma once
+
+/// @file
+/// The whole public interface of the library, in one include.
+
+#include "kelp/input/bdf/document.hpp"
+#include "kelp/input/bdf/editor.hpp"
+#include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/parser.hpp"
+#include "kelp/input/bdf/schema.hpp"
+#include "kelp/input/bdf/validation.hpp"
+#include "kelp/input/bdf/value_kind.hpp"

@@ -1,0 +1,79 @@
+// Editing the header of an easy input.
+
+#include <optional>
+#include <utility>
+
+#include "kelp/core/text.hpp"
+#include "kelp/input/bdf/editor.hpp"
+#include "model/from_schema.hpp"
+#include "model/script_name.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+bool is_blank(const std::string& text) {
+  return core::text::trim_view(text).empty();
+}
+
+/// Tells which tokens set a keyword; a method specification never does.
+class KeywordMatch {
+ public:
+  KeywordMatch(const InputSchema& schema, std::string_view key)
+      : schema_(schema), key_(schema.canonical_easy_key(key)) {}
+
+  bool operator()(const EasyToken& token) const {
+    return token.category != "method_spec" && schema_.canonical_easy_key(token.key) == key_;
+  }
+  const std::string& key() const { return key_; }
+
+ private:
+  const InputSchema& schema_;
+  std::string key_;
+};
+
+}  // namespace
+
+EasyToken BDFEditor::make_easy_token(std::string text) const {
+  return easy_token_from_text(core::text::trim(text), schema_);
+}
+
+void BDFEditor::set_easy_tokens(const std::vector<std::string>& tokens) {
+  data_.easy_tokens.clear();
+  data_.easy_tokens.reserve(tokens.size());
+  for (const std::string& text : tokens) {
+    add_easy_token(text);
+  }
+}
+
+void BDFEditor::add_easy_token(std::string text) {
+  if (!is_blank(text)) {
+    data_.easy_tokens.push_back(make_easy_token(std::move(text)));
+  }
+}
+
+void BDFEditor::set_easy_keyword(std::string key, std::optional<std::string> value) {
+  const KeywordMatch matches(schema_, key);
+  std::string text = matches.key();
+  if (value) {
+    text += '=' + core::text::trim(*value);
+  }
+  EasyToken made = make_easy_token(std::move(text));
+  for (EasyToken& token : data_.easy_tokens) {
+    if (matches(token)) {
+      made.location = token.location;
+      token = std::move(made);
+      return;
+    }
+  }
+  data_.easy_tokens.push_back(std::move(made));
+}
+
+bool BDFEditor::remove_easy_keyword(std::string_view key) {
+  return std::erase_if(data_.easy_tokens, KeywordMatch(schema_, key)) > 0;
+}
+
+void BDFEditor::set_script_name(std::string name) {
+  data_.script_name = normalize_script_name(name);
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,161 @@
+// Adding, replacing and removing modules and their entries.
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <utility>
+
+#include "kelp/input/bdf/editor.hpp"
+#include "model/from_schema.hpp"
+#include "schema/lookup.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+const ModuleSpec* spec_of(const Module& module, const InputSchema& schema) {
+  return find_module_spec(SchemaAccess::impl(schema), module.name);
+}
+
+Module* stored_under(std::vector<Module>& modules, const std::string& name, std::size_t index) {
+  for (Module& module : modules) {
+    if (module.name == name && index-- == 0) {
+      return &module;
+    }
+  }
+  return nullptr;
+}
+
+ModuleEntry* append_entry(Module& module, std::string_view name, std::vector<std::string> values,
+                          const ModuleSpec* spec) {
+  ModuleEntry entry;
+  describe_entry(entry, name, spec);
+  entry.values = std::move(values);
+  module.entries.push_back(std::move(entry));
+  return &module.entries.back();
+}
+
+}  // namespace
+
+Module BDFEditor::make_module(std::string name) const {
+  Module made;
+  describe_module(made, name, schema_);
+  return made;
+}
+
+Module* BDFEditor::append_module(std::string name) {
+  ensure_statement_order();
+  data_.modules.push_back(make_module(std::move(name)));
+  data_.statements.push_back({StatementKind::Module, data_.modules.size() - 1, {}, std::nullopt});
+  return &data_.modules.back();
+}
+
+Module* BDFEditor::upsert_module(std::string name) {
+  name = schema_.canonical_module(name);
+  Module* const found = module(name, 0);
+  if (found == nullptr) {
+    return append_module(std::move(name));
+  }
+  found->name = std::move(name);
+  found->known = schema_.is_known_module(found->name);
+  found->terminated = true;
+  return found;
+}
+
+bool BDFEditor::remove_module(std::string_view name, std::size_t index) {
+  const Module* const found = module(name, index);
+  if (found == nullptr) {
+    return false;
+  }
+  const std::ptrdiff_t position = found - data_.modules.data();
+  data_.modules.erase(data_.modules.begin() + position);
+  rebuild_statement_module_indices_after_erase(static_cast<std::size_t>(position));
+  return true;
+}
+
+bool BDFEditor::remove_module(std::string_view name) {
+  // The name may live in a module that is about to go.
+  const std::string wanted(name);
+  const bool removed = remove_module(wanted, 0);
+  while (remove_module(wanted, 0)) {
+  }
+  return removed;
+}
+
+// Modules are added until the index-th of that name is there. In a schema whose aliases chain (an
+// alias that is itself the name of another module) an added module does not answer to the name that
+// it was made under; it is then found by the name that it is stored under, so that the same call
+// always reaches the same module and the search ends.
+Module* BDFEditor::find_or_create_module(std::string_view name, std::size_t index) {
+  const std::string wanted(name);
+  const std::string canonical = schema_.canonical_module(wanted);
+  const bool chained = schema_.canonical_module(canonical) != canonical;
+  const auto find = [&]() -> Module* {
+    Module* const found = module(wanted, index);
+    return found == nullptr && chained ? stored_under(data_.modules, canonical, index) : found;
+  };
+  Module* found = find();
+  while (found == nullptr) {
+    append_module(wanted);
+    found = find();
+  }
+  return found;
+}
+
+ModuleEntry* BDFEditor::append_module_entry(std::string_view module, std::string name,
+                                            std::vector<std::string> values,
+                                            std::size_t module_index) {
+  Module* const target = find_or_create_module(module, module_index);
+  return append_entry(*target, name, std::move(values), spec_of(*target, schema_));
+}
+
+ModuleEntry* BDFEditor::set_module_entry(std::string_view module, std::size_t module_index,
+                                         std::string name, std::vector<std::string> values) {
+  Module* const target = find_or_create_module(module, module_index);
+  const ModuleSpec* const spec = spec_of(*target, schema_);
+  const std::string canonical = canonical_entry_name(spec, name);
+  ModuleEntry* const entry = target->find_entry(canonical);
+  if (entry == nullptr) {
+    return append_entry(*target, canonical, std::move(values), spec);
+  }
+  describe_entry(*entry, name, spec);
+  entry->values = std::move(values);
+  entry->children.clear();
+  entry->terminated = true;
+  return entry;
+}
+
+ModuleEntry* BDFEditor::set_module_entry(std::string_view module, std::string name,
+                                         std::vector<std::string> values) {
+  return set_module_entry(module, 0, std::move(name), std::move(values));
+}
+
+bool BDFEditor::remove_module_entry(std::string_view module, std::size_t module_index,
+                                    std::string_view name, std::optional<std::size_t> occurrence) {
+  Module* const target = this->module(module, module_index);
+  if (target == nullptr) {
+    return false;
+  }
+  const ModuleSpec* const spec = spec_of(*target, schema_);
+  const std::string wanted = canonical_entry_name(spec, name);
+  const auto matches = [&](const ModuleEntry& entry) {
+    return canonical_entry_name(spec, entry.name) == wanted;
+  };
+  if (!occurrence) {
+    return std::erase_if(target->entries, matches) > 0;
+  }
+  std::size_t skip = *occurrence;
+  const auto found =
+      std::find_if(target->entries.begin(), target->entries.end(),
+                   [&](const ModuleEntry& entry) { return matches(entry) && skip-- == 0; });
+  if (found == target->entries.end()) {
+    return false;
+  }
+  target->entries.erase(found);
+  return true;
+}
+
+bool BDFEditor::remove_module_entry(std::string_view module, std::string_view name) {
+  return remove_module_entry(module, 0, name, std::nullopt);
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,233 @@
+// Writes a document as text. What the parser kept verbatim goes out as it came in; what the schema
+// knows goes out in one canonical layout: keywords at two blanks, their values at four.
+
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "kelp/core/fs.hpp"
+#include "kelp/core/text.hpp"
+#include "kelp/input/bdf/editor.hpp"
+#include "model/script_name.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr std::size_t indent_step = 2;
+
+bool is_verbatim(const ModuleEntry& entry) {
+  return entry.kind == EntryValueKind::Raw || !entry.known;
+}
+
+class Renderer {
+ public:
+  Renderer(const BDFData& data, const InputSchema& schema) : data_(data), schema_(schema) {}
+
+  std::string run() {
+    if (data_.mode == InputMode::Module) {
+      begin_module_input();
+    } else {
+      begin_easy_input();
+    }
+    write_body();
+    out_.resize(out_.find_last_not_of("\r\n") + 1);
+    out_ += '\n';
+    return std::move(out_);
+  }
+
+ private:
+  void write(std::string_view line) {
+    out_ += line;
+    out_ += '\n';
+  }
+
+  void write(const Lines& lines) {
+    for (const std::string& line : lines) {
+      write(line);
+    }
+  }
+
+  void write_indented(std::size_t indent, std::string_view line) {
+    out_.append(indent, ' ');
+    write(line);
+  }
+
+  void begin_easy_input() {
+    write("#!" + normalize_script_name(data_.script_name));
+    write(data_.leading_lines);
+    write_tokens();
+    write_geometry();
+    separate_from_body();
+  }
+
+  void begin_module_input() {
+    write(data_.leading_lines);
+    if (!data_.has_geometry) {
+      return;
+    }
+    geometry_waits_ = true;
+    if (data_.find_module("compass") == nullptr) {
+      Module compass;
+      compass.name = "compass";
+      compass.known = schema_.is_known_module(compass.name);
+      write_module(compass);
+      separate_from_body();
+    }
+  }
+
+  void separate_from_body() {
+    if (!data_.statements.empty() || !data_.modules.empty()) {
+      out_ += '\n';
+    }
+  }
+
+  void write_tokens() {
+    std::string_view separator;
+    for (const EasyToken& token : data_.easy_tokens) {
+      out_ += separator;
+      out_ += token.canonical.empty() ? token.text : token.canonical;
+      separator = " ";
+    }
+    out_ += "\n\n";
+  }
+
+  void write_coordinate(double value) {
+    // Room for a sign, the 309 digits of the largest double, the point and the decimals.
+    constexpr int decimals = 10;
+    std::array<char, 330> digits;
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                       std::chars_format::fixed, decimals);
+    out_ += ' ';
+    out_.append(digits.data(), written.ptr);
+  }
+
+  void write_geometry() {
+    write("Geometry");
+    for (const AtomRecord& atom : data_.atoms) {
+      out_ += "  ";
+      out_ += atom.element;
+      write_coordinate(atom.x);
+      write_coordinate(atom.y);
+      write_coordinate(atom.z);
+      out_ += '\n';
+    }
+    write(data_.geometry_lines);
+    write("End Geometry");
+  }
+
+  void write_body() {
+    if (data_.statements.empty()) {
+      for (const Module& module : data_.modules) {
+        write_module(module);
+      }
+      write(data_.free_lines);
+      return;
+    }
+    for (const Statement& statement : data_.statements) {
+      if (statement.kind != StatementKind::Module) {
+        write(statement.lines);
+      } else if (statement.module_index < data_.modules.size()) {
+        write_module(data_.modules[statement.module_index]);
+      }
+    }
+  }
+
+  // The geometry of a module input goes into the first compass module that has none of its own.
+  bool takes_geometry(const Module& module) const {
+    return geometry_waits_ && schema_.canonical_module(module.name) == "compass" &&
+           module.find_entry("geometry") == nullptr;
+  }
+
+  void write_module(const Module& module) {
+    const bool verbatim_header = !module.known && !module.header_line.empty();
+    write(verbatim_header ? module.header_line : '$' + core::text::to_lower(module.name));
+    if (takes_geometry(module)) {
+      write_geometry();
+      geometry_waits_ = false;
+    }
+    for (const ModuleEntry& entry : module.entries) {
+      write_entry(entry, indent_step);
+    }
+    write(module.trailing_lines);
+    const bool verbatim_end = !module.known && !module.end_line.empty();
+    write(verbatim_end ? std::string_view(module.end_line) : "$end");
+  }
+
+  void write_entry(const ModuleEntry& entry, std::size_t indent) {
+    if (is_verbatim(entry)) {
+      if (!entry.raw_line.empty()) {
+        write(entry.raw_line);
+      }
+      write(entry.values);
+      return;
+    }
+    write_indented(indent, core::text::to_lower(entry.name));
+    if (entry.kind == EntryValueKind::NestedBlock) {
+      for (const ModuleEntry& child : entry.children) {
+        write_entry(child, indent + indent_step);
+      }
+    } else {
+      write_values(entry, indent + indent_step);
+    }
+    write_terminator(entry, indent);
+  }
+
+  void write_values(const ModuleEntry& entry, std::size_t indent) {
+    for (const std::string& value : entry.values) {
+      const std::string_view line = core::text::trim_view(value);
+      write_indented(line.empty() ? 0 : indent, line);
+    }
+  }
+
+  void write_terminator(const ModuleEntry& entry, std::size_t indent) {
+    const bool is_block =
+        entry.kind == EntryValueKind::NestedBlock || entry.kind == EntryValueKind::TerminatedBlock;
+    if (is_block && !core::text::trim_view(entry.terminator).empty()) {
+      write_indented(indent, entry.terminator);
+    }
+  }
+
+  const BDFData& data_;
+  const InputSchema& schema_;
+  bool geometry_waits_ = false;
+  std::string out_;
+};
+
+}  // namespace
+
+std::string BDFEditor::render() const {
+  return Renderer(data_, schema_).run();
+}
+
+void BDFEditor::write_file(const std::string& path) const {
+  if (!core::fs::write_text_file_atomic(path, render())) {
+    throw std::runtime_error("failed to write BDF input file '" + path + "'");
+  }
+}
+
+void BDFEditor::append_shell_statement(std::string line) {
+  Lines lines;
+  lines.push_back(std::move(line));
+  append_side_statement(StatementKind::Shell, std::move(lines));
+}
+
+void BDFEditor::append_database_statement(std::vector<std::string> lines) {
+  append_side_statement(StatementKind::Database, std::move(lines));
+}
+
+void BDFEditor::append_raw_statement(std::vector<std::string> lines) {
+  append_side_statement(StatementKind::Raw, std::move(lines));
+}
+
+void BDFEditor::append_side_statement(StatementKind kind, std::vector<std::string> lines) {
+  ensure_statement_order();
+  data_.statements.push_back({kind, Statement::no_module, std::move(lines), std::nullopt});
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,116 @@
+#include "parser/gather.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "kelp/core/number.hpp"
+#include "kelp/core/text.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+bool at_border(const LineReader& reader) {
+  return reader.at_end() || is_module_border(reader.line());
+}
+
+bool at_stop(const LineReader& reader, const Keywords& keywords) {
+  return at_border(reader) || keywords.start(reader.line());
+}
+
+void take_value(LineReader& reader, ModuleEntry& entry) {
+  entry.values.emplace_back(reader.take());
+}
+
+void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  if (!at_stop(reader, keywords)) {
+    take_value(reader, entry);
+  }
+}
+
+void gather_lines(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  while (!at_stop(reader, keywords)) {
+    take_value(reader, entry);
+  }
+}
+
+// Rows are taken without looking for keywords: the count says where they end, and a row may well
+// begin with a word that is a keyword elsewhere.
+void gather_counted_rows(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  if (at_stop(reader, keywords)) {
+    return;
+  }
+  take_value(reader, entry);
+  const std::optional<std::int64_t> count = core::number::parse_integer(entry.values.back());
+  if (!count || *count < 0) {
+    gather_lines(reader, keywords, entry);
+    return;
+  }
+  for (std::int64_t row = 0; row < *count && !at_border(reader); ++row) {
+    take_value(reader, entry);
+  }
+}
+
+void gather_block(LineReader& reader, ModuleEntry& entry) {
+  entry.terminated = false;
+  while (!reader.at_end()) {
+    if (is_terminator(reader.line(), entry)) {
+      entry.terminated = true;
+      reader.skip();
+      return;
+    }
+    if (is_module_border(reader.line())) {
+      return;
+    }
+    take_value(reader, entry);
+  }
+}
+
+// Nobody knows how an unknown keyword lays out its values. What is indented, empty or a remark is
+// most likely still its own; anything else starts something new.
+void gather_continuation(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  while (!at_stop(reader, keywords)) {
+    const std::string_view line = reader.line();
+    if (!line.empty() && !is_indented(line) && !is_remark(line)) {
+      return;
+    }
+    take_value(reader, entry);
+  }
+}
+
+}  // namespace
+
+bool is_terminator(std::string_view line, const ModuleEntry& entry) {
+  return core::text::equals_ignoring_case(core::text::trim_view(line),
+                                          core::text::trim_view(entry.terminator));
+}
+
+void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  switch (entry.kind) {
+    case EntryValueKind::Flag:
+      return;
+    case EntryValueKind::Scalar:
+    case EntryValueKind::Tuple:
+      return gather_one_line(reader, keywords, entry);
+    case EntryValueKind::MultiLine:
+    case EntryValueKind::NestedBlock:
+      return gather_lines(reader, keywords, entry);
+    case EntryValueKind::CountedRows:
+      return gather_counted_rows(reader, keywords, entry);
+    case EntryValueKind::TerminatedBlock:
+      return gather_block(reader, entry);
+    case EntryValueKind::Raw:
+      return gather_continuation(reader, keywords, entry);
+  }
+}
+
+ModuleEntry take_raw_entry(LineReader& reader) {
+  ModuleEntry entry;
+  entry.kind = EntryValueKind::Raw;
+  entry.location = reader.location();
+  entry.raw_line = reader.take();
+  entry.name = core::text::to_lower(first_word(entry.raw_line));
+  return entry;
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+#include "kelp/input/bdf/document.hpp"
+#include "parser/keywords.hpp"
+#include "parser/line_reader.hpp"
+
+namespace kelp::input::bdf {
+
+/// Tells whether a line closes an entry's block.
+bool is_terminator(std::string_view line, const ModuleEntry& entry);
+
+/// Moves the value lines of an entry from `reader` into it, as its kind lays them out. The lines of
+/// a `NestedBlock` are taken as those of a `MultiLine`: a block within a block is not read into
+/// children of its own.
+///
+/// Whatever the kind, values never go beyond the module's `$end`, the next module's header or the
+/// end of the input.
+void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry);
+
+/// Makes the entry that keeps one line verbatim, and moves past the line.
+ModuleEntry take_raw_entry(LineReader& reader);
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string_view>
+
+#include "parser/lines.hpp"
+#include "schema/lookup.hpp"
+
+namespace kelp::input::bdf {
+
+/// The keywords that start an entry at some place: those of a module, or those of a nested block.
+/// Null stands for a module or block that the schema does not know.
+class Keywords {
+ public:
+  explicit Keywords(const ModuleSpec* module) : module_(module) {}
+  explicit Keywords(const EntrySpec* block) : block_(block) {}
+
+  /// Tells whether a line's first word is such a keyword.
+  bool start(std::string_view line) const {
+    const std::string_view word = first_word(line);
+    return !word.empty() &&
+           (find_entry_spec(module_, word) != nullptr || find_child_spec(block_, word) != nullptr);
+  }
+
+ private:
+  const ModuleSpec* module_ = nullptr;
+  const EntrySpec* block_ = nullptr;
+};
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,110 @@
+#include "parser/module_block.hpp"
+
+#include <string_view>
+#include <utility>
+
+#include "kelp/core/text.hpp"
+#include "model/from_schema.hpp"
+#include "parser/gather.hpp"
+#include "parser/keywords.hpp"
+#include "parser/nested_block.hpp"
+#include "schema/lookup.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+/// What becomes of a line inside a module whose first word is no keyword of the module.
+enum class UnknownLine { Keyword, RawEntry, Dropped };
+
+// A host that neither validates nor has a policy about unknown names wants only what the schema
+// knows. Otherwise a line that starts at the margin is taken for a keyword.
+UnknownLine classify_unknown_line(std::string_view line, const ParseOptions& options) {
+  if (!options.custom_unknown_policy && !options.validate) {
+    return UnknownLine::Dropped;
+  }
+  return line.empty() || is_indented(line) ? UnknownLine::RawEntry : UnknownLine::Keyword;
+}
+
+/// Reads the lines between a module's header and its end.
+class ModuleBody {
+ public:
+  ModuleBody(LineReader& reader, Module& module, const InputSchema& schema,
+             const ParseOptions& options)
+      : reader_(reader),
+        module_(module),
+        spec_(find_module_spec(SchemaAccess::impl(schema), module.name)),
+        keywords_(spec_),
+        options_(options) {}
+
+  void read() {
+    while (!reader_.at_end()) {
+      if (is_module_end(reader_.line())) {
+        module_.terminated = true;
+        module_.end_line = reader_.take();
+        return;
+      }
+      if (is_module_border(reader_.line())) {
+        return;
+      }
+      read_entry();
+    }
+  }
+
+ private:
+  void read_entry() {
+    const std::string_view line = reader_.line();
+    if (is_remark(line)) {
+      module_.entries.push_back(take_raw_entry(reader_));
+    } else if (keywords_.start(line)) {
+      read_known_entry(line);
+    } else {
+      read_unknown_line(line);
+    }
+  }
+
+  void read_known_entry(std::string_view line) {
+    ModuleEntry entry;
+    describe_entry(entry, first_word(line), spec_);
+    entry.location = reader_.location();
+    entry.raw_line = reader_.take();
+    if (entry.kind == EntryValueKind::NestedBlock) {
+      gather_children(reader_, find_entry_spec(spec_, entry.name), options_, entry);
+    } else {
+      gather_values(reader_, keywords_, entry);
+    }
+    module_.entries.push_back(std::move(entry));
+  }
+
+  void read_unknown_line(std::string_view line) {
+    const UnknownLine what = classify_unknown_line(line, options_);
+    if (what == UnknownLine::Dropped) {
+      reader_.skip();
+      return;
+    }
+    ModuleEntry entry = take_raw_entry(reader_);
+    if (what == UnknownLine::Keyword) {
+      gather_values(reader_, keywords_, entry);
+    }
+    module_.entries.push_back(std::move(entry));
+  }
+
+  LineReader& reader_;
+  Module& module_;
+  const ModuleSpec* spec_;
+  Keywords keywords_;
+  const ParseOptions& options_;
+};
+
+}  // namespace
+
+Module parse_module(LineReader& reader, const InputSchema& schema, const ParseOptions& options) {
+  Module module;
+  module.terminated = false;
+  module.location = reader.location();
+  module.header_line = reader.take();
+  describe_module(module, core::text::trim_view(module.header_line).substr(1), schema);
+  ModuleBody(reader, module, schema, options).read();
+  return module;
+}
+
+}  // namespace kelp::input::bdf

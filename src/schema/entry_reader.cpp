@@ -1,0 +1,201 @@
+#include "schema/entry_reader.hpp"
+
+#include <array>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "schema/normalize_key.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+constexpr std::array<std::string_view, 21> description_keys = {
+    "kind",      "terminator", "value_type",      "default",       "allowed",
+    "min",       "max",        "min_exclusive",   "max_exclusive", "arity",
+    "min_arity", "max_arity",  "allowed_arities", "count_line",    "repeatable",
+    "row",       "requires",   "conflicts",       "aliases",       "entries",
+    "category"};
+
+constexpr std::array<std::string_view, 5> row_keys = {"arity", "min_arity", "max_arity",
+                                                      "allowed_arities", "types"};
+
+constexpr std::array<std::string_view, 2> requirement_keys = {"entry", "equals"};
+
+EntryValueKind kind_from_text(std::string_view text) {
+  struct KindName {
+    std::string_view text;
+    EntryValueKind kind;
+  };
+  static constexpr std::array<KindName, 15> names = {{
+      {"flag", EntryValueKind::Flag},
+      {"bool", EntryValueKind::Flag},
+      {"boolean", EntryValueKind::Flag},
+      {"tuple", EntryValueKind::Tuple},
+      {"multiline", EntryValueKind::MultiLine},
+      {"multi_line", EntryValueKind::MultiLine},
+      {"vector", EntryValueKind::MultiLine},
+      {"counted_rows", EntryValueKind::CountedRows},
+      {"countedrows", EntryValueKind::CountedRows},
+      {"nested_block", EntryValueKind::NestedBlock},
+      {"nestedblock", EntryValueKind::NestedBlock},
+      {"terminated_block", EntryValueKind::TerminatedBlock},
+      {"terminatedblock", EntryValueKind::TerminatedBlock},
+      {"block", EntryValueKind::TerminatedBlock},
+      {"raw", EntryValueKind::Raw},
+  }};
+  for (const KindName& name : names) {
+    if (name.text == text) {
+      return name.kind;
+    }
+  }
+  return EntryValueKind::Scalar;
+}
+
+// How many values there are is the kind's and the arity's business, so arrays are their elements.
+std::string value_type_from_text(std::string text) {
+  if (text == "integer_array") {
+    return "integer";
+  }
+  if (text == "float_array" || text == "number_array") {
+    return "float";
+  }
+  if (text == "string_array") {
+    return "string";
+  }
+  return text;
+}
+
+std::vector<std::string> normalized_list(const YAML::Node& node, ExpansionBudget& budget) {
+  std::vector<std::string> texts = text_list(node, budget);
+  for (std::string& text : texts) {
+    text = normalize_key(text);
+  }
+  return texts;
+}
+
+ValueRequirement requirement_from_map(const YAML::Node& map, ExpansionBudget& budget) {
+  const Fields fields(map, requirement_keys, budget);
+  ValueRequirement requirement{normalize_key(scalar_text(fields["entry"])), std::nullopt};
+  const std::string equals = scalar_text(fields["equals"]);
+  if (!equals.empty()) {
+    requirement.equals = normalize_key(equals);
+  }
+  return requirement;
+}
+
+std::vector<ValueRequirement> requirement_list(const YAML::Node& node, ExpansionBudget& budget) {
+  std::vector<ValueRequirement> requirements;
+  if (node.IsScalar()) {
+    requirements.push_back({normalize_key(node.Scalar()), std::nullopt});
+  } else if (node.IsSequence()) {
+    for (const auto& item : node) {
+      budget.pay_for(item);
+      if (item.IsScalar()) {
+        requirements.push_back({normalize_key(item.Scalar()), std::nullopt});
+      } else if (item.IsMap()) {
+        ValueRequirement requirement = requirement_from_map(item, budget);
+        if (!requirement.entry.empty()) {
+          requirements.push_back(std::move(requirement));
+        }
+      }
+    }
+  }
+  return requirements;
+}
+
+void read_row(const YAML::Node& node, EntrySchemaInfo& info, ExpansionBudget& budget) {
+  if (!node.IsMap()) {
+    return;
+  }
+  const Fields fields(node, row_keys, budget);
+  read_count(fields["arity"], info.row_arity);
+  read_count(fields["min_arity"], info.row_min_arity);
+  read_count(fields["max_arity"], info.row_max_arity);
+  info.row_allowed_arities = count_list(fields["allowed_arities"], budget);
+  info.row_types = normalized_list(fields["types"], budget);
+}
+
+void read_bounds(const Fields<description_keys.size()>& fields, EntrySchemaInfo& info) {
+  read_number(fields["min"], info.min);
+  read_number(fields["max"], info.max);
+  read_bool(fields["min_exclusive"], info.min_exclusive);
+  read_bool(fields["max_exclusive"], info.max_exclusive);
+}
+
+void read_arities(const Fields<description_keys.size()>& fields, EntrySchemaInfo& info,
+                  ExpansionBudget& budget) {
+  read_count(fields["arity"], info.arity);
+  read_count(fields["min_arity"], info.min_arity);
+  read_count(fields["max_arity"], info.max_arity);
+  info.allowed_arities = count_list(fields["allowed_arities"], budget);
+}
+
+void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& budget, int depth) {
+  for (const auto& item : map) {
+    budget.pay_for(item.second);
+    if (!item.first.IsScalar()) {
+      continue;
+    }
+    const std::string name = normalize_key(item.first.Scalar());
+    NamedEntry child = read_entry(name, item.second, budget, depth + 1);
+    parent.children.insert_or_assign(name,
+                                     std::make_shared<const EntrySpec>(std::move(child.spec)));
+    parent.child_aliases.insert_or_assign(name, name);
+    for (const std::string& alias : child.aliases) {
+      parent.child_aliases.insert_or_assign(normalize_key(alias), name);
+    }
+  }
+}
+
+}  // namespace
+
+EntryExtras read_description(const YAML::Node& map, EntrySchemaInfo& info,
+                             ExpansionBudget& budget) {
+  const Fields fields(map, description_keys, budget);
+  if (const YAML::Node& kind = fields["kind"]; kind.IsScalar()) {
+    info.kind = kind_from_text(normalize_key(kind.Scalar()));
+  }
+  if (const YAML::Node& terminator = fields["terminator"]; terminator.IsScalar()) {
+    info.terminator = normalize_key(terminator.Scalar());
+  }
+  if (const YAML::Node& type = fields["value_type"]; type.IsScalar()) {
+    info.value_type = value_type_from_text(normalize_key(type.Scalar()));
+  }
+  if (const YAML::Node& value = fields["default"]; value.IsScalar()) {
+    info.default_value = value.Scalar();
+  }
+  info.allowed = normalized_list(fields["allowed"], budget);
+  read_bounds(fields, info);
+  read_arities(fields, info, budget);
+  read_bool(fields["count_line"], info.count_line);
+  read_bool(fields["repeatable"], info.repeatable);
+  read_row(fields["row"], info, budget);
+  info.required = requirement_list(fields["requires"], budget);
+  info.conflicts = normalized_list(fields["conflicts"], budget);
+  return {text_list(fields["aliases"], budget), fields["entries"],
+          normalize_key(scalar_text(fields["category"]))};
+}
+
+NamedEntry read_entry(std::string name, const YAML::Node& node, ExpansionBudget& budget,
+                      int depth) {
+  // yaml-cpp stops at 500 levels of YAML, which are 250 of entries; only aliases go deeper.
+  constexpr int max_depth = 256;
+  if (depth > max_depth) {
+    throw std::runtime_error("its entries are nested too deeply");
+  }
+  budget.pay_for_entry();
+  NamedEntry entry;
+  entry.spec.name = std::move(name);
+  if (node.IsMap()) {
+    EntryExtras extras = read_description(node, entry.spec, budget);
+    entry.aliases = std::move(extras.aliases);
+    if (extras.entries.IsMap()) {
+      read_children(extras.entries, entry.spec, budget, depth);
+    }
+  }
+  return entry;
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,54 @@
+#include "schema/lookup.hpp"
+
+#include <memory>
+#include <utility>
+
+#include "schema/normalize_key.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+template <typename Record>
+const Record* resolve(const AliasMap& aliases, const NameMap<Record>& records,
+                      std::string_view name) {
+  const std::string* const canonical = find_in(aliases, normalize_key(name));
+  return canonical == nullptr ? nullptr : find_in(records, *canonical);
+}
+
+}  // namespace
+
+std::string canonical_name(const AliasMap& aliases, std::string_view name) {
+  std::string key = normalize_key(name);
+  const std::string* const canonical = find_in(aliases, key);
+  return canonical == nullptr ? std::move(key) : *canonical;
+}
+
+const ModuleSpec* find_module_spec(const InputSchema::Impl& impl, std::string_view name) {
+  return resolve(impl.module_aliases, impl.modules, name);
+}
+
+const EntrySpec* find_entry_spec(const ModuleSpec* module, std::string_view name) {
+  return module == nullptr ? nullptr : resolve(module->entry_aliases, module->entries, name);
+}
+
+std::string canonical_entry_name(const ModuleSpec* module, std::string_view name) {
+  return module == nullptr ? normalize_key(name) : canonical_name(module->entry_aliases, name);
+}
+
+const EntrySpec* find_child_spec(const EntrySpec* parent, std::string_view name) {
+  if (parent == nullptr) {
+    return nullptr;
+  }
+  const auto* const child = resolve(parent->child_aliases, parent->children, name);
+  return child == nullptr ? nullptr : child->get();
+}
+
+std::string canonical_child_name(const EntrySpec* parent, std::string_view name) {
+  return parent == nullptr ? normalize_key(name) : canonical_name(parent->child_aliases, name);
+}
+
+const ValueSpec* find_keyword_spec(const InputSchema::Impl& impl, std::string_view name) {
+  return resolve(impl.control_keyword_aliases, impl.control_keywords, name);
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "schema/impl.hpp"
+
+namespace kelp::input::bdf {
+
+// Resolving a name means: normalise it, go through the alias map, go to the record. There is no
+// fall-back from the one to the other. A resolved module or parent entry can be kept and asked
+// again and again; that gives the same answers as the public queries, which resolve it each time.
+
+/// Returns what an alias map makes of a name: the canonical name, or else the normalised name.
+std::string canonical_name(const AliasMap& aliases, std::string_view name);
+
+/// Returns the module of that name or alias, or null.
+const ModuleSpec* find_module_spec(const InputSchema::Impl& impl, std::string_view name);
+
+/// Returns the entry of that name or alias, or null; a null module has no entries.
+const EntrySpec* find_entry_spec(const ModuleSpec* module, std::string_view name);
+
+/// Returns the entry's canonical name in a module that may be null.
+std::string canonical_entry_name(const ModuleSpec* module, std::string_view name);
+
+/// Returns the nested entry of that name or alias, or null; a null parent has none.
+const EntrySpec* find_child_spec(const EntrySpec* parent, std::string_view name);
+
+/// Returns the nested entry's canonical name in a parent that may be null.
+std::string canonical_child_name(const EntrySpec* parent, std::string_view name);
+
+/// Returns the easy keyword of that name or alias, or null.
+const ValueSpec* find_keyword_spec(const InputSchema::Impl& impl, std::string_view name);
+
+}  // namespace kelp::input::bdf

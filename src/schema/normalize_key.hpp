@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kelp::input::bdf {
+
+/// Returns the text itself.
+/// @throws std::logic_error for a null pointer with a length, as making a string of it would.
+std::string_view require_text(std::string_view text);
+
+/// The schema's name rule: trim, drop one leading `$`, lower-case.
+std::string normalize_key(std::string_view text);
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,193 @@
+// Reads the schema document. The reader is lenient by design: whatever has the wrong node type or
+// an unknown key is passed over, so that an older library can read a newer vocabulary. All items
+// are taken in document order and every insertion is an assignment: the later of two names wins.
+
+#include "schema/yaml_reader.hpp"
+
+#include <yaml-cpp/yaml.h>
+
+#include <array>
+#include <exception>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "kelp/core/fs.hpp"
+#include "kelp/core/text.hpp"
+#include "schema/entry_reader.hpp"
+#include "schema/normalize_key.hpp"
+#include "schema/yaml_values.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+constexpr std::array<std::string_view, 7> document_keys = {
+    "program", "schema_kind", "metadata", "easy_input", "methods", "easy_keywords", "modules"};
+constexpr std::array<std::string_view, 4> metadata_keys = {"bdf_version", "manual_source",
+                                                           "manual_revision", "generated_at"};
+constexpr std::array<std::string_view, 4> easy_input_keys = {"methods", "functionals", "basis",
+                                                             "control_keywords"};
+constexpr std::array<std::string_view, 2> basis_keys = {"known", "extensible"};
+constexpr std::array<std::string_view, 3> module_keys = {"repeatable", "aliases", "entries"};
+constexpr std::array<std::string_view, 1> alias_keys = {"aliases"};
+
+class SchemaReader {
+ public:
+  explicit SchemaReader(std::size_t document_size) : budget_(document_size) {}
+
+  std::shared_ptr<const InputSchema::Impl> read(const YAML::Node& root) {
+    impl_->metadata.schema_version = required_int(root["schema_version"]);
+    const Fields fields(root, document_keys, budget_);
+    impl_->metadata.program = scalar_text(fields["program"]);
+    impl_->metadata.schema_kind = scalar_text(fields["schema_kind"]);
+    read_metadata(fields["metadata"]);
+    if (fields["easy_input"].IsMap()) {
+      read_easy_input(fields["easy_input"]);
+    } else {
+      read_name_list(fields["methods"], impl_->methods);
+      read_keywords(fields["easy_keywords"]);
+    }
+    read_modules(fields["modules"]);
+    return std::move(impl_);
+  }
+
+ private:
+  // Calls `use(name, value)` for each item of a map whose key is a scalar.
+  template <typename Use>
+  void for_each_name(const YAML::Node& map, Use use) {
+    if (!map.IsMap()) {
+      return;
+    }
+    for (const auto& item : map) {
+      budget_.pay_for(item.second);
+      if (item.first.IsScalar()) {
+        use(normalize_key(item.first.Scalar()), item.second);
+      }
+    }
+  }
+
+  static void add_aliases(AliasMap& map, const std::vector<std::string>& aliases,
+                          const std::string& name) {
+    for (const std::string& alias : aliases) {
+      map.insert_or_assign(normalize_key(alias), name);
+    }
+  }
+
+  void read_metadata(const YAML::Node& node) {
+    if (!node.IsMap()) {
+      return;
+    }
+    const Fields fields(node, metadata_keys, budget_);
+    impl_->metadata.bdf_version = scalar_text(fields["bdf_version"]);
+    impl_->metadata.manual_source = scalar_text(fields["manual_source"]);
+    impl_->metadata.manual_revision = scalar_text(fields["manual_revision"]);
+    impl_->metadata.generated_at = scalar_text(fields["generated_at"]);
+  }
+
+  void read_easy_input(const YAML::Node& node) {
+    const Fields fields(node, easy_input_keys, budget_);
+    read_name_list(fields["methods"], impl_->methods);
+    read_name_list(fields["functionals"], impl_->functionals);
+    read_basis(fields["basis"]);
+    read_keywords(fields["control_keywords"]);
+  }
+
+  void read_basis(const YAML::Node& node) {
+    if (!node.IsMap()) {
+      read_name_list(node, impl_->basis_sets);
+      return;
+    }
+    const Fields fields(node, basis_keys, budget_);
+    read_name_list(fields["known"], impl_->basis_sets);
+    read_bool(fields["extensible"], impl_->basis_extensible);
+  }
+
+  void read_name_list(const YAML::Node& node, AliasMap& names) {
+    if (node.IsSequence()) {
+      for (const std::string& text : text_list(node, budget_)) {
+        const std::string name = normalize_key(text);
+        names.insert_or_assign(name, name);
+      }
+      return;
+    }
+    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+      names.insert_or_assign(name, name);
+      if (value.IsMap()) {
+        const Fields fields(value, alias_keys, budget_);
+        add_aliases(names, text_list(fields["aliases"], budget_), name);
+      }
+    });
+  }
+
+  void read_keywords(const YAML::Node& node) {
+    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+      ValueSpec spec;
+      spec.name = name;
+      EntryExtras extras;
+      if (value.IsMap()) {
+        extras = read_description(value, spec, budget_);
+        if (!extras.category.empty()) {
+          spec.category = std::move(extras.category);
+        }
+      }
+      impl_->control_keywords.insert_or_assign(name, std::move(spec));
+      impl_->control_keyword_aliases.insert_or_assign(name, name);
+      add_aliases(impl_->control_keyword_aliases, extras.aliases, name);
+    });
+  }
+
+  void read_modules(const YAML::Node& node) {
+    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+      impl_->module_aliases.insert_or_assign(name, name);
+      ModuleSpec module;
+      module.name = name;
+      if (value.IsMap()) {
+        const Fields fields(value, module_keys, budget_);
+        read_bool(fields["repeatable"], module.repeatable);
+        add_aliases(impl_->module_aliases, text_list(fields["aliases"], budget_), name);
+        read_entries(fields["entries"], module);
+      }
+      impl_->modules.insert_or_assign(name, std::move(module));
+    });
+  }
+
+  void read_entries(const YAML::Node& node, ModuleSpec& module) {
+    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+      NamedEntry entry = read_entry(name, value, budget_);
+      module.entries.insert_or_assign(name, std::move(entry.spec));
+      module.entry_aliases.insert_or_assign(name, name);
+      add_aliases(module.entry_aliases, entry.aliases, name);
+    });
+  }
+
+  ExpansionBudget budget_;
+  std::shared_ptr<InputSchema::Impl> impl_ = std::make_shared<InputSchema::Impl>();
+};
+
+}  // namespace
+
+std::shared_ptr<const InputSchema::Impl> read_schema(const std::string& yaml) {
+  const YAML::Node root = YAML::Load(yaml);
+  return SchemaReader(yaml.size()).read(root);
+}
+
+InputSchema InputSchema::from_yaml(std::string_view text) {
+  if (core::text::trim_view(text).empty()) {
+    return {};
+  }
+  try {
+    return InputSchema(read_schema(std::string(text)));
+  } catch (const std::exception& error) {
+    throw std::runtime_error(std::string("failed to parse BDF input schema YAML: ") + error.what());
+  }
+}
+
+InputSchema InputSchema::from_file(const std::string& path) {
+  try {
+    return InputSchema(read_schema(core::fs::read_text_file(path)));
+  } catch (const std::exception& error) {
+    throw std::runtime_error("failed to load BDF input schema '" + path + "': " + error.what());
+  }
+}
+
+}  // namespace kelp::input::bdf

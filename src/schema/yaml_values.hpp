@@ -1,0 +1,94 @@
+#pragma once
+
+#include <yaml-cpp/yaml.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelp::input::bdf {
+
+/// Keeps YAML aliases from expanding without end. A document can name one node many times; read
+/// naively, a few hundred bytes become more records than any memory holds.
+class ExpansionBudget {
+ public:
+  /// Grants more than any document of that many bytes can need without aliases.
+  explicit ExpansionBudget(std::size_t document_size);
+
+  /// Pays for one node.
+  /// @throws std::runtime_error when the budget is used up.
+  void pay_for(const YAML::Node& node);
+  /// Pays for the record made of an entry, which is larger than the few bytes that can name it.
+  void pay_for_entry();
+
+ private:
+  void pay(std::size_t price);
+
+  std::size_t left_;
+};
+
+// Each reader below gives its default for a node of the wrong type; a scalar that does not convert
+// raises yaml-cpp's conversion error.
+
+/// Returns a scalar's text, or an empty text.
+std::string scalar_text(const YAML::Node& node);
+/// Returns the text of a scalar, or those of a sequence's scalars.
+std::vector<std::string> text_list(const YAML::Node& node, ExpansionBudget& budget);
+/// Reads a boolean into `target` if the node is a scalar.
+void read_bool(const YAML::Node& node, bool& target);
+/// Reads a number if the node is a scalar.
+void read_number(const YAML::Node& node, std::optional<double>& target);
+/// Reads a count if the node is a scalar.
+void read_count(const YAML::Node& node, std::optional<std::uint64_t>& target);
+/// Returns one count, or those of a sequence.
+std::vector<std::uint64_t> count_list(const YAML::Node& node, ExpansionBudget& budget);
+/// Returns an integer.
+/// @throws one of yaml-cpp's errors when the node is missing or no integer.
+std::int32_t required_int(const YAML::Node& node);
+
+/// The values of a map under a fixed set of keys. yaml-cpp's own subscripts search the whole map
+/// for every key; this walks it once. As there, the first of two equal keys counts.
+template <std::size_t N>
+class Fields {
+ public:
+  Fields(const YAML::Node& map, const std::array<std::string_view, N>& keys,
+         ExpansionBudget& budget)
+      : keys_(keys) {
+    for (const auto& item : map) {
+      budget.pay_for(item.second);
+      if (item.first.IsScalar()) {
+        store(item.first.Scalar(), item.second);
+      }
+    }
+  }
+
+  /// Returns the value under a key, a null node when there is none.
+  const YAML::Node& operator[](std::string_view key) const { return values_[position(key)]; }
+
+ private:
+  std::size_t position(std::string_view key) const {
+    std::size_t i = 0;
+    while (i < N && keys_[i] != key) {
+      ++i;
+    }
+    return i;
+  }
+
+  void store(std::string_view key, const YAML::Node& value) {
+    const std::size_t i = position(key);
+    if (i < N && !seen_[i]) {
+      seen_[i] = true;
+      values_[i].reset(value);
+    }
+  }
+
+  const std::array<std::string_view, N>& keys_;
+  std::array<YAML::Node, N + 1> values_;
+  std::array<bool, N> seen_{};
+};
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "kelp/input/bdf/schema.hpp"
+
+namespace kelp::input::bdf {
+
+/// Tells whether lines of values agree with a description: number of fields, type and bounds of
+/// each, and the list of allowed values, with which all fields together are compared.
+bool value_matches(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+
+/// Tells whether the cleaned lines of a `CountedRows` entry agree with its description.
+bool counted_rows_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+
+/// Tells whether one field is of a type (string, any, integer, float, number) and within the
+/// description's bounds; every field is of any other type.
+bool token_matches_type(std::string_view token, std::string_view type, const EntrySchemaInfo& info);
+
+}  // namespace kelp::input::bdf

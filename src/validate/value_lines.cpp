@@ -1,0 +1,58 @@
+#include "validate/value_lines.hpp"
+
+#include <cstddef>
+
+#include "kelp/core/text.hpp"
+#include "schema/normalize_key.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+std::string_view clean(std::string_view line) {
+  return core::text::trim_view(line.substr(0, line.find('#')));
+}
+
+bool is_separator(char byte) {
+  return byte == ',' || core::text::is_space(byte);
+}
+
+}  // namespace
+
+std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry) {
+  std::vector<std::string_view> lines;
+  for (const std::string& value : entry.values) {
+    const std::string_view line = clean(value);
+    if (!line.empty()) {
+      lines.push_back(line);
+    }
+  }
+  return lines;
+}
+
+std::string first_value(const ModuleEntry& entry) {
+  for (const std::string& value : entry.values) {
+    const std::string_view line = clean(value);
+    if (!line.empty()) {
+      return normalize_key(line);
+    }
+  }
+  return {};
+}
+
+void split_value_tokens(std::string_view line, std::vector<std::string_view>& tokens) {
+  std::size_t at = 0;
+  while (at < line.size()) {
+    while (at < line.size() && is_separator(line[at])) {
+      ++at;
+    }
+    const std::size_t begin = at;
+    while (at < line.size() && !is_separator(line[at])) {
+      ++at;
+    }
+    if (at > begin) {
+      tokens.push_back(line.substr(begin, at - begin));
+    }
+  }
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kelp/input/bdf/document.hpp"
+
+namespace kelp::input::bdf {
+
+/// Returns an entry's value lines without `#` comments and outer white space; blank ones are left
+/// out. The views point into the entry.
+std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry);
+
+/// Returns the first of an entry's cleaned lines, normalised; empty if there is none.
+std::string first_value(const ModuleEntry& entry);
+
+/// Appends a line's fields, which white space and commas separate, to `tokens`.
+void split_value_tokens(std::string_view line, std::vector<std::string_view>& tokens);
+
+}  // namespace kelp::input::bdf
