@@ -36,4 +36,14 @@ std::string_view take_word(std::string_view& rest) noexcept {
   return word;
 }
 
+std::string_view take_line(std::string_view& rest) noexcept {
+  const std::size_t end = std::min(rest.find('\n'), rest.size());
+  std::string_view line = rest.substr(0, end);
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  if (!line.empty() && line.back() == '\r') {
+    line.remove_suffix(1);
+  }
+  return line;
+}
+
 }  // namespace kelp::core::text

@@ -21,16 +21,6 @@ bool starts_with_any_of(std::string_view line, std::string_view bytes) {
 
 }  // namespace
 
-std::string_view take_line(std::string_view& rest) {
-  const std::size_t end = std::min(rest.find('\n'), rest.size());
-  std::string_view line = rest.substr(0, end);
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  if (!line.empty() && line.back() == '\r') {
-    line.remove_suffix(1);
-  }
-  return line;
-}
-
 Lines split_lines(std::string_view text) {
   Lines lines;
   while (!text.empty()) {

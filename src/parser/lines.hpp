@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "kelp/core/text.hpp"
 #include "kelp/input/bdf/document.hpp"
 
 namespace kelp::input::bdf {
@@ -16,8 +17,7 @@ using Lines = std::vector<std::string_view>;
 /// line feed makes no further line.
 Lines split_lines(std::string_view text);
 
-/// Takes the first line off `rest`, which must not be empty.
-std::string_view take_line(std::string_view& rest);
+using core::text::take_line;
 
 /// Returns the place of a line, given by its index.
 SourceSpan span_of_line(std::size_t index, std::string_view line);

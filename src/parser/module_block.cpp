@@ -65,6 +65,7 @@ class ModuleBody {
   void read_known_entry(std::string_view line) {
     ModuleEntry entry;
     describe_entry(entry, first_word(line), spec_);
+    entry.known = true;  // the word is, also where its canonical name leads nowhere ("$$x")
     entry.location = reader_.location();
     entry.raw_line = reader_.take();
     if (entry.kind == EntryValueKind::NestedBlock) {

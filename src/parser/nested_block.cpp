@@ -21,6 +21,7 @@ ModuleEntry parse_nested_child(LineReader& reader, const EntrySpec* block,
   }
   ModuleEntry child;
   describe_child(child, first_word(reader.line()), block);
+  child.known = true;
   child.location = reader.location();
   child.raw_line = reader.take();
   if (child.kind != EntryValueKind::Raw || options.custom_unknown_policy) {

@@ -1,6 +1,5 @@
 #include "kelp/input/bdf/schema.hpp"
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -80,16 +79,6 @@ bool InputSchema::is_known_module(std::string_view name) const {
 bool InputSchema::module_repeatable(std::string_view name) const {
   const ModuleSpec* const spec = find_module_spec(*impl_, name);
   return spec != nullptr && spec->repeatable;
-}
-
-std::vector<std::string> InputSchema::known_modules() const {
-  std::vector<std::string> names;
-  names.reserve(impl_->modules.size());
-  for (const auto& [name, spec] : impl_->modules) {
-    names.push_back(name);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
 }
 
 std::string InputSchema::canonical_entry(std::string_view module, std::string_view entry) const {

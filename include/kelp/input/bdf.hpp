@@ -10,3 +10,4 @@
 #include "kelp/input/bdf/schema.hpp"
 #include "kelp/input/bdf/validation.hpp"
 #include "kelp/input/bdf/value_kind.hpp"
+#include "kelp/input/bdf/version.hpp"

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelp::core::fs {
 
@@ -19,5 +20,17 @@ std::string read_text_file(const std::string& path);
 /// temporary file is left. A target that is no regular file, or that may not be written, is
 /// refused.
 bool write_text_file_atomic(const std::string& path, std::string_view text);
+
+/// Tells whether a path names a folder, following symbolic links.
+bool is_directory(const std::string& path);
+
+/// What lies below a folder.
+struct FolderContents {
+  std::vector<std::string> files;   ///< regular files, at any depth, sorted
+  std::vector<std::string> errors;  ///< what could not be read, each with path and cause
+};
+
+/// Lists the files below a folder. Links to folders are not followed, so that a loop is harmless.
+FolderContents files_below(const std::string& folder);
 
 }  // namespace kelp::core::fs

@@ -42,4 +42,8 @@ bool equals_ignoring_case(std::string_view left, std::string_view right) noexcep
 /// Cuts the first word, up to white space, off `rest` and returns it; empty when none is left.
 std::string_view take_word(std::string_view& rest) noexcept;
 
+/// Cuts the first line off `rest`, which must not be empty, and returns it without its line end: a
+/// line feed, and a carriage return before it or at the end of the text.
+std::string_view take_line(std::string_view& rest) noexcept;
+
 }  // namespace kelp::core::text

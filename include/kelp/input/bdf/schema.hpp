@@ -148,6 +148,34 @@ class KELP_BDF_INP_EXPORT InputSchema {
   std::optional<EntrySchemaInfo> nested_entry_info(std::string_view module, std::string_view entry,
                                                    std::string_view child) const;
 
+  // Lists for tools that show or complete the vocabulary. Names are canonical, aliases are not;
+  // both are sorted bytewise. An unknown module or entry gives an empty list.
+
+  /// Returns the names of all entries of a module.
+  std::vector<std::string> known_entries(std::string_view module) const;
+  /// Returns the names of all children of a nested block.
+  std::vector<std::string> known_nested_entries(std::string_view module,
+                                                std::string_view entry) const;
+  /// Returns the names of all easy keywords.
+  std::vector<std::string> known_easy_keywords() const;
+  /// Returns the names of all methods.
+  std::vector<std::string> known_methods() const;
+  /// Returns the names of all functionals.
+  std::vector<std::string> known_functionals() const;
+  /// Returns the names of all basis sets listed.
+  std::vector<std::string> known_basis_sets() const;
+  /// Returns the other names of a module.
+  std::vector<std::string> module_aliases(std::string_view name) const;
+  /// Returns the other names of an entry.
+  std::vector<std::string> entry_aliases(std::string_view module, std::string_view entry) const;
+  /// Returns the other names of a child of a nested block.
+  std::vector<std::string> nested_entry_aliases(std::string_view module, std::string_view entry,
+                                                std::string_view child) const;
+  /// Returns the other names of an easy keyword.
+  std::vector<std::string> easy_keyword_aliases(std::string_view name) const;
+  /// Returns the description of an easy keyword.
+  std::optional<EntrySchemaInfo> easy_keyword_info(std::string_view name) const;
+
   /// Tells whether the schema lists no method, no functional, no easy keyword and no module.
   bool empty() const;
   /// Returns where the schema comes from; the reference lives as long as this schema or a copy.

@@ -1,0 +1,142 @@
+#include "command_line.hpp"
+
+#include <fmt/format.h>
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <exception>
+
+#include "check.hpp"
+#include "common_options.hpp"
+#include "kelp/input/bdf/version.hpp"
+#include "output.hpp"
+#include "session.hpp"
+#include "similar.hpp"
+
+namespace kelp::app {
+namespace {
+
+std::string version_text(Session& session) {
+  std::string text = fmt::format("kelp-bdf {}\nlibkelp_bdf_inp {}\n", KELP_BDF_APP_VERSION,
+                                 input::bdf::library_version());
+  try {
+    const input::bdf::SchemaMetadata& metadata = session.schema().metadata();
+    text += fmt::format("schema {} (version {}, BDF {})\n", session.schema_path(),
+                        metadata.schema_version, metadata.bdf_version);
+  } catch (const std::exception& error) {
+    text += fmt::format("no schema: {}\n", error.what());
+  }
+  return text;
+}
+
+std::vector<std::string> command_names(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* const command : app.get_subcommands({})) {
+    names.push_back(command->get_name());
+  }
+  return names;
+}
+
+std::vector<std::string> option_names(const CLI::App& command) {
+  std::vector<std::string> names;
+  for (const CLI::Option* const option : command.get_options()) {
+    for (const std::string& name : option->get_lnames()) {
+      names.push_back("--" + name);
+    }
+  }
+  return names;
+}
+
+std::string with_hint(std::string message, std::string_view name,
+                      const std::vector<std::string>& candidates) {
+  const std::vector<std::string> near = similar_names(name, candidates);
+  if (!near.empty()) {
+    message += "; did you mean " + quoted_choice(near) + "?";
+  }
+  return message;
+}
+
+const CLI::App& chosen_command(const CLI::App& app) {
+  const std::vector<CLI::App*> chosen = app.get_subcommands();
+  return chosen.empty() ? app : chosen_command(*chosen.front());
+}
+
+// What is left over is a misspelt option or one argument too many.
+std::string explain_extra(const CLI::App& app, const std::string& extra) {
+  const CLI::App& command = chosen_command(app);
+  if (extra.starts_with('-')) {
+    const std::string name = extra.substr(0, extra.find('='));
+    return with_hint(fmt::format("unknown option '{}'", name), name, option_names(command));
+  }
+  if (!command.get_subcommands({}).empty()) {
+    return with_hint(fmt::format("unknown command '{}'", extra), extra, command_names(command));
+  }
+  return fmt::format("unexpected argument '{}'", extra);
+}
+
+ExitStatus usage_error(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> extras = app.remaining(true);
+  complain(extras.empty() ? error.what() : explain_extra(app, extras.front()));
+  return ExitStatus::Failure;
+}
+
+// Returns false when the options already said all that there is to do; `status` is then final.
+bool read_options(CLI::App& app, std::vector<std::string> arguments, ExitStatus& status) {
+  std::reverse(arguments.begin(), arguments.end());
+  try {
+    app.parse(std::move(arguments));
+    return true;
+  } catch (const CLI::CallForHelp&) {
+    const CLI::App& command = chosen_command(app);
+    print(&command == &app ? app.help() : command.help(app.get_name()));
+  } catch (const CLI::ParseError& error) {
+    status = usage_error(app, error);
+  }
+  return false;
+}
+
+void describe(CLI::App& app, Session& session, bool& show_version) {
+  app.description("Checks, lays out and changes input files of the BDF program");
+  app.set_help_flag("-h,--help", "Print this help");
+  app.add_flag("--version", show_version, "Print the versions of program, library and schema");
+  app.require_subcommand(0, 1);
+  add_common_options(app, session.options);
+  add_check(app, session);
+}
+
+ExitStatus run_command(Session& session, bool show_version) {
+  if (show_version) {
+    print(version_text(session));
+    return ExitStatus::Success;
+  }
+  if (!session.run) {
+    complain("no command given; 'kelp-bdf --help' lists them");
+    return ExitStatus::Failure;
+  }
+  try {
+    return session.run();
+  } catch (const std::exception& error) {
+    complain(error.what());
+    return ExitStatus::Failure;
+  }
+}
+
+}  // namespace
+
+ExitStatus run(std::vector<std::string> arguments) {
+  Session session;
+  bool show_version = false;
+  CLI::App app("", "kelp-bdf");
+  describe(app, session, show_version);
+  ExitStatus status = ExitStatus::Success;
+  if (read_options(app, std::move(arguments), status)) {
+    status = run_command(session, show_version);
+  }
+  if (output_failed()) {
+    complain("cannot write to standard output");
+    status = worse_of(status, ExitStatus::Failure);
+  }
+  return status;
+}
+
+}  // namespace kelp::app

@@ -1,0 +1,71 @@
+#include "sources.hpp"
+
+#include <array>
+#include <cstdio>
+#include <stdexcept>
+#include <string_view>
+
+#include "kelp/core/fs.hpp"
+#include "kelp/core/text.hpp"
+
+namespace kelp::app {
+namespace {
+
+bool is_input_name(std::string_view path) {
+  constexpr std::size_t ending = 4;
+  if (path.size() <= ending) {
+    return false;
+  }
+  const std::string_view end = path.substr(path.size() - ending);
+  return core::text::equals_ignoring_case(end, ".inp") ||
+         core::text::equals_ignoring_case(end, ".bdf");
+}
+
+void add_folder(const std::string& folder, Sources& sources) {
+  core::fs::FolderContents contents = core::fs::files_below(folder);
+  sources.errors.insert(sources.errors.end(), contents.errors.begin(), contents.errors.end());
+  const std::size_t before = sources.list.size();
+  for (const std::string& file : contents.files) {
+    if (is_input_name(file)) {
+      sources.list.push_back({file, file});
+    }
+  }
+  if (sources.list.size() == before && contents.errors.empty()) {
+    sources.errors.push_back("no *.inp or *.bdf file in '" + folder + "'");
+  }
+}
+
+std::string read_standard_input() {
+  std::string text;
+  std::array<char, 65536> buffer;
+  std::size_t count = 0;
+  while ((count = std::fread(buffer.data(), 1, buffer.size(), stdin)) > 0) {
+    text.append(buffer.data(), count);
+  }
+  if (std::ferror(stdin) != 0) {
+    throw std::runtime_error("cannot read standard input");
+  }
+  return text;
+}
+
+}  // namespace
+
+Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options) {
+  Sources sources;
+  for (const std::string& argument : arguments) {
+    if (argument == "-") {
+      sources.list.push_back({argument, options.stdin_filename});
+    } else if (core::fs::is_directory(argument)) {
+      add_folder(argument, sources);
+    } else {
+      sources.list.push_back({argument, argument});
+    }
+  }
+  return sources;
+}
+
+std::string read_source(const Source& source) {
+  return source.path == "-" ? read_standard_input() : core::fs::read_text_file(source.path);
+}
+
+}  // namespace kelp::app

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "session.hpp"
+
+namespace kelp::app {
+
+/// One input named on the command line, or found in a folder.
+struct Source {
+  std::string path;  ///< UTF-8; "-" is standard input
+  std::string name;  ///< as findings name it
+};
+
+/// The inputs to work on, and what could not be read on the way to them.
+struct Sources {
+  std::vector<Source> list;
+  std::vector<std::string> errors;
+};
+
+/// Turns arguments into inputs: a folder becomes the `*.inp` and `*.bdf` files below it.
+Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options);
+
+/// Returns the text of an input.
+/// @throws std::runtime_error naming the path and the cause.
+std::string read_source(const Source& source);
+
+}  // namespace kelp::app

@@ -1,0 +1,25 @@
+#pragma once
+
+/// @file
+/// The program's standard streams and arguments.
+
+#include <string>
+#include <vector>
+
+namespace kelp::core::console {
+
+/// One of the standard streams.
+enum class Stream { Input, Output, Error };
+
+/// Tells whether a stream is a terminal.
+bool is_terminal(Stream stream);
+
+/// Makes the standard streams carry bytes as they are, and UTF-8 to a terminal. To be called before
+/// anything is read or written.
+void use_plain_bytes();
+
+/// Returns the arguments after the program's name, as UTF-8. They are those given to `main`, unless
+/// the system knows them better.
+std::vector<std::string> arguments(int count, const char* const* values);
+
+}  // namespace kelp::core::console

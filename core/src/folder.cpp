@@ -1,0 +1,54 @@
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "kelp/core/fs.hpp"
+#include "utf8_path.hpp"
+
+namespace kelp::core::fs {
+namespace {
+
+namespace stdfs = std::filesystem;
+
+void add_error(const stdfs::path& path, const std::error_code& error, FolderContents& contents) {
+  contents.errors.push_back("cannot read '" + utf8_from_path(path) + "': " + error.message());
+}
+
+void add_entry(const stdfs::directory_entry& entry, std::vector<stdfs::path>& folders,
+               FolderContents& contents) {
+  std::error_code error;
+  if (entry.is_directory(error) && !entry.is_symlink(error)) {
+    folders.push_back(entry.path());
+  } else if (entry.is_regular_file(error)) {
+    contents.files.push_back(utf8_from_path(entry.path()));
+  }
+}
+
+}  // namespace
+
+bool is_directory(const std::string& path) {
+  std::error_code error;
+  return stdfs::is_directory(path_from_utf8(path), error);
+}
+
+FolderContents files_below(const std::string& folder) {
+  FolderContents contents;
+  std::vector<stdfs::path> folders = {path_from_utf8(folder)};
+  while (!folders.empty()) {
+    const stdfs::path current = folders.back();
+    folders.pop_back();
+    std::error_code error;
+    stdfs::directory_iterator entries(current, error);
+    for (; !error && entries != stdfs::directory_iterator(); entries.increment(error)) {
+      add_entry(*entries, folders, contents);
+    }
+    if (error) {
+      add_error(current, error, contents);
+    }
+  }
+  std::sort(contents.files.begin(), contents.files.end());
+  return contents;
+}
+
+}  // namespace kelp::core::fs

@@ -1,0 +1,28 @@
+#include "kelp/core/console.hpp"
+
+#include <unistd.h>
+
+namespace kelp::core::console {
+
+bool is_terminal(Stream stream) {
+  switch (stream) {
+    case Stream::Input:
+      return ::isatty(STDIN_FILENO) == 1;
+    case Stream::Output:
+      return ::isatty(STDOUT_FILENO) == 1;
+    case Stream::Error:
+      return ::isatty(STDERR_FILENO) == 1;
+  }
+  return false;
+}
+
+void use_plain_bytes() {}
+
+std::vector<std::string> arguments(int count, const char* const* values) {
+  if (count <= 1) {
+    return {};
+  }
+  return std::vector<std::string>(values + 1, values + count);
+}
+
+}  // namespace kelp::core::console
