@@ -76,7 +76,7 @@ class Renderer {
       Module compass;
       compass.name = "compass";
       compass.known = schema_.is_known_module(compass.name);
-      write_module(compass);
+      write_module(compass, true);
       separate_from_body();
     }
   }
@@ -124,7 +124,7 @@ class Renderer {
   void write_body() {
     if (data_.statements.empty()) {
       for (const Module& module : data_.modules) {
-        write_module(module);
+        write_module(module, takes_geometry(module));
       }
       write(data_.free_lines);
       return;
@@ -133,7 +133,8 @@ class Renderer {
       if (statement.kind != StatementKind::Module) {
         write(statement.lines);
       } else if (statement.module_index < data_.modules.size()) {
-        write_module(data_.modules[statement.module_index]);
+        const Module& module = data_.modules[statement.module_index];
+        write_module(module, takes_geometry(module));
       }
     }
   }
@@ -144,10 +145,10 @@ class Renderer {
            module.find_entry("geometry") == nullptr;
   }
 
-  void write_module(const Module& module) {
+  void write_module(const Module& module, bool with_geometry) {
     const bool verbatim_header = !module.known && !module.header_line.empty();
     write(verbatim_header ? module.header_line : '$' + core::text::to_lower(module.name));
-    if (takes_geometry(module)) {
+    if (with_geometry) {
       write_geometry();
       geometry_waits_ = false;
     }
