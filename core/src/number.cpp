@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <system_error>
 
@@ -35,13 +36,15 @@ bool is_plain_decimal(std::string_view text) {
   });
 }
 
-// Normal numbers only: how underflow is told differs between the two functions.
+// Only what is clearly above underflow: strtod reports a range error also for some numbers below
+// the smallest normal one that round up to it.
 std::optional<double> parse_plain_decimal(std::string_view text) {
   const std::string_view digits = without_plus(text);
   double value = 0.0;
   const char* const end = digits.data() + digits.size();
   const auto [stopped, error] = std::from_chars(digits.data(), end, value);
-  if (error != std::errc() || stopped != end || !std::isnormal(value)) {
+  const bool safe = std::abs(value) > std::numeric_limits<double>::min();
+  if (error != std::errc() || stopped != end || !safe) {
     return std::nullopt;
   }
   return value;
