@@ -1,0 +1,122 @@
+#include "kelp/core/text.hpp"
+
+#include <gtest/gtest.h>
+
+#include <locale>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelp::core::text {
+namespace {
+
+using namespace std::string_view_literals;
+
+std::string all_bytes() {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) {
+    bytes += static_cast<char>(byte);
+  }
+  return bytes;
+}
+
+TEST(Trim, RemovesTheSixWhiteSpaceBytesFromBothEnds) {
+  for (const char space : " \t\n\v\f\r"sv) {
+    const std::string around(2, space);
+    EXPECT_EQ(trim(around + "a b" + around), "a b") << "byte " << static_cast<int>(space);
+  }
+}
+
+TEST(Trim, RemovesNoOtherByte) {
+  for (const char byte : all_bytes()) {
+    if (" \t\n\v\f\r"sv.find(byte) == std::string_view::npos) {
+      const std::string text(3, byte);
+      EXPECT_EQ(trim(' ' + text + ' '), text) << "byte " << static_cast<int>(byte);
+    }
+  }
+}
+
+TEST(Trim, KeepsWhiteSpaceInside) {
+  EXPECT_EQ(trim(" a \t\r\n b\n"), "a \t\r\n b");
+}
+
+TEST(Trim, LeavesNothingOfABlankText) {
+  EXPECT_EQ(trim(""), "");
+  EXPECT_EQ(trim(std::string_view()), "");
+  EXPECT_EQ(trim(" \t\r\n\v\f"), "");
+}
+
+TEST(Trim, KeepsNulBytes) {
+  EXPECT_EQ(trim("\0 a\0 "sv), "\0 a\0"sv);
+}
+
+TEST(TrimView, PointsIntoTheText) {
+  const std::string_view text = "  ab ";
+  EXPECT_EQ(trim_view(text).data(), text.data() + 2);
+  EXPECT_EQ(trim_view(text).size(), 2U);
+}
+
+TEST(ToLower, ChangesTheTwentySixCapitalsAndNothingElse) {
+  const std::string before = all_bytes();
+  const std::string after = to_lower(before);
+  ASSERT_EQ(after.size(), before.size());
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    const bool capital = i >= 'A' && i <= 'Z';
+    EXPECT_EQ(static_cast<unsigned char>(after[i]), capital ? i + 32 : i);
+  }
+}
+
+// A host's locale in which every letter is its own and every byte is white space.
+class StrangeLetters : public std::ctype<char> {
+ public:
+  StrangeLetters() : std::ctype<char>(all_space()) {}
+
+ protected:
+  char do_tolower(char byte) const override { return byte; }
+
+ private:
+  static const mask* all_space() {
+    static const std::vector<mask> table(table_size, space);
+    return table.data();
+  }
+};
+
+TEST(ToLower, KeepsItsMeaningWhateverTheGlobalLocaleSays) {
+  const std::locale before =
+      std::locale::global(std::locale(std::locale::classic(), new StrangeLetters));
+  EXPECT_EQ(to_lower("ISO-\xC4"), "iso-\xC4");
+  EXPECT_EQ(trim(" a "), "a");
+  std::locale::global(before);
+}
+
+TEST(EqualsIgnoringCase, ComparesWholeTexts) {
+  EXPECT_TRUE(equals_ignoring_case("", ""));
+  EXPECT_TRUE(equals_ignoring_case("End Geometry", "eND gEOMETRY"));
+  EXPECT_FALSE(equals_ignoring_case("end", "end "));
+  EXPECT_FALSE(equals_ignoring_case("end ", "end"));
+  EXPECT_FALSE(equals_ignoring_case("a\0b"sv, "a\0c"sv));
+}
+
+TEST(EqualsIgnoringCase, TakesNeighboursOfLettersAndHighBytesAsTheyAre) {
+  EXPECT_FALSE(equals_ignoring_case("@", "`"));
+  EXPECT_FALSE(equals_ignoring_case("[", "{"));
+  EXPECT_FALSE(equals_ignoring_case("\xC4", "\xE4"));
+}
+
+TEST(TakeWord, CutsOneWordAfterTheOther) {
+  std::string_view rest = " \tab\vc\0d \r\n"sv;
+  EXPECT_EQ(take_word(rest), "ab");
+  EXPECT_EQ(take_word(rest), "c\0d"sv);
+  EXPECT_EQ(take_word(rest), "");
+  EXPECT_EQ(rest, "");
+  EXPECT_EQ(take_word(rest), "");
+}
+
+TEST(TakeWord, LeavesTheRestFromTheEndOfTheWordOn) {
+  std::string_view rest = "scf  rhf";
+  EXPECT_EQ(take_word(rest), "scf");
+  EXPECT_EQ(rest, "  rhf");
+}
+
+}  // namespace
+}  // namespace kelp::core::text
