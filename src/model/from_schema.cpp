@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "kelp/core/text.hpp"
 #include "schema/easy_token_syntax.hpp"
 #include "schema/lookup.hpp"
 
@@ -16,7 +17,11 @@ void describe(ModuleEntry& entry, const EntrySpec* spec) {
 }
 
 void split_specification(EasyToken& token, const InputSchema& schema) {
-  const std::vector<std::string_view> parts = split_at_slashes(token.canonical);
+  std::vector<std::string_view> parts = split_at_slashes(token.canonical);
+  // A name that lost its `$` can begin with a blank.
+  for (std::string_view& part : parts) {
+    part = core::text::trim_view(part);
+  }
   if (parts.size() == 3) {
     token.method = parts[0];
     token.functional = parts[1];
