@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "module_path.hpp"
+#include "path_kind.hpp"
 #include "utf8_path.hpp"
 
 namespace kelp::core::resource {
@@ -13,8 +14,7 @@ namespace {
 namespace stdfs = std::filesystem;
 
 std::optional<stdfs::path> regular_file(const stdfs::path& path) {
-  std::error_code error;
-  if (stdfs::is_regular_file(path, error)) {
+  if (is_regular_file_path(utf8_from_path(path))) {
     return path;
   }
   return std::nullopt;
@@ -47,7 +47,7 @@ stdfs::path folder_of_hint(const std::string& hint) {
     path = given;
   }
   path = path.lexically_normal();
-  if (!stdfs::is_directory(path, error) || !path.has_filename()) {
+  if (path_kind(utf8_from_path(path)) != PathKind::Folder || !path.has_filename()) {
     path = path.parent_path();
   }
   return path;
@@ -69,7 +69,7 @@ std::vector<stdfs::path> starting_folders(const std::string& hint) {
 }  // namespace
 
 bool is_regular_file_path(const std::string& path) {
-  return regular_file(path_from_utf8(path)).has_value();
+  return path_kind(path) == PathKind::File;
 }
 
 std::string locate_file(const std::string& relative, const std::string& hint,

@@ -3,17 +3,28 @@
 #include <filesystem>
 #include <string>
 
+#ifdef _WIN32
+#include "windows/wide.hpp"
+#endif
+
 namespace kelp::core {
 
 /// Makes a path from UTF-8. A plain string would be taken as the ANSI code page on Windows.
 inline std::filesystem::path path_from_utf8(const std::string& text) {
-  return std::filesystem::path(std::u8string(text.begin(), text.end()));
+#ifdef _WIN32
+  return std::filesystem::path(wide_from_utf8(text));
+#else
+  return std::filesystem::path(text);
+#endif
 }
 
 /// Returns a path as UTF-8.
 inline std::string utf8_from_path(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
+#ifdef _WIN32
+  return utf8_from_wide(path.native());
+#else
+  return path.native();
+#endif
 }
 
 }  // namespace kelp::core

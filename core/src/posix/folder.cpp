@@ -3,8 +3,8 @@
 #include <string>
 #include <system_error>
 
+#include "../utf8_path.hpp"
 #include "kelp/core/fs.hpp"
-#include "utf8_path.hpp"
 
 namespace kelp::core::fs {
 namespace {

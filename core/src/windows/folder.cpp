@@ -1,0 +1,91 @@
+// Asked of the system itself: the standard library stops at 260 characters.
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "../path_kind.hpp"
+#include "error_text.hpp"
+#include "kelp/core/fs.hpp"
+#include "wide.hpp"
+#include "wide_path.hpp"
+
+namespace kelp::core::fs {
+namespace {
+
+std::string inside(const std::string& folder, std::string_view name) {
+  const bool has_separator =
+      !folder.empty() && std::string_view("/\\:").find(folder.back()) != std::string_view::npos;
+  return folder + (has_separator ? "" : "\\") + std::string(name);
+}
+
+// Files in the cloud are marked like links, but hold what they say.
+bool is_link(const WIN32_FIND_DATAW& item) {
+  return (item.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         (item.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
+          item.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
+void add_item(const std::string& folder, const WIN32_FIND_DATAW& item,
+              std::vector<std::string>& folders, FolderContents& contents) {
+  const std::wstring_view name = item.cFileName;
+  if (name == L"." || name == L"..") {
+    return;
+  }
+  std::string path = inside(folder, utf8_from_wide(name));
+  const bool is_folder = (item.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (is_folder && !is_link(item)) {
+    folders.push_back(std::move(path));
+  } else if (!is_folder && (!is_link(item) || path_kind(path) == PathKind::File)) {
+    contents.files.push_back(std::move(path));
+  }
+}
+
+void add_error(const std::string& folder, DWORD error, FolderContents& contents) {
+  contents.errors.push_back("cannot read '" + folder + "': " + error_text(error));
+}
+
+void add_folder(const std::string& folder, std::vector<std::string>& folders,
+                FolderContents& contents) {
+  WIN32_FIND_DATAW item{};
+  const std::wstring pattern = wide_path(inside(folder, "*"));
+  const HANDLE search = ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &item,
+                                           FindExSearchNameMatch, nullptr, 0);
+  if (search == INVALID_HANDLE_VALUE) {
+    add_error(folder, ::GetLastError(), contents);
+    return;
+  }
+  try {
+    do {
+      add_item(folder, item, folders, contents);
+    } while (::FindNextFileW(search, &item) != 0);
+    if (const DWORD error = ::GetLastError(); error != ERROR_NO_MORE_FILES) {
+      add_error(folder, error, contents);
+    }
+  } catch (...) {
+    ::FindClose(search);
+    throw;
+  }
+  ::FindClose(search);
+}
+
+}  // namespace
+
+bool is_directory(const std::string& path) {
+  return path_kind(path) == PathKind::Folder;
+}
+
+FolderContents files_below(const std::string& folder) {
+  FolderContents contents;
+  std::vector<std::string> folders = {folder};
+  while (!folders.empty()) {
+    const std::string current = std::move(folders.back());
+    folders.pop_back();
+    add_folder(current, folders, contents);
+  }
+  std::sort(contents.files.begin(), contents.files.end());
+  return contents;
+}
+
+}  // namespace kelp::core::fs

@@ -1,0 +1,82 @@
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "../file_error.hpp"
+#include "error_text.hpp"
+#include "handle.hpp"
+#include "kelp/core/fs.hpp"
+#include "wide_path.hpp"
+
+namespace kelp::core::fs {
+namespace {
+
+constexpr std::size_t chunk = std::size_t{64} * 1024;
+constexpr std::size_t largest_read = std::size_t{1} << 30U;
+
+[[noreturn]] void throw_error(const std::string& path, DWORD error) {
+  throw_unreadable(path, error_text(error));
+}
+
+// Opening a folder is refused like a file that may not be read.
+[[noreturn]] void throw_not_opened(const std::string& path, const std::wstring& wide) {
+  const DWORD error = ::GetLastError();
+  const DWORD attributes = ::GetFileAttributesW(wide.c_str());
+  const bool is_folder =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  throw_error(path, is_folder ? ERROR_DIRECTORY : error);
+}
+
+// A size is only a hint: pipes and devices have none, and a file may grow while it is read.
+std::size_t expected_size(HANDLE file) {
+  LARGE_INTEGER size{};
+  const bool known = ::GetFileType(file) == FILE_TYPE_DISK && ::GetFileSizeEx(file, &size) != 0;
+  return known ? static_cast<std::size_t>(size.QuadPart) : 0;
+}
+
+// Returns the number of bytes read, 0 at the end.
+std::size_t read_some(HANDLE file, char* to, std::size_t room, const std::string& path) {
+  DWORD count = 0;
+  if (::ReadFile(file, to, static_cast<DWORD>(std::min(room, largest_read)), &count, nullptr) !=
+      0) {
+    return count;
+  }
+  switch (const DWORD error = ::GetLastError()) {
+    case ERROR_HANDLE_EOF:
+    case ERROR_BROKEN_PIPE:
+      return 0;
+    case ERROR_MORE_DATA:
+      return count;
+    default:
+      throw_error(path, error);
+  }
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& path) {
+  const std::wstring wide = wide_path(path);
+  if (wide.empty()) {
+    throw_error(path, ERROR_INVALID_NAME);
+  }
+  const Handle file(::CreateFileW(wide.c_str(), GENERIC_READ, share_all, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file.is_open()) {
+    throw_not_opened(path, wide);
+  }
+  std::string text;
+  text.resize(expected_size(file.get()) + 1);
+  std::size_t used = 0;
+  while (const std::size_t count =
+             read_some(file.get(), text.data() + used, text.size() - used, path)) {
+    used += count;
+    if (used == text.size()) {
+      text.resize(text.size() + text.size() / 2 + chunk);
+    }
+  }
+  text.resize(used);
+  return text;
+}
+
+}  // namespace kelp::core::fs
