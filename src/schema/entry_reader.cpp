@@ -1,51 +1,18 @@
 #include "schema/entry_reader.hpp"
 
-#include <array>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
+#include "schema/document_keys.hpp"
 #include "schema/normalize_key.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
-constexpr std::array<std::string_view, 21> description_keys = {
-    "kind",      "terminator", "value_type",      "default",       "allowed",
-    "min",       "max",        "min_exclusive",   "max_exclusive", "arity",
-    "min_arity", "max_arity",  "allowed_arities", "count_line",    "repeatable",
-    "row",       "requires",   "conflicts",       "aliases",       "entries",
-    "category"};
-
-constexpr std::array<std::string_view, 5> row_keys = {"arity", "min_arity", "max_arity",
-                                                      "allowed_arities", "types"};
-
-constexpr std::array<std::string_view, 2> requirement_keys = {"entry", "equals"};
-
 EntryValueKind kind_from_text(std::string_view text) {
-  struct KindName {
-    std::string_view text;
-    EntryValueKind kind;
-  };
-  static constexpr std::array<KindName, 15> names = {{
-      {"flag", EntryValueKind::Flag},
-      {"bool", EntryValueKind::Flag},
-      {"boolean", EntryValueKind::Flag},
-      {"tuple", EntryValueKind::Tuple},
-      {"multiline", EntryValueKind::MultiLine},
-      {"multi_line", EntryValueKind::MultiLine},
-      {"vector", EntryValueKind::MultiLine},
-      {"counted_rows", EntryValueKind::CountedRows},
-      {"countedrows", EntryValueKind::CountedRows},
-      {"nested_block", EntryValueKind::NestedBlock},
-      {"nestedblock", EntryValueKind::NestedBlock},
-      {"terminated_block", EntryValueKind::TerminatedBlock},
-      {"terminatedblock", EntryValueKind::TerminatedBlock},
-      {"block", EntryValueKind::TerminatedBlock},
-      {"raw", EntryValueKind::Raw},
-  }};
-  for (const KindName& name : names) {
+  for (const KindName& name : kind_names) {
     if (name.text == text) {
       return name.kind;
     }

@@ -6,7 +6,6 @@
 
 #include <yaml-cpp/yaml.h>
 
-#include <array>
 #include <exception>
 #include <stdexcept>
 #include <string_view>
@@ -14,22 +13,13 @@
 
 #include "kelp/core/fs.hpp"
 #include "kelp/core/text.hpp"
+#include "schema/document_keys.hpp"
 #include "schema/entry_reader.hpp"
 #include "schema/normalize_key.hpp"
 #include "schema/yaml_values.hpp"
 
 namespace kelp::input::bdf {
 namespace {
-
-constexpr std::array<std::string_view, 7> document_keys = {
-    "program", "schema_kind", "metadata", "easy_input", "methods", "easy_keywords", "modules"};
-constexpr std::array<std::string_view, 4> metadata_keys = {"bdf_version", "manual_source",
-                                                           "manual_revision", "generated_at"};
-constexpr std::array<std::string_view, 4> easy_input_keys = {"methods", "functionals", "basis",
-                                                             "control_keywords"};
-constexpr std::array<std::string_view, 2> basis_keys = {"known", "extensible"};
-constexpr std::array<std::string_view, 3> module_keys = {"repeatable", "aliases", "entries"};
-constexpr std::array<std::string_view, 1> alias_keys = {"aliases"};
 
 class SchemaReader {
  public:

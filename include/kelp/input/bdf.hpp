@@ -8,6 +8,7 @@
 #include "kelp/input/bdf/export.hpp"
 #include "kelp/input/bdf/parser.hpp"
 #include "kelp/input/bdf/schema.hpp"
+#include "kelp/input/bdf/schema_lint.hpp"
 #include "kelp/input/bdf/validation.hpp"
 #include "kelp/input/bdf/value_kind.hpp"
 #include "kelp/input/bdf/version.hpp"
