@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* document =
     "modules: {m: {repeatable: true, entries: {e: {min: 0.5, max: 1234.25, arity: 1000, "
-    "count_line: true}, I: {}, f: {value_type: float, min: 0.5}}}}";
+    "count_line: true}, I: {}, f: {value_type: float, min: 1000.25}}}}";
 
 void expect_the_same_schema() {
   const InputSchema schema = schema_from(document);
@@ -51,7 +51,7 @@ TEST(SchemaLocale, ValuesAreCheckedAlikeInEveryLocale) {
   ParseOptions options;
   options.custom_unknown_policy = true;
   EXPECT_TRUE(BDFParser::parse_string("$m\nf\n1000.5\n$end\n", schema, options).ok);
-  EXPECT_FALSE(BDFParser::parse_string("$m\nf\n1000,5\n$end\n", schema, options).ok);
+  EXPECT_FALSE(BDFParser::parse_string("$m\nf\n1000.125\n$end\n", schema, options).ok);
 }
 
 }  // namespace
