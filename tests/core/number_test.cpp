@@ -178,8 +178,21 @@ TEST(ParseInteger, AgreesWithStrtollOverTheTable) {
   }
 }
 
+// MinGW's C library looks at nothing within the parentheses of a NaN, and forgets a range error. The
+// tests of the number syntax compare these with one that does not.
+bool strtod_is_wrong_about([[maybe_unused]] const std::string& text) {
+#ifdef _WIN32
+  return text.starts_with("nan(") || text == "0x1.8p-1074";
+#else
+  return false;
+#endif
+}
+
 TEST(ParseFloat, AgreesWithStrtodOverTheTable) {
   for (const std::string& text : texts()) {
+    if (strtod_is_wrong_about(text)) {
+      continue;
+    }
     EXPECT_EQ(bits(parse_float(text)), strtod_says(text)) << testing::PrintToString(text);
   }
 }
