@@ -178,8 +178,8 @@ TEST(ParseInteger, AgreesWithStrtollOverTheTable) {
   }
 }
 
-// MinGW's C library looks at nothing within the parentheses of a NaN, and forgets a range error. The
-// tests of the number syntax compare these with one that does not.
+// MinGW's C library looks at nothing within the parentheses of a NaN, and forgets a range error.
+// The tests of the number syntax compare these with one that does not.
 bool strtod_is_wrong_about([[maybe_unused]] const std::string& text) {
 #ifdef _WIN32
   return text.starts_with("nan(") || text == "0x1.8p-1074";
