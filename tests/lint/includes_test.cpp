@@ -1,0 +1,220 @@
+// Who may include whom.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lint/source_files.hpp"
+
+namespace kelp::lint {
+namespace {
+
+using Allowed = std::function<bool(const SourceFile&, const Include&)>;
+
+Rule includes_must_be(const Allowed& allowed) {
+  return [allowed](const SourceFile& file) {
+    std::vector<std::string> found;
+    for (const Include& include : includes_of(file)) {
+      if (!allowed(file, include)) {
+        found.push_back(at(file, include.line, "may not include " + include.name));
+      }
+    }
+    return found;
+  };
+}
+
+bool starts_with_any(std::string_view text, const std::vector<std::string_view>& starts) {
+  return std::any_of(starts.begin(), starts.end(),
+                     [text](std::string_view start) { return text.starts_with(start); });
+}
+
+const std::set<std::string>& standard_headers() {
+  static const std::set<std::string> all = {"algorithm",     "any",           "array",
+                                            "atomic",        "bit",           "bitset",
+                                            "charconv",      "chrono",        "climits",
+                                            "clocale",       "cmath",         "compare",
+                                            "complex",       "concepts",      "condition_variable",
+                                            "cstddef",       "cstdint",       "cstdio",
+                                            "cstdlib",       "cstring",       "ctime",
+                                            "cerrno",        "cfloat",        "csignal",
+                                            "cstdarg",       "deque",         "exception",
+                                            "filesystem",    "forward_list",  "fstream",
+                                            "functional",    "future",        "initializer_list",
+                                            "iomanip",       "ios",           "iosfwd",
+                                            "iostream",      "istream",       "iterator",
+                                            "limits",        "list",          "locale",
+                                            "map",           "memory",        "memory_resource",
+                                            "mutex",         "new",           "numeric",
+                                            "optional",      "ostream",       "queue",
+                                            "random",        "ratio",         "regex",
+                                            "set",           "shared_mutex",  "span",
+                                            "sstream",       "stack",         "stdexcept",
+                                            "streambuf",     "string",        "string_view",
+                                            "system_error",  "thread",        "tuple",
+                                            "type_traits",   "typeindex",     "typeinfo",
+                                            "unordered_map", "unordered_set", "utility",
+                                            "valarray",      "variant",       "vector",
+                                            "version"};
+  return all;
+}
+
+bool is_standard(const Include& include) {
+  return !include.quoted && standard_headers().contains(include.name);
+}
+
+const Rule public_headers_are_self_sufficient =
+    includes_must_be([](const SourceFile& file, const Include& include) {
+      const char* const family = file.path.starts_with("core/") ? "kelp/core/" : "kelp/input/bdf/";
+      return is_standard(include) || (include.quoted && include.name.starts_with(family));
+    });
+
+const Rule only_the_schema_knows_yaml =
+    includes_must_be([](const SourceFile& file, const Include& include) {
+      return !include.name.starts_with("yaml-cpp/") || file.path.starts_with("src/schema/");
+    });
+
+// Third-party headers other than these, and all of the system's, are somebody's decision.
+const Rule only_the_core_knows_the_system =
+    includes_must_be([](const SourceFile& file, const Include& include) {
+      const bool platform =
+          file.path.starts_with("core/src/posix/") || file.path.starts_with("core/src/windows/");
+      const bool known = starts_with_any(include.name, {"yaml-cpp/", "CLI/", "fmt/", "nlohmann/"});
+      return include.quoted || is_standard(include) || known || platform;
+    });
+
+const Rule rooms_of_the_library_leave_files_to_the_core =
+    includes_must_be([](const SourceFile&, const Include& include) {
+      static const std::set<std::string> files_and_streams = {
+          "fstream", "filesystem", "iostream", "cstdio", "cstdlib", "clocale", "regex", "thread"};
+      return include.quoted || !files_and_streams.contains(include.name);
+    });
+
+struct Room {
+  std::string_view folder;
+  std::vector<std::string_view> may_include;
+};
+
+// Each room with itself and what lies below it; parser and editor do not know each other.
+const std::vector<Room>& rooms() {
+  static const std::vector<std::string_view> low = {"kelp/core/",
+                                                    "kelp/input/bdf/document.hpp",
+                                                    "kelp/input/bdf/schema.hpp",
+                                                    "kelp/input/bdf/schema_lint.hpp",
+                                                    "kelp/input/bdf/validation.hpp",
+                                                    "kelp/input/bdf/value_kind.hpp",
+                                                    "kelp/input/bdf/export.hpp",
+                                                    "schema/"};
+  const auto above = [](std::vector<std::string_view> more) {
+    more.insert(more.end(), low.begin(), low.end());
+    return more;
+  };
+  static const std::vector<Room> all = {
+      {"src/schema/", low},
+      {"src/model/", above({"model/"})},
+      {"src/validate/", above({"model/", "validate/"})},
+      {"src/parser/", above({"model/", "validate/", "parser/", "kelp/input/bdf/parser.hpp"})},
+      {"src/editor/", above({"model/", "validate/", "editor/", "kelp/input/bdf/editor.hpp"})},
+  };
+  return all;
+}
+
+const Rule arrows_point_downwards =
+    includes_must_be([](const SourceFile& file, const Include& include) {
+      for (const Room& room : rooms()) {
+        if (include.quoted && file.path.starts_with(room.folder)) {
+          return starts_with_any(include.name, room.may_include);
+        }
+      }
+      return true;
+    });
+
+const Rule the_core_knows_nothing_above_it =
+    includes_must_be([](const SourceFile&, const Include& include) {
+      const bool own = include.name.find('/') == std::string::npos;
+      return !include.quoted || own ||
+             starts_with_any(include.name, {"kelp/core/", "../", "posix/", "windows/"});
+    });
+
+const Rule the_command_uses_public_headers =
+    includes_must_be([](const SourceFile&, const Include& include) {
+      const bool own = include.name.find('/') == std::string::npos;
+      return !include.quoted || own || starts_with_any(include.name, {"kelp/input/", "kelp/core/"});
+    });
+
+const std::vector<SourceFile>& everything() {
+  static const std::vector<SourceFile> all = sources_under({"include", "core", "src", "apps"});
+  return all;
+}
+
+TEST(Includes, OfPublicHeadersAreStandardHeadersAndEachOther) {
+  EXPECT_EQ(
+      violations(public_headers_are_self_sufficient, sources_under({"include", "core/include"})),
+      "");
+}
+
+TEST(Includes, OfYamlCppAreInTheSchemaRoomOnly) {
+  EXPECT_EQ(violations(only_the_schema_knows_yaml, everything()), "");
+}
+
+TEST(Includes, OfTheSystemAreInThePlatformFoldersOnly) {
+  EXPECT_EQ(violations(only_the_core_knows_the_system, everything()), "");
+}
+
+TEST(Includes, OfFilesAndStreamsAreInTheCoreOnly) {
+  EXPECT_EQ(
+      violations(rooms_of_the_library_leave_files_to_the_core, sources_under({"include", "src"})),
+      "");
+}
+
+TEST(Includes, PointDownwardsBetweenTheRooms) {
+  EXPECT_EQ(violations(arrows_point_downwards, everything()), "");
+}
+
+TEST(Includes, OfTheCoreStayInTheCore) {
+  EXPECT_EQ(violations(the_core_knows_nothing_above_it, sources_under({"core"})), "");
+}
+
+TEST(Includes, OfTheCommandArePublic) {
+  EXPECT_EQ(violations(the_command_uses_public_headers, sources_under({"apps"})), "");
+}
+
+// A rule that finds nothing anywhere would pass, too.
+TEST(IncludeRules, FindWhatTheyForbid) {
+  struct Case {
+    const Rule& rule;
+    std::string path;
+    std::string include;
+    bool allowed;
+  };
+  const std::vector<Case> cases = {
+      {public_headers_are_self_sufficient, "include/a.hpp", "<fmt/format.h>", false},
+      {public_headers_are_self_sufficient, "include/a.hpp", "\"schema/impl.hpp\"", false},
+      {public_headers_are_self_sufficient, "include/a.hpp", "\"kelp/core/text.hpp\"", false},
+      {public_headers_are_self_sufficient, "include/a.hpp", "<unistd.h>", false},
+      {public_headers_are_self_sufficient, "include/a.hpp", "<vector>", true},
+      {only_the_schema_knows_yaml, "src/model/a.cpp", "<yaml-cpp/yaml.h>", false},
+      {only_the_schema_knows_yaml, "src/schema/a.cpp", "<yaml-cpp/yaml.h>", true},
+      {only_the_core_knows_the_system, "src/model/a.cpp", "<unistd.h>", false},
+      {only_the_core_knows_the_system, "core/src/fs.cpp", "<windows.h>", false},
+      {only_the_core_knows_the_system, "core/src/windows/fs.cpp", "<windows.h>", true},
+      {rooms_of_the_library_leave_files_to_the_core, "src/editor/a.cpp", "<fstream>", false},
+      {arrows_point_downwards, "src/schema/a.cpp", "\"model/name_match.hpp\"", false},
+      {arrows_point_downwards, "src/parser/a.cpp", "\"editor/render.hpp\"", false},
+      {arrows_point_downwards, "src/editor/a.cpp", "\"kelp/input/bdf/parser.hpp\"", false},
+      {arrows_point_downwards, "src/editor/a.cpp", "\"schema/lookup.hpp\"", true},
+      {the_core_knows_nothing_above_it, "core/src/a.cpp", "\"kelp/input/bdf.hpp\"", false},
+      {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"schema/impl.hpp\"", false},
+  };
+  for (const Case& it : cases) {
+    const SourceFile file = source_from(it.path, "#pragma once\n#include " + it.include + "\n");
+    EXPECT_EQ(violations(it.rule, {file}).empty(), it.allowed) << it.path << ' ' << it.include;
+  }
+}
+
+}  // namespace
+}  // namespace kelp::lint
