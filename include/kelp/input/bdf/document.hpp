@@ -50,10 +50,10 @@ struct Statement {
   /// The `module_index` of a statement that is not a module.
   static constexpr std::size_t no_module = static_cast<std::size_t>(-1);
 
-  StatementKind kind = StatementKind::Raw;
-  std::size_t module_index = no_module;  ///< for kind `Module`: index into `BDFData::modules`
-  std::vector<std::string> lines;        ///< for the other kinds: the lines as read
-  std::optional<SourceSpan> location;    ///< first line; empty for a statement made by an editor
+  StatementKind kind = StatementKind::Raw;  ///< which of the fields below count
+  std::size_t module_index = no_module;     ///< for kind `Module`: index into `BDFData::modules`
+  std::vector<std::string> lines;           ///< for the other kinds: the lines as read
+  std::optional<SourceSpan> location;       ///< first line; empty for a statement made by an editor
 };
 
 /// One word of the header of an easy input, for example `B3lyp/def2-svp` or `charge=1`.
@@ -79,12 +79,12 @@ struct KELP_BDF_INP_EXPORT EasyToken {
 
 /// One atom line of the geometry block.
 struct AtomRecord {
-  std::string element;  ///< symbol or label, as written
-  double x = 0.0;       ///< first coordinate, in the input's own unit
-  double y = 0.0;       ///< second coordinate, in the input's own unit
-  double z = 0.0;       ///< third coordinate, in the input's own unit
-  std::string line;     ///< the whole line as read; empty for an atom made by a host
-  std::optional<SourceSpan> location;
+  std::string element;                 ///< symbol or label, as written
+  double x = 0.0;                      ///< first coordinate, in the input's own unit
+  double y = 0.0;                      ///< second coordinate, in the input's own unit
+  double z = 0.0;                      ///< third coordinate, in the input's own unit
+  std::string line;                    ///< the whole line as read; empty for an atom made by a host
+  std::optional<SourceSpan> location;  ///< the atom line
 };
 
 /// One keyword with its values: an entry of a module, or a child of a nested block.
@@ -106,7 +106,7 @@ struct KELP_BDF_INP_EXPORT ModuleEntry {
   std::vector<ModuleEntry*> find_children(std::string_view wanted);
 
   std::string name;  ///< canonical name; for a raw entry the line's first word in lower case
-  EntryValueKind kind = EntryValueKind::Scalar;
+  EntryValueKind kind = EntryValueKind::Scalar;  ///< how `values` and `children` are to be read
   std::string terminator;              ///< the line that closes the entry's block, else empty
   std::vector<std::string> values;     ///< value lines as read or as set
   std::vector<ModuleEntry> children;   ///< for kind `NestedBlock`
@@ -134,21 +134,21 @@ struct KELP_BDF_INP_EXPORT Module {
   /// @copydoc find_entries
   std::vector<ModuleEntry*> find_entries(std::string_view wanted);
 
-  std::string name;         ///< canonical name, without `$`
-  bool known = false;       ///< the schema knows the module
-  bool terminated = true;   ///< false when the block ended without `$end`
-  std::string header_line;  ///< as read; empty when made by an editor
-  std::string end_line;     ///< as read; empty when there was none
-  std::vector<ModuleEntry> entries;
+  std::string name;                         ///< canonical name, without `$`
+  bool known = false;                       ///< the schema knows the module
+  bool terminated = true;                   ///< false when the block ended without `$end`
+  std::string header_line;                  ///< as read; empty when made by an editor
+  std::string end_line;                     ///< as read; empty when there was none
+  std::vector<ModuleEntry> entries;         ///< what stands between header and end, in order
   std::vector<std::string> trailing_lines;  ///< written after the entries; never set by the parser
   std::optional<SourceSpan> location;       ///< the header line
 };
 
 /// A finding that does not make a result fail.
 struct ParseWarning {
-  std::string code;     ///< dotted code, for example `bdf.unknown_module`
-  std::string message;  ///< an English sentence
-  std::optional<SourceSpan> location;
+  std::string code;                    ///< dotted code, for example `bdf.unknown_module`
+  std::string message;                 ///< an English sentence
+  std::optional<SourceSpan> location;  ///< of the record at fault; empty if there is none
 };
 
 /// A whole input.
@@ -176,19 +176,19 @@ struct KELP_BDF_INP_EXPORT BDFData {
   /// @copydoc find_easy_token
   EasyToken* find_easy_token(std::string_view wanted);
 
-  InputMode mode = InputMode::Easy;
+  InputMode mode = InputMode::Easy;        ///< the layout in which it was read and is written
   std::string script_name = "job.bdf";     ///< the text after `#!`
   std::vector<std::string> leading_lines;  ///< comment lines before the first statement or geometry
-  std::vector<EasyToken> easy_tokens;
-  bool has_geometry = false;        ///< a `Geometry` line was read or a geometry was set
-  bool geometry_terminated = true;  ///< false when `End Geometry` is missing
-  std::vector<AtomRecord> atoms;
+  std::vector<EasyToken> easy_tokens;      ///< the words of the header, in order
+  bool has_geometry = false;               ///< a `Geometry` line was read or a geometry was set
+  bool geometry_terminated = true;         ///< false when `End Geometry` is missing
+  std::vector<AtomRecord> atoms;           ///< the atom lines of the block, in order
   std::vector<std::string> geometry_lines;      ///< lines of the block that are no atom lines
   std::optional<SourceSpan> geometry_location;  ///< the `Geometry` line
   std::vector<Module> modules;                  ///< in document order; a name may recur
   std::vector<Statement> statements;            ///< the order in which all is written back
   std::vector<std::string> free_lines;          ///< the lines of all side statements, in order
-  std::vector<ParseWarning> warnings;
+  std::vector<ParseWarning> warnings;           ///< what validation while parsing found, no error
 };
 
 /// What parsing gives back.

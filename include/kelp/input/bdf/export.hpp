@@ -13,5 +13,6 @@
 #define KELP_BDF_INP_EXPORT __declspec(dllimport)
 #endif
 #else
+/// Marks what the library exports.
 #define KELP_BDF_INP_EXPORT __attribute__((visibility("default")))
 #endif

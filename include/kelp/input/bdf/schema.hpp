@@ -26,8 +26,8 @@ struct ValueRequirement {
 /// The description of one entry, nested entry or easy keyword. Texts are normalised (trimmed, one
 /// leading `$` dropped, lower case) unless said otherwise.
 struct EntrySchemaInfo {
-  std::string name;  ///< the name under which it is declared
-  EntryValueKind kind = EntryValueKind::Scalar;
+  std::string name;                                ///< the name under which it is declared
+  EntryValueKind kind = EntryValueKind::Scalar;    ///< how its value is laid out
   std::string terminator;                          ///< the line that closes its block; may be empty
   std::string value_type = "string";               ///< string, any, integer, float or number
   std::optional<std::string> default_value;        ///< as written in the schema
@@ -53,13 +53,13 @@ struct EntrySchemaInfo {
 
 /// Where a schema comes from; texts as written in the document, empty where it says nothing.
 struct SchemaMetadata {
-  std::int32_t schema_version = 0;
-  std::string program;
-  std::string schema_kind;
-  std::string bdf_version;
-  std::string manual_source;
-  std::string manual_revision;
-  std::string generated_at;
+  std::int32_t schema_version = 0;  ///< version of the document's format
+  std::string program;              ///< the program that reads the inputs
+  std::string schema_kind;          ///< what the document describes: "input"
+  std::string bdf_version;          ///< release of BDF that the vocabulary is that of
+  std::string manual_source;        ///< the manual that it was taken from
+  std::string manual_revision;      ///< the manual's date or revision
+  std::string generated_at;         ///< date of the vocabulary
 };
 
 /// An immutable vocabulary. Copies share their contents, and all members may be called from any

@@ -16,7 +16,7 @@ namespace kelp::input::bdf {
 
 /// One problem of a schema document.
 struct SchemaProblem {
-  ValidationSeverity severity = ValidationSeverity::Error;
+  ValidationSeverity severity = ValidationSeverity::Error;  ///< how grave it is
   std::string code;                ///< stable dotted code, for example `schema.unknown_key`
   std::string message;             ///< an English sentence
   SourceSpan location;             ///< where it is written; columns and length are in bytes

@@ -28,7 +28,7 @@ enum class ValidationSeverity : std::int32_t {
 
 /// One finding.
 struct ValidationIssue {
-  ValidationSeverity severity = ValidationSeverity::Warning;
+  ValidationSeverity severity = ValidationSeverity::Warning;  ///< how grave it is
   std::string code;                    ///< stable dotted code, for example `bdf.unknown_entry`
   std::string message;                 ///< an English sentence
   std::optional<SourceSpan> location;  ///< copied from the record at fault; empty if there is none
