@@ -13,7 +13,9 @@ namespace {
 using test::TemporaryFolder;
 using test::utf8;
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 
 std::string error_of_reading(const std::string& path) {
   try {
@@ -60,8 +62,7 @@ TEST(ReadTextFile, TakesItsPathAsUtf8) {
 TEST(ReadTextFile, ThrowsForAMissingFileNamingPathAndCause) {
   const TemporaryFolder folder;
   const std::string path = utf8(folder / "missing.inp");
-  EXPECT_THAT(error_of_reading(path),
-              AllOf(HasSubstr("'" + path + "'"), HasSubstr("No such file")));
+  EXPECT_THAT(error_of_reading(path), AllOf(HasSubstr("'" + path + "'"), Not(EndsWith("': "))));
 }
 
 TEST(ReadTextFile, ThrowsForAFolder) {
