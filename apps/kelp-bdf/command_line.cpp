@@ -8,8 +8,10 @@
 
 #include "check.hpp"
 #include "common_options.hpp"
+#include "explain.hpp"
 #include "kelp/input/bdf/version.hpp"
 #include "output.hpp"
+#include "schema.hpp"
 #include "session.hpp"
 #include "similar.hpp"
 
@@ -47,15 +49,6 @@ std::vector<std::string> option_names(const CLI::App& command) {
   return names;
 }
 
-std::string with_hint(std::string message, std::string_view name,
-                      const std::vector<std::string>& candidates) {
-  const std::vector<std::string> near = similar_names(name, candidates);
-  if (!near.empty()) {
-    message += "; did you mean " + quoted_choice(near) + "?";
-  }
-  return message;
-}
-
 const CLI::App& chosen_command(const CLI::App& app) {
   const std::vector<CLI::App*> chosen = app.get_subcommands();
   return chosen.empty() ? app : chosen_command(*chosen.front());
@@ -66,10 +59,10 @@ std::string explain_extra(const CLI::App& app, const std::string& extra) {
   const CLI::App& command = chosen_command(app);
   if (extra.starts_with('-')) {
     const std::string name = extra.substr(0, extra.find('='));
-    return with_hint(fmt::format("unknown option '{}'", name), name, option_names(command));
+    return with_similar(fmt::format("unknown option '{}'", name), name, option_names(command));
   }
   if (!command.get_subcommands({}).empty()) {
-    return with_hint(fmt::format("unknown command '{}'", extra), extra, command_names(command));
+    return with_similar(fmt::format("unknown command '{}'", extra), extra, command_names(command));
   }
   return fmt::format("unexpected argument '{}'", extra);
 }
@@ -102,6 +95,8 @@ void describe(CLI::App& app, Session& session, bool& show_version) {
   app.require_subcommand(0, 1);
   add_common_options(app, session.options);
   add_check(app, session);
+  add_explain(app, session);
+  add_schema(app, session);
 }
 
 ExitStatus run_command(Session& session, bool show_version) {

@@ -65,6 +65,15 @@ std::vector<std::string> similar_names(std::string_view name,
   return names;
 }
 
+std::string with_similar(std::string message, std::string_view name,
+                         const std::vector<std::string>& candidates) {
+  const std::vector<std::string> near = similar_names(name, candidates);
+  if (!near.empty()) {
+    message += "; did you mean " + quoted_choice(near) + "?";
+  }
+  return message;
+}
+
 std::string quoted_choice(const std::vector<std::string>& names) {
   std::string text;
   for (std::size_t i = 0; i < names.size(); ++i) {

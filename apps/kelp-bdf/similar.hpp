@@ -11,6 +11,10 @@ namespace kelp::app {
 std::vector<std::string> similar_names(std::string_view name,
                                        const std::vector<std::string>& candidates);
 
+/// Returns a message about an unknown name, with the names that may have been meant.
+std::string with_similar(std::string message, std::string_view name,
+                         const std::vector<std::string>& candidates);
+
 /// Returns "'a'", "'a' or 'b'", "'a', 'b' or 'c'".
 std::string quoted_choice(const std::vector<std::string>& names);
 

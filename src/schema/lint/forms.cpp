@@ -45,6 +45,15 @@ std::string quoted(std::string_view text) {
   return "'" + std::string(text) + "'";
 }
 
+// Sentences begin with what they are about: a quoted key, or words.
+std::string capitalised(std::string_view text) {
+  std::string result(text);
+  if (!result.empty() && result.front() == 'a') {
+    result.front() = 'A';
+  }
+  return result;
+}
+
 Names names_of(std::span<const KeyRule> rules) {
   Names names;
   for (const KeyRule& rule : rules) {
@@ -125,7 +134,7 @@ bool FormCheck::check(const YAML::Node& value, Form form, std::string_view key) 
   }
   if (!converts(value, form)) {
     problems_.error("schema.invalid_scalar", value,
-                    std::string(key) + " must be " + std::string(form_text(form)) + ", not " +
+                    capitalised(key) + " must be " + std::string(form_text(form)) + ", not " +
                         quoted(value.Scalar()) + ".");
     return false;
   }
@@ -210,7 +219,7 @@ bool FormCheck::converts(const YAML::Node& value, Form form) const {
 
 bool FormCheck::wrong_type(const YAML::Node& value, std::string_view key, std::string_view wanted) {
   problems_.error("schema.wrong_type", value,
-                  std::string(key) + " must be " + std::string(wanted) + ", not " +
+                  capitalised(key) + " must be " + std::string(wanted) + ", not " +
                       std::string(node_text(value)) + ".");
   return false;
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace kelp::app {
+
+/// What there is to say about a code. Examples are whole texts, inputs for codes that begin with
+/// "bdf.", schemas for those that begin with "schema."; both are empty where none is short enough.
+struct FindingText {
+  std::string_view code;
+  std::string_view meaning;
+  std::string_view cause;
+  std::string_view fix;
+  std::string_view example;  ///< has the finding
+  std::string_view fixed;    ///< the same without it
+};
+
+/// Returns the texts of all codes, those of inputs first.
+std::vector<FindingText> finding_texts();
+
+/// Returns the text of a code, with or without its prefix ("bdf." before "schema."), in any case.
+std::optional<FindingText> find_finding_text(std::string_view code);
+
+// The two tables that `finding_texts` joins.
+std::vector<FindingText> input_finding_texts();
+std::vector<FindingText> schema_finding_texts();
+
+}  // namespace kelp::app

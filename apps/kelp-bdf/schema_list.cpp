@@ -1,0 +1,120 @@
+#include "schema_list.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "describe.hpp"
+#include "output.hpp"
+#include "similar.hpp"
+#include "unicode.hpp"
+#include "vocabulary.hpp"
+
+namespace kelp::app {
+namespace {
+
+using input::bdf::EntrySchemaInfo;
+using input::bdf::InputSchema;
+using Row = std::vector<std::string>;
+using Rows = std::vector<Row>;
+
+constexpr std::string_view header_words = "easy";
+
+std::vector<std::size_t> widths_of(const Rows& rows) {
+  std::vector<std::size_t> widths;
+  for (const Row& row : rows) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      widths[i] = std::max(widths[i], display_width(row[i]));
+    }
+  }
+  return widths;
+}
+
+Row entry_row(const EntrySchemaInfo& info, const std::vector<std::string>& aliases) {
+  return {info.name, std::string(kind_name(info.kind)), type_name(info),
+          info.default_value.value_or(""), fmt::format("{}", fmt::join(aliases, ", "))};
+}
+
+Rows keyword_rows(const InputSchema& schema) {
+  Rows rows;
+  for (const std::string& name : schema.known_easy_keywords()) {
+    if (const auto info = schema.easy_keyword_info(name)) {
+      rows.push_back(entry_row(*info, schema.easy_keyword_aliases(name)));
+    }
+  }
+  return rows;
+}
+
+void add_nested_rows(Rows& rows, const InputSchema& schema, std::string_view module,
+                     const std::string& entry) {
+  for (const std::string& name : schema.known_nested_entries(module, entry)) {
+    if (const auto info = schema.nested_entry_info(module, entry, name)) {
+      rows.push_back(entry_row(*info, schema.nested_entry_aliases(module, entry, name)));
+      rows.back().front().insert(0, entry + ".");
+    }
+  }
+}
+
+Rows entry_rows(const InputSchema& schema, std::string_view module) {
+  Rows rows;
+  for (const std::string& name : schema.known_entries(module)) {
+    if (const auto info = schema.entry_info(module, name)) {
+      rows.push_back(entry_row(*info, schema.entry_aliases(module, name)));
+      add_nested_rows(rows, schema, module, name);
+    }
+  }
+  return rows;
+}
+
+}  // namespace
+
+std::string table_text(const Rows& rows) {
+  const std::vector<std::size_t> widths = widths_of(rows);
+  std::string text;
+  for (const Row& row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line += row[i];
+      line.append(widths[i] - display_width(row[i]) + 2, ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    text += line + '\n';
+  }
+  return text;
+}
+
+std::string module_table(const InputSchema& schema) {
+  Rows rows = {{"module", "entries", "repeatable", "aliases"}};
+  for (const std::string& name : schema.known_modules()) {
+    rows.push_back({name, std::to_string(schema.known_entries(name).size()),
+                    schema.module_repeatable(name) ? "yes" : "no",
+                    fmt::format("{}", fmt::join(schema.module_aliases(name), ", "))});
+  }
+  return table_text(rows);
+}
+
+std::string entry_table(const InputSchema& schema, std::string_view module) {
+  Rows rows = {{"name", "kind", "type", "default", "aliases"}};
+  Rows entries = schema.is_known_module(module) ? entry_rows(schema, module) : keyword_rows(schema);
+  rows.insert(rows.end(), entries.begin(), entries.end());
+  return table_text(rows);
+}
+
+ExitStatus list_schema(const std::string& module, Session& session) {
+  const InputSchema& schema = session.schema();
+  if (module.empty()) {
+    print(module_table(schema));
+    return ExitStatus::Success;
+  }
+  if (schema.is_known_module(module) || module == header_words) {
+    print(entry_table(schema, module));
+    return ExitStatus::Success;
+  }
+  complain(
+      with_similar(fmt::format("there is no module '{}'", module), module, module_names(schema)));
+  return ExitStatus::Findings;
+}
+
+}  // namespace kelp::app
