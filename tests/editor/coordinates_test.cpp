@@ -4,6 +4,7 @@
 
 #include <array>
 #include <clocale>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -17,6 +18,12 @@ namespace kelp::input::bdf {
 namespace {
 
 std::string printed(double value) {
+#ifdef _WIN32
+  // Its printf does not show the sign of a NaN.
+  if (std::isnan(value)) {
+    return std::signbit(value) ? "-nan" : "nan";
+  }
+#endif
   std::array<char, 400> text;
   std::snprintf(text.data(), text.size(), "%.10f", value);
   return text.data();

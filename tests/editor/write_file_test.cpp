@@ -60,8 +60,9 @@ TEST_F(WritingAFile, ReplacesALongerOneAndLeavesNoOtherFile) {
   EXPECT_THAT(names_in_folder(), testing::ElementsAre("old.inp"));
 }
 
+#ifndef _WIN32
 // Whoever holds the old file open goes on reading the old bytes: the file is replaced, never
-// written into.
+// written into. Windows refuses to replace a file that such a reader has open.
 TEST_F(WritingAFile, ReplacesItAsAWhole) {
   test::write_file(file("old.inp"), "old bytes");
   std::ifstream reader(file("old.inp"), std::ios::binary);
@@ -69,6 +70,7 @@ TEST_F(WritingAFile, ReplacesItAsAWhole) {
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old bytes");
   EXPECT_EQ(file_bytes(file("old.inp")), text_);
 }
+#endif
 
 TEST_F(WritingAFile, TwiceGivesTheSameFile) {
   editor_.write_file(path("a.inp"));
@@ -132,6 +134,9 @@ TEST_F(WritingAFile, AFailureLeavesDocumentAndFolderUnchanged) {
 }
 
 TEST_F(WritingAFile, ThroughALinkToAnAbsentFileCreatesThatFile) {
+#ifdef _WIN32
+  GTEST_SKIP() << "refused on Windows, where nothing tells where such a link leads";
+#endif
   if (!make_link("absent.inp", "link.inp")) {
     GTEST_SKIP() << "links cannot be made here";
   }
