@@ -113,12 +113,10 @@ class SchemaReader {
     for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
       ValueSpec spec;
       spec.name = name;
-      EntryExtras extras;
-      if (value.IsMap()) {
-        extras = read_description(value, spec, budget_);
-        if (!extras.category.empty()) {
-          spec.category = std::move(extras.category);
-        }
+      const EntryExtras extras =
+          value.IsMap() ? read_description(value, spec, budget_) : EntryExtras();
+      if (!extras.category.empty()) {
+        spec.category = extras.category;
       }
       impl_->control_keywords.insert_or_assign(name, std::move(spec));
       impl_->control_keyword_aliases.insert_or_assign(name, name);
