@@ -9,6 +9,7 @@
 #include "check.hpp"
 #include "common_options.hpp"
 #include "explain.hpp"
+#include "format.hpp"
 #include "kelp/input/bdf/version.hpp"
 #include "output.hpp"
 #include "schema.hpp"
@@ -95,6 +96,7 @@ void describe(CLI::App& app, Session& session, bool& show_version) {
   app.require_subcommand(0, 1);
   add_common_options(app, session.options);
   add_check(app, session);
+  add_format(app, session);
   add_explain(app, session);
   add_schema(app, session);
 }

@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "kelp/core/console.hpp"
 #include "kelp/core/resource.hpp"
 
 namespace kelp::app {
@@ -36,13 +35,13 @@ bool output_failed() {
   return write_failed;
 }
 
-bool use_colour(std::string_view when) {
+bool use_colour(std::string_view when, core::console::Stream stream) {
   if (when != "auto") {
     return when == "always";
   }
   return core::resource::getenv_string("NO_COLOR").empty() &&
          core::resource::getenv_string("TERM") != "dumb" &&
-         core::console::is_terminal(core::console::Stream::Output);
+         core::console::is_terminal(stream);
 }
 
 }  // namespace kelp::app

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "kelp/core/console.hpp"
+
 namespace kelp::app {
 
 /// Writes to standard output. A reader that has gone away is no error; anything else is told by
@@ -15,7 +17,8 @@ void complain(std::string_view text);
 /// example.
 bool output_failed();
 
-/// Decides whether standard output gets colours; `when` is auto, always or never.
-bool use_colour(std::string_view when);
+/// Decides whether a stream gets colours; `when` is auto, always or never.
+bool use_colour(std::string_view when,
+                core::console::Stream stream = core::console::Stream::Output);
 
 }  // namespace kelp::app

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace kelp::app {
+
+/// Items [old_begin, old_end) of one sequence, replaced by items [new_begin, new_end) of another.
+/// One of the two ranges may be empty, never both.
+struct Change {
+  std::size_t old_begin = 0;
+  std::size_t old_end = 0;
+  std::size_t new_begin = 0;
+  std::size_t new_end = 0;
+};
+
+/// Returns what to change in a sequence to get another, in order; between two changes there is at
+/// least one common item. The changes are as few as possible, unless the sequences are long and
+/// have little in common.
+std::vector<Change> find_changes(const std::vector<std::string_view>& old_items,
+                                 const std::vector<std::string_view>& new_items);
+
+}  // namespace kelp::app
