@@ -18,10 +18,21 @@ void add_error(const stdfs::path& path, const std::error_code& error, FolderCont
 void add_entry(const stdfs::directory_entry& entry, std::vector<stdfs::path>& folders,
                FolderContents& contents) {
   std::error_code error;
-  if (entry.is_directory(error) && !entry.is_symlink(error)) {
-    folders.push_back(entry.path());
-  } else if (entry.is_regular_file(error)) {
-    contents.files.push_back(utf8_from_path(entry.path()));
+  switch (entry.status(error).type()) {
+    case stdfs::file_type::directory:
+      if (!entry.is_symlink(error)) {
+        folders.push_back(entry.path());
+      }
+      return;
+    case stdfs::file_type::regular:
+    // A link that leads nowhere, or a file that nobody may look at: reading it tells.
+    case stdfs::file_type::not_found:
+    case stdfs::file_type::none:
+    case stdfs::file_type::unknown:
+      contents.files.push_back(utf8_from_path(entry.path()));
+      return;
+    default:
+      return;
   }
 }
 

@@ -37,7 +37,7 @@ void add_item(const std::string& folder, const WIN32_FIND_DATAW& item,
   const bool is_folder = (item.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   if (is_folder && !is_link(item)) {
     folders.push_back(std::move(path));
-  } else if (!is_folder && (!is_link(item) || path_kind(path) == PathKind::File)) {
+  } else if (!is_folder) {
     contents.files.push_back(std::move(path));
   }
 }

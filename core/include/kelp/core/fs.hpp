@@ -26,11 +26,12 @@ bool is_directory(const std::string& path);
 
 /// What lies below a folder.
 struct FolderContents {
-  std::vector<std::string> files;   ///< regular files, at any depth, sorted
+  std::vector<std::string> files;   ///< files and links to files, at any depth, sorted
   std::vector<std::string> errors;  ///< what could not be read, each with path and cause
 };
 
-/// Lists the files below a folder. Links to folders are not followed, so that a loop is harmless.
+/// Lists the files below a folder; also links that lead nowhere, because reading them tells that.
+/// Links to folders are not followed, so that a loop is harmless.
 FolderContents files_below(const std::string& folder);
 
 }  // namespace kelp::core::fs
