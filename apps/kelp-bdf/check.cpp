@@ -35,20 +35,10 @@ ValidationOptions validation_options(const std::string& unknown) {
   return options;
 }
 
-std::vector<Finding> find_in(const CheckedInput& input, const ValidationOptions& options) {
-  std::vector<Finding> findings;
-  // An input without a single significant line has neither modules nor a header to speak of.
-  if (input.result.data.statements.empty() && input.result.data.easy_tokens.empty() &&
-      !input.result.ok && input.result.error == "BDF input is empty") {
-    findings.push_back(make_empty_input_finding(input));
-    return findings;
-  }
-  for (const ValidationIssue& issue : input.schema.validate(input.result.data, options)) {
-    if (!is_about_remark(issue, input)) {
-      findings.push_back(make_finding(issue, input));
-    }
-  }
-  return findings;
+// An input without a single significant line has neither modules nor a header to speak of.
+bool holds_nothing(const input::bdf::ParseResult& result) {
+  return !result.ok && result.data.statements.empty() && result.data.easy_tokens.empty() &&
+         result.error == "BDF input is empty";
 }
 
 /// One run of the command.
@@ -67,6 +57,9 @@ class Check {
       fail(error);
     }
     for (const Source& source : sources.list) {
+      if (output_ended()) {
+        break;
+      }
       check(source);
     }
     if (human_ && !session_.options.quiet) {
@@ -84,24 +77,39 @@ class Check {
   void check(const Source& source) {
     try {
       const CheckedInput input(source.name, read_source(source), session_.schema());
-      report(find_in(input, validation_options(options_.unknown)));
+      ++totals_.files_checked;
+      totals_.files_with_findings += report_all(input) ? 1 : 0;
     } catch (const std::exception& error) {
       fail(error.what());
     }
   }
 
-  void report(const std::vector<Finding>& findings) {
-    ++totals_.files_checked;
-    totals_.files_with_findings += findings.empty() ? 0 : 1;
-    for (const Finding& finding : findings) {
-      const bool is_error = finding.severity == ValidationSeverity::Error;
-      ++(is_error ? totals_.errors : totals_.warnings);
-      if (is_error || options_.strict) {
-        status_ = worse_of(status_, ExitStatus::Findings);
+  // Findings are printed as they are made: there may be more of them than fit into memory.
+  bool report_all(const CheckedInput& input) {
+    if (holds_nothing(input.result)) {
+      report(make_empty_input_finding(input));
+      return true;
+    }
+    bool found = false;
+    FindingMaker maker(input);
+    const ValidationOptions options = validation_options(options_.unknown);
+    for (const ValidationIssue& issue : input.schema.validate(input.result.data, options)) {
+      if (!is_about_remark(issue, input)) {
+        report(maker.make(issue));
+        found = true;
       }
-      if (!session_.options.quiet) {
-        print(human_ ? human_report(finding, colour_) : concise_report(finding));
-      }
+    }
+    return found;
+  }
+
+  void report(const Finding& finding) {
+    const bool is_error = finding.severity == ValidationSeverity::Error;
+    ++(is_error ? totals_.errors : totals_.warnings);
+    if (is_error || options_.strict) {
+      status_ = worse_of(status_, ExitStatus::Findings);
+    }
+    if (!session_.options.quiet) {
+      print(human_ ? human_report(finding, colour_) : concise_report(finding));
     }
   }
 

@@ -68,14 +68,47 @@ std::string explain_extra(const CLI::App& app, const std::string& extra) {
   return fmt::format("unexpected argument '{}'", extra);
 }
 
-ExitStatus usage_error(const CLI::App& app, const CLI::ParseError& error) {
+std::string help_call(const CLI::App& command) {
+  const CLI::App* const parent = command.get_parent();
+  return (parent == nullptr ? "" : help_call(*parent) + ' ') + command.get_name();
+}
+
+std::string explain(const CLI::App& app, const CLI::ParseError& error) {
   const std::vector<std::string> extras = app.remaining(true);
-  complain(extras.empty() ? error.what() : explain_extra(app, extras.front()));
+  if (!extras.empty()) {
+    return explain_extra(app, extras.front());
+  }
+  // The parser's own text names the type: "--schema: 1 required FILE missing".
+  std::string text = error.what();
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+    text = fmt::format("option '{}' needs a value", text.substr(0, text.find(':')));
+  }
+  return fmt::format("{}; see '{} --help'", text, help_call(chosen_command(app)));
+}
+
+ExitStatus usage_error(const CLI::App& app, const CLI::ParseError& error) {
+  complain(explain(app, error));
   return ExitStatus::Failure;
+}
+
+// The parser forgets a "--" once the command has the arguments that it cannot do without. What
+// follows is made to look like no option instead; for a path that changes nothing.
+std::vector<std::string> without_end_of_options(std::vector<std::string> arguments) {
+  const auto mark = std::find(arguments.begin(), arguments.end(), "--");
+  if (mark == arguments.end()) {
+    return arguments;
+  }
+  for (auto argument = arguments.erase(mark); argument != arguments.end(); ++argument) {
+    if (argument->starts_with('-') && *argument != "-") {
+      argument->insert(0, "./");
+    }
+  }
+  return arguments;
 }
 
 // Returns false when the options already said all that there is to do; `status` is then final.
 bool read_options(CLI::App& app, std::vector<std::string> arguments, ExitStatus& status) {
+  arguments = without_end_of_options(std::move(arguments));
   std::reverse(arguments.begin(), arguments.end());
   try {
     app.parse(std::move(arguments));
@@ -90,6 +123,8 @@ bool read_options(CLI::App& app, std::vector<std::string> arguments, ExitStatus&
 }
 
 void describe(CLI::App& app, Session& session, bool& show_version) {
+  // A path may well begin with a slash.
+  app.allow_windows_style_options(false);
   app.description("Checks, lays out and changes input files of the BDF program");
   app.set_help_flag("-h,--help", "Print this help");
   app.add_flag("--version", show_version, "Print the versions of program, library and schema");

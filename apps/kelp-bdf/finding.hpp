@@ -29,8 +29,8 @@ struct Finding {
   input::bdf::ValidationSeverity severity = input::bdf::ValidationSeverity::Warning;
   std::string message;               ///< the library's own text
   std::optional<Range> range;        ///< unset when the finding concerns the file as a whole
-  std::string source_line;           ///< the line of the range, as it stands in the file
-  std::size_t source_line_byte = 0;  ///< where that line begins in the file
+  std::string source_line;           ///< the line of the range; of a long line, what is around it
+  std::size_t source_line_byte = 0;  ///< where `source_line` begins in the file
   std::string label;                 ///< what is wrong about the range, in few words; may be empty
   std::vector<std::string> help;     ///< what to do about it
   std::vector<std::string> suggestions;  ///< names that may have been meant

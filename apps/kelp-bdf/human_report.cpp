@@ -46,15 +46,14 @@ struct Excerpt {
   std::string after;
 };
 
-// A window of bytes may cut a character in two; `displayable` turns the halves into marks.
 Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end) {
   Excerpt excerpt;
   std::size_t from = 0;
   if (line.size() > widest_line && begin > context_before) {
-    from = begin - context_before;
+    from = next_character(line, begin - context_before);
     excerpt.before = ellipsis;
   }
-  const std::size_t to = std::min(line.size(), from + widest_line);
+  const std::size_t to = next_character(line, std::min(line.size(), from + widest_line));
   end = std::min(end, to);
   excerpt.before += displayable(line.substr(from, begin - from));
   excerpt.marked = displayable(line.substr(begin, end - begin));
@@ -72,7 +71,7 @@ std::string source_excerpt(const Finding& finding, const Painter& painter, std::
   const Excerpt excerpt = cut_excerpt(finding.source_line, begin, end);
   const std::size_t carets = std::max<std::size_t>(1, display_width(excerpt.marked));
   const std::string underline =
-      std::string(carets, '^') + (finding.label.empty() ? "" : " " + finding.label);
+      std::string(carets, '^') + (finding.label.empty() ? "" : " " + displayable(finding.label));
   const std::string bar = painter.frame(fmt::format("{:{}} |", "", gutter));
   return fmt::format("{}\n{} {}{}{}\n{} {}{}\n", bar,
                      painter.frame(fmt::format("{:>{}} |", range.start.line, gutter)),
@@ -96,7 +95,7 @@ std::string human_report(const Finding& finding, bool colour) {
       "{}{}\n",
       painter.severity(finding.severity,
                        fmt::format("{}[{}]", is_error ? "error" : "warning", finding.code)),
-      painter.strong(": " + displayable(finding.message)));
+      painter.strong(": " + displayable(abridged(finding.message))));
   text += fmt::format("{:{}}{} {}", "", gutter, painter.frame("-->"), displayable(finding.file));
   if (finding.range) {
     text += fmt::format(":{}:{}\n", finding.range->start.line, finding.range->start.column);
@@ -130,7 +129,7 @@ std::string concise_report(const Finding& finding) {
   const Position start = finding.range ? finding.range->start : Position{};
   return fmt::format("{}:{}:{}: {}: {} [{}]\n", displayable(finding.file), start.line, start.column,
                      finding.severity == ValidationSeverity::Error ? "error" : "warning",
-                     displayable(finding.message), finding.code);
+                     displayable(abridged(finding.message)), finding.code);
 }
 
 }  // namespace kelp::app

@@ -75,7 +75,7 @@ std::vector<LinePart> value_parts(const CheckedInput& input, const Place& place)
 }
 
 std::string text_of(const CheckedInput& input, const LinePart& part) {
-  return std::string(input.source.line(part.line).substr(part.begin, part.end - part.begin));
+  return std::string(input.source.text_of(part));
 }
 
 bool is_separator(char byte) {

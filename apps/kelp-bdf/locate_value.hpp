@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "checked_input.hpp"
+#include "line_index.hpp"
 #include "source_text.hpp"
 
 namespace kelp::app {

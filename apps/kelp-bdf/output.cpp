@@ -2,37 +2,51 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <string>
 
 #include "kelp/core/resource.hpp"
+#include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
 
-bool write_failed = false;
+enum class OutputState { Good, Closed, Failed };
+
+OutputState state = OutputState::Good;
 
 void note_failure() {
-  if (errno != EPIPE) {
-    write_failed = true;
+  state = errno == EPIPE ? OutputState::Closed : OutputState::Failed;
+}
+
+void flush() {
+  if (state == OutputState::Good && std::fflush(stdout) != 0) {
+    note_failure();
   }
 }
 
 }  // namespace
 
 void print(std::string_view text) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
+  if (state == OutputState::Good &&
+      std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
     note_failure();
   }
 }
 
 void complain(std::string_view text) {
-  std::fprintf(stderr, "kelp-bdf: %.*s\n", static_cast<int>(text.size()), text.data());
+  // Both streams may lead to one place, where the order tells what the text is about.
+  flush();
+  const std::string line = "kelp-bdf: " + displayable(text) + '\n';
+  std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+bool output_ended() {
+  return state != OutputState::Good;
 }
 
 bool output_failed() {
-  if (std::fflush(stdout) != 0) {
-    note_failure();
-  }
-  return write_failed;
+  flush();
+  return state == OutputState::Failed;
 }
 
 bool use_colour(std::string_view when, core::console::Stream stream) {
@@ -40,8 +54,7 @@ bool use_colour(std::string_view when, core::console::Stream stream) {
     return when == "always";
   }
   return core::resource::getenv_string("NO_COLOR").empty() &&
-         core::resource::getenv_string("TERM") != "dumb" &&
-         core::console::is_terminal(stream);
+         core::resource::getenv_string("TERM") != "dumb" && core::console::is_terminal(stream);
 }
 
 }  // namespace kelp::app

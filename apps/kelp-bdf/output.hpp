@@ -10,8 +10,11 @@ namespace kelp::app {
 /// `output_failed`.
 void print(std::string_view text);
 
-/// Writes "kelp-bdf: text" and a line end to standard error.
+/// Writes "kelp-bdf: text" and a line end to standard error, in a form that is safe to show.
 void complain(std::string_view text);
+
+/// Tells whether standard output takes no more, so that further work for it is in vain.
+bool output_ended();
 
 /// Flushes standard output; true when not all of it could be written, for want of space for
 /// example.

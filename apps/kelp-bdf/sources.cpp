@@ -11,12 +11,14 @@
 namespace kelp::app {
 namespace {
 
+// As a shell takes *.inp: what begins with a dot is for other programs.
 bool is_input_name(std::string_view path) {
   constexpr std::size_t ending = 4;
-  if (path.size() <= ending) {
+  const std::string_view name = path.substr(path.find_last_of("/\\") + 1);
+  if (name.size() <= ending || name.front() == '.') {
     return false;
   }
-  const std::string_view end = path.substr(path.size() - ending);
+  const std::string_view end = name.substr(name.size() - ending);
   return core::text::equals_ignoring_case(end, ".inp") ||
          core::text::equals_ignoring_case(end, ".bdf");
 }

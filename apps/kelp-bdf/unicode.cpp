@@ -1,7 +1,7 @@
 #include "unicode.hpp"
 
-#include <fmt/format.h>
-
+#include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace kelp::app {
@@ -10,43 +10,87 @@ namespace {
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
 constexpr std::string_view tab_blanks = "    ";
 
-bool is_continuation(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+struct CodeRange {
+  std::uint32_t first;
+  std::uint32_t last;
+};
+
+// Marks that combine and characters without a shape: the blocks of them that occur in notes and
+// names.
+constexpr CodeRange zero_width[] = {
+    {0x300, 0x36F},   {0x483, 0x489},   {0x591, 0x5BD},   {0x610, 0x61A},     {0x64B, 0x65F},
+    {0x670, 0x670},   {0x93C, 0x93C},   {0x941, 0x948},   {0x94D, 0x94D},     {0xE31, 0xE31},
+    {0xE34, 0xE3A},   {0xE47, 0xE4E},   {0x1160, 0x11FF}, {0x1AB0, 0x1AFF},   {0x1DC0, 0x1DFF},
+    {0x200B, 0x200D}, {0x2060, 0x2064}, {0x20D0, 0x20FF}, {0x302A, 0x302D},   {0x3099, 0x309A},
+    {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F}, {0xFEFF, 0xFEFF}, {0x1F3FB, 0x1F3FF}, {0xE0100, 0xE01EF},
+};
+
+constexpr CodeRange wide[] = {
+    {0x1100, 0x115F},   {0x2329, 0x232A},   {0x2E80, 0x303E},   {0x3041, 0xA4CF},
+    {0xA960, 0xA97F},   {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE10, 0xFE19},
+    {0xFE30, 0xFE6F},   {0xFF01, 0xFF60},   {0xFFE0, 0xFFE6},   {0x1F300, 0x1F64F},
+    {0x1F680, 0x1F6FF}, {0x1F900, 0x1F9FF}, {0x20000, 0x2FFFD}, {0x30000, 0x3FFFD},
+};
+
+// What moves the cursor, starts an escape sequence, or makes a line read other than it is written.
+constexpr CodeRange unshowable[] = {
+    {0x0, 0x1F}, {0x7F, 0x9F}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}, {0x61C, 0x61C},
+};
+
+template <std::size_t Count>
+bool is_in(std::uint32_t code, const CodeRange (&ranges)[Count]) {
+  return std::any_of(std::begin(ranges), std::end(ranges), [code](const CodeRange& range) {
+    return code >= range.first && code <= range.last;
+  });
+}
+
+std::uint8_t byte_at(std::string_view text, std::size_t index) {
+  return static_cast<std::uint8_t>(text[index]);
+}
+
+bool is_continuation(std::uint8_t byte) {
+  return (byte & 0xC0U) == 0x80U;
+}
+
+std::size_t announced_length(std::uint8_t lead) {
+  if (lead >= 0xC2U && lead <= 0xDFU) {
+    return 2;
+  }
+  if (lead >= 0xE0U && lead <= 0xEFU) {
+    return 3;
+  }
+  return lead >= 0xF0U && lead <= 0xF4U ? 4 : 0;
 }
 
 // Returns the length of the well-formed UTF-8 sequence that a text begins with, 0 for none.
 std::size_t sequence_length(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text[0]);
-  std::size_t length = 0;
+  const std::uint8_t lead = byte_at(text, 0);
   if (lead < 0x80U) {
     return 1;
   }
-  if (lead >= 0xC2U && lead <= 0xDFU) {
-    length = 2;
-  } else if (lead >= 0xE0U && lead <= 0xEFU) {
-    length = 3;
-  } else if (lead >= 0xF0U && lead <= 0xF4U) {
-    length = 4;
-  }
+  const std::size_t length = announced_length(lead);
   if (length == 0 || text.size() < length) {
     return 0;
   }
   for (std::size_t i = 1; i < length; ++i) {
-    if (!is_continuation(text[i])) {
+    if (!is_continuation(byte_at(text, i))) {
       return 0;
     }
   }
   // Overlong forms, surrogates and what lies beyond Unicode.
-  const auto second = static_cast<unsigned char>(text[1]);
+  const std::uint8_t second = byte_at(text, 1);
   const bool malformed = (lead == 0xE0U && second < 0xA0U) || (lead == 0xEDU && second > 0x9FU) ||
                          (lead == 0xF0U && second < 0x90U) || (lead == 0xF4U && second > 0x8FU);
   return malformed ? 0 : length;
 }
 
-bool is_control(std::string_view character) {
-  const auto byte = static_cast<unsigned char>(character[0]);
-  return byte < 0x20U || byte == 0x7FU ||
-         (byte == 0xC2U && static_cast<unsigned char>(character[1]) < 0xA0U);
+std::uint32_t code_of(std::string_view character) {
+  constexpr std::array<std::uint32_t, 5> lead_bits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+  std::uint32_t code = byte_at(character, 0) & lead_bits[character.size()];
+  for (std::size_t i = 1; i < character.size(); ++i) {
+    code = code << 6U | (byte_at(character, i) & 0x3FU);
+  }
+  return code;
 }
 
 // Calls `use` for each character; one that is not well formed is empty.
@@ -55,11 +99,22 @@ void for_each_character(std::string_view text, Use use) {
   while (!text.empty()) {
     const std::size_t length = sequence_length(text);
     use(text.substr(0, length));
-    text.remove_prefix(length == 0 ? 1 : length);
+    text.remove_prefix(std::max<std::size_t>(length, 1));
   }
 }
 
 }  // namespace
+
+std::size_t character_length(std::string_view text) {
+  return std::max<std::size_t>(sequence_length(text), 1);
+}
+
+std::size_t next_character(std::string_view text, std::size_t at) {
+  while (at < text.size() && is_continuation(byte_at(text, at))) {
+    ++at;
+  }
+  return at;
+}
 
 std::size_t count_code_points(std::string_view text) {
   std::size_t count = 0;
@@ -68,11 +123,18 @@ std::size_t count_code_points(std::string_view text) {
 }
 
 std::size_t display_width(std::string_view text) {
-  // fmt pads to a width in columns, so what it adds to an empty text and to this one differs by
-  // this one's width.
-  const std::string shown = displayable(text);
-  const std::size_t room = 2 * shown.size();
-  return room - (fmt::formatted_size("{:<{}}", shown, room) - shown.size());
+  std::size_t width = 0;
+  for_each_character(text, [&](std::string_view character) {
+    const std::uint32_t code = character.empty() ? 0 : code_of(character);
+    if (code == '\t') {
+      width += tab_blanks.size();
+    } else if (is_in(code, unshowable)) {
+      width += 1;
+    } else if (!is_in(code, zero_width)) {
+      width += is_in(code, wide) ? 2 : 1;
+    }
+  });
+  return width;
 }
 
 std::string displayable(std::string_view text) {
@@ -81,13 +143,25 @@ std::string displayable(std::string_view text) {
   for_each_character(text, [&](std::string_view character) {
     if (character == "\t") {
       shown += tab_blanks;
-    } else if (character.empty() || is_control(character)) {
+    } else if (character.empty() || is_in(code_of(character), unshowable)) {
       shown += replacement;
     } else {
       shown += character;
     }
   });
   return shown;
+}
+
+std::string abridged(std::string_view text) {
+  constexpr std::size_t longest = 2000;
+  constexpr std::size_t head = 800;
+  constexpr std::size_t tail = 200;
+  if (text.size() <= longest) {
+    return std::string(text);
+  }
+  std::string shorter(text.substr(0, next_character(text, head)));
+  shorter += " ... ";
+  return shorter.append(text.substr(next_character(text, text.size() - tail)));
 }
 
 }  // namespace kelp::app

@@ -106,16 +106,6 @@ Names nested_entry_names(const InputSchema& schema, std::string_view module,
   });
 }
 
-Names modules_with_entry(const InputSchema& schema, std::string_view entry) {
-  Names modules;
-  for (std::string& module : schema.known_modules()) {
-    if (schema.is_known_entry(module, entry)) {
-      modules.push_back(std::move(module));
-    }
-  }
-  return modules;
-}
-
 std::string expected_value(const EntrySchemaInfo& info) {
   if (!info.allowed.empty()) {
     return quoted_choice(info.allowed);

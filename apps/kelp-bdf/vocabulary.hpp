@@ -15,10 +15,6 @@ std::vector<std::string> entry_names(const input::bdf::InputSchema& schema,
 std::vector<std::string> nested_entry_names(const input::bdf::InputSchema& schema,
                                             std::string_view module, std::string_view entry);
 
-/// Returns the modules that have an entry of that name.
-std::vector<std::string> modules_with_entry(const input::bdf::InputSchema& schema,
-                                            std::string_view entry);
-
 /// Says in words which values a description asks for, for example "an integer of at least 1"; empty
 /// when it accepts anything.
 std::string expected_value(const input::bdf::EntrySchemaInfo& info);
