@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace kelp::test {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::StartsWith;
+using ::testing::MatchesRegex;
 
 TEST(Usage, HelpListsTheCommandsAndOptions) {
   for (const char* const option : {"-h", "--help"}) {
@@ -23,18 +24,95 @@ TEST(Usage, HelpListsTheCommandsAndOptions) {
     EXPECT_THAT(outcome.out, HasSubstr("Usage: kelp-bdf"));
     EXPECT_THAT(outcome.out, HasSubstr("check"));
     EXPECT_THAT(outcome.out, HasSubstr("--schema FILE"));
+    EXPECT_THAT(outcome.out, HasSubstr("--version"));
   }
 }
 
 TEST(Usage, HelpOfACommandListsItsOptions) {
-  Program program;
-  const Outcome outcome = program.run({"check", "--help"});
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(outcome.err, "");
-  EXPECT_THAT(outcome.out, HasSubstr("kelp-bdf check"));
-  EXPECT_THAT(outcome.out, HasSubstr("--unknown"));
-  EXPECT_THAT(outcome.out, HasSubstr("--strict"));
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"check", "--help"},
+                                                    {"check", "-h"},
+                                                    {"check", "a.inp", "--help"}}) {
+    Program program;
+    const Outcome outcome = program.run(arguments);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    for (const char* const text :
+         {"kelp-bdf check", "--unknown", "--strict", "--format", "--schema", "--stdin-filename"}) {
+      EXPECT_THAT(outcome.out, HasSubstr(text));
+    }
+  }
 }
+
+TEST(Usage, VersionNamesProgramLibraryAndSchema) {
+  Program program;
+  program.write("own.yaml",
+                "schema_version: 7\nmetadata:\n  bdf_version: '2030.02'\nmodules: {}\n");
+  program.set_variable("KELP_BDF_INP_SCHEMA_YAML", "own.yaml");
+  const Outcome outcome = program.run({"--version"});
+  EXPECT_THAT(outcome.out, MatchesRegex("kelp-bdf [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                        "libkelp_bdf_inp [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                        "schema own\\.yaml \\(version 7, BDF 2030\\.02\\)\n"));
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST(Usage, VersionNamesTheSchemaGivenByOption) {
+  Program program;
+  program.write("own.yaml", "schema_version: 3\nmodules: {}\n");
+  const Outcome outcome = program.run({"--schema", "own.yaml", "--version"});
+  EXPECT_THAT(outcome.out, HasSubstr("schema own.yaml (version 3"));
+}
+
+TEST(Usage, VersionSaysWhyThereIsNoSchema) {
+  Program program;
+  const Outcome outcome = program.run({"--schema", "missing.yaml", "--version"});
+  EXPECT_THAT(outcome.out, HasSubstr("kelp-bdf "));
+  EXPECT_THAT(outcome.out, HasSubstr("no schema: "));
+  EXPECT_THAT(outcome.out, HasSubstr("missing.yaml"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+struct Row {
+  std::vector<std::string> arguments;
+  std::string answer;
+};
+
+void PrintTo(const Row& row, std::ostream* stream) {
+  for (const std::string& argument : row.arguments) {
+    *stream << argument << ' ';
+  }
+}
+
+class WrongUsage : public ::testing::TestWithParam<Row> {};
+
+TEST_P(WrongUsage, GetsOneLineAndStatusTwo) {
+  Program program;
+  const Outcome outcome = program.run(GetParam().arguments);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "kelp-bdf: " + GetParam().answer + "\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
+const Row rows[] = {
+    {{}, "no command given; 'kelp-bdf --help' lists them"},
+    {{"chek", "a.inp"}, "unknown command 'chek'; did you mean 'check'?"},
+    {{"wibble"}, "unknown command 'wibble'"},
+    {{"--strict"}, "unknown option '--strict'"},
+    {{"--shcema", "x", "check"}, "unknown option '--shcema'; did you mean '--schema'?"},
+    {{"check", "--strikt", "a.inp"}, "unknown option '--strikt'; did you mean '--strict'?"},
+    {{"check", "--unknwon=warn", "a.inp"}, "unknown option '--unknwon'; did you mean '--unknown'?"},
+    {{"check", "-x", "a.inp"}, "unknown option '-x'"},
+    {{"check", "--\x1B[31m", "a.inp"}, "unknown option '--\xEF\xBF\xBD[31m'"},
+    {{"check"}, "input is required; see 'kelp-bdf check --help'"},
+    {{"check", "a.inp", "--schema"},
+     "option '--schema' needs a value; see 'kelp-bdf check --help'"},
+    {{"check", "--unknown", "maybe", "a.inp"},
+     "--unknown: maybe not in {error,warn,ignore}; see 'kelp-bdf check --help'"},
+    {{"--color=pink", "check"},
+     "--color: pink not in {auto,always,never}; see 'kelp-bdf check --help'"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, WrongUsage, ::testing::ValuesIn(rows));
 
 }  // namespace
 }  // namespace kelp::test
