@@ -358,8 +358,8 @@ class DescriptionCheck {
 bool check_description_form(const YAML::Node& map, Problems& problems, ExpansionBudget& budget) {
   FormCheck form(problems, budget);
   bool good = form.check_map(map, description_rules, "an entry");
-  const YAML::Node row = map["row"];
-  if (row && row.IsMap()) {
+  const YAML::Node row = map.IsMap() ? map["row"] : YAML::Node();
+  if (row.IsDefined() && row.IsMap()) {
     good = form.check_map(row, row_rules, "a row") && good;
   }
   return good;

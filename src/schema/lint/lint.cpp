@@ -231,7 +231,7 @@ std::vector<SchemaProblem> lint_schema(std::string_view yaml) {
   try {
     lint::check_documents(YAML::LoadAll(text), text.size(), problems);
     lint::try_to_read(text, problems);
-  } catch (const YAML::Exception& error) {
+  } catch (const YAML::ParserException& error) {
     problems.error_at("schema.malformed_yaml", error.mark, "This is no YAML: " + error.msg + ".");
   } catch (const std::runtime_error& error) {
     problems.error_at("schema.unreadable", YAML::Mark::null_mark(),
