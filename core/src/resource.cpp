@@ -74,7 +74,8 @@ bool is_regular_file_path(const std::string& path) {
 
 std::string locate_file(const std::string& relative, const std::string& hint,
                         const std::vector<std::string>& extra, int limit) {
-  const stdfs::path wanted = path_from_utf8(relative);
+  stdfs::path wanted = path_from_utf8(relative);
+  wanted.make_preferred();
   for (const stdfs::path& folder : starting_folders(hint)) {
     if (const auto found = find_upwards(folder, wanted, limit)) {
       return utf8_from_path(*found);
