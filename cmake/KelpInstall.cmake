@@ -46,10 +46,25 @@ install(FILES
 # pkg-config kelp_bdf_inp
 file(RELATIVE_PATH pkgconfig_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" pkgconfig_to_prefix ${pkgconfig_to_prefix})
+if(NOT WIN32)
+  # A DLL holds it.
+  set(pkgconfig_requires yaml-cpp)
+endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kelp_bdf_inp.pc.in kelp_bdf_inp.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/kelp_bdf_inp.pc DESTINATION ${pkgconfig_dir})
 
-# cpack -G TGZ, cpack -G DEB
+if(MINGW)
+  # The compiler's runtime: the library and its host must share one, so it comes along.
+  foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+      OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(IS_ABSOLUTE "${runtime}")
+      install(FILES ${runtime} DESTINATION ${CMAKE_INSTALL_BINDIR})
+    endif()
+  endforeach()
+endif()
+
+# cpack -G TGZ, cpack -G DEB, cpack -G ZIP
 set(CPACK_PACKAGE_NAME kelp-bdf-inp)
 set(CPACK_PACKAGE_VENDOR "The Kelp developers")
 set(CPACK_PACKAGE_CONTACT "The Kelp developers <kelp@localhost>")

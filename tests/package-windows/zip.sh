@@ -1,0 +1,91 @@
+#!/usr/bin/env bash
+# zip.sh CONSUMER: makes the ZIP package, unpacks it into a folder with blanks and Chinese letters in
+# its name, builds a program against it and runs that and the command from other folders.
+set -euo pipefail
+
+consumer=$1
+prefix="$KELP_SCRATCH/用于 BDF 的 tools"
+work="$KELP_SCRATCH/work 文件夹"
+export KELP_WINEPATH="Z:${prefix//\//\\}\\bin"
+unset KELP_BDF_INP_SCHEMA_YAML
+
+die() {
+    echo "$*" >&2
+    exit 1
+}
+
+run() {
+    "$KELP_SOURCE/scripts/windows-emulator" "$@" </dev/null
+}
+
+make_package() {
+    rm -rf -- "$KELP_SCRATCH"
+    mkdir -p -- "$KELP_SCRATCH/zip" "$work"
+    cpack -G ZIP --config "$KELP_BUILD/CPackConfig.cmake" -B "$KELP_SCRATCH/zip" >/dev/null
+    (cd -- "$KELP_SCRATCH/zip" && cmake -E tar xf ./*.zip)
+    mv -- "$KELP_SCRATCH"/zip/kelp-bdf-inp-*/ "$prefix"
+}
+
+expect_contents() {
+    local file
+    for file in bin/{kelp_bdf_inp.dll,kelp-bdf.exe} \
+        bin/{libstdc++-6,libgcc_s_seh-1,libwinpthread-1}.dll lib/libkelp_bdf_inp.dll.a \
+        include/kelp/input/bdf.hpp include/kelp/input/bdf/schema.hpp \
+        lib/cmake/kelp_bdf_inp/kelp_bdf_inp-config.cmake share/kelp/schemas/input/bdf.yaml; do
+        [[ -f $prefix/$file ]] || die "the package lacks $file"
+    done
+    # Paths of the build would be of no use to anybody, and tell where it was made.
+    if grep -rlF -- "$KELP_SOURCE" "$prefix"; then
+        die "the files above name the folder of the build"
+    fi
+}
+
+build_consumer() {
+    cmake -G Ninja -S "$consumer" -B "$KELP_SCRATCH/consumer" -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_TOOLCHAIN_FILE="$KELP_SOURCE/cmake/mingw-w64.cmake" \
+        -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
+    cmake --build "$KELP_SCRATCH/consumer"
+}
+
+# It reads, edits and writes in the current folder, with names that no code page holds.
+run_consumer() {
+    cat >"$work/Wasser 水.inp" <<'END'
+$compass
+basis
+  cc-pvdz
+$end
+$scf
+rhf
+charge
+  0
+$end
+END
+    (cd -- "$work" && run "$KELP_SCRATCH/consumer/consumer.exe")
+    diff - "$work/结果.inp" <<'END'
+$compass
+  basis
+    cc-pvdz
+$end
+$scf
+  rhf
+  charge
+    1
+  spinmulti
+    2
+$end
+END
+    [[ $(ls -A -- "$work") == $'Wasser 水.inp\n结果.inp' ]] || die "files were left: $(ls -A "$work")"
+}
+
+run_command() {
+    (cd -- "$work" && run "$prefix/bin/kelp-bdf.exe" check "结果.inp") ||
+        die "kelp-bdf finds faults in a correct input"
+    (cd / && ! run "$prefix/bin/kelp-bdf.exe" check "Z:$work/no such 文.inp" 2>/dev/null) ||
+        die "kelp-bdf passes a file that is not there"
+}
+
+make_package
+expect_contents
+build_consumer
+run_consumer
+run_command
