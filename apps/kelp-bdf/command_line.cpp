@@ -10,10 +10,13 @@
 #include "common_options.hpp"
 #include "explain.hpp"
 #include "format.hpp"
+#include "get.hpp"
 #include "kelp/input/bdf/version.hpp"
 #include "output.hpp"
 #include "schema.hpp"
 #include "session.hpp"
+#include "set.hpp"
+#include "show.hpp"
 #include "similar.hpp"
 
 namespace kelp::app {
@@ -132,6 +135,9 @@ void describe(CLI::App& app, Session& session, bool& show_version) {
   add_common_options(app, session.options);
   add_check(app, session);
   add_format(app, session);
+  add_set(app, session);
+  add_get(app, session);
+  add_show(app, session);
   add_explain(app, session);
   add_schema(app, session);
 }

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "line_diff.hpp"
+#include "line_index.hpp"
 #include "make_finding.hpp"
 #include "reading.hpp"
 
@@ -68,9 +69,7 @@ class Comparison {
       departures_.push_back({kind, piece.part, {}, moves ? "would move" : "would be lost", {}});
     }
     Departure& departure = departures_.back();
-    const std::string_view text =
-        before_.source.line(departure.part.line)
-            .substr(departure.part.begin, departure.part.end - departure.part.begin);
+    const std::string_view text = before_.source.text_of(departure.part);
     departure.message = moves ? fmt::format("The canonical form has '{}' at another place.", text)
                               : fmt::format("The canonical form does not carry '{}'.", text);
   }
@@ -93,20 +92,18 @@ std::string_view code_of(DepartureKind kind) {
   }
 }
 
-Finding finding_of(const Departure& departure, const CheckedInput& input) {
+Finding finding_of(const Departure& departure, const CheckedInput& input, const LineIndex& lines) {
   Finding finding;
   finding.file = input.name;
   finding.code = code_of(departure.kind);
   finding.severity = ValidationSeverity::Error;
   finding.message = departure.message;
-  finding.range = input.source.range(departure.part);
-  finding.source_line = input.source.line(departure.part.line);
-  finding.source_line_byte = finding.range->start.byte - departure.part.begin;
+  place_finding(finding, input.source, departure.part);
   finding.label = departure.label;
   if (!departure.help.empty()) {
     finding.help.push_back(departure.help);
   }
-  finding.path = path_of(input.result.data, find_place(input.result.data, departure.part.line));
+  finding.path = lines.path(lines.place(departure.part.line));
   return finding;
 }
 
@@ -121,9 +118,10 @@ std::vector<Finding> find_departures(const CheckedInput& before, const CheckedIn
     return std::pair(left.part.line, left.part.begin) <
            std::pair(right.part.line, right.part.begin);
   });
+  const LineIndex lines(before.result.data);
   std::vector<Finding> findings;
   for (const Departure& departure : departures) {
-    findings.push_back(finding_of(departure, before));
+    findings.push_back(finding_of(departure, before, lines));
   }
   return findings;
 }
@@ -133,16 +131,18 @@ std::vector<Finding> find_added_errors(const CheckedInput& before, const Checked
   for (const ValidationIssue& issue : before.schema.validate(before.result.data, {})) {
     ++known[{issue.code, issue.message}];
   }
+  FindingMaker maker(after);
   std::vector<Finding> findings;
   for (const ValidationIssue& issue : after.schema.validate(after.result.data, {})) {
     if (issue.severity != ValidationSeverity::Error) {
       continue;
     }
+    Finding finding = maker.make(issue);
     std::size_t& count = known[{issue.code, issue.message}];
     if (count > 0) {
       --count;
     } else {
-      findings.push_back(make_finding(issue, after));
+      findings.push_back(std::move(finding));
     }
   }
   return findings;

@@ -33,11 +33,14 @@ void print(std::string_view text) {
   }
 }
 
-void complain(std::string_view text) {
+void print_aside(std::string_view text) {
   // Both streams may lead to one place, where the order tells what the text is about.
   flush();
-  const std::string line = "kelp-bdf: " + displayable(text) + '\n';
-  std::fwrite(line.data(), 1, line.size(), stderr);
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+void complain(std::string_view text) {
+  print_aside("kelp-bdf: " + displayable(text) + '\n');
 }
 
 bool output_ended() {

@@ -10,6 +10,9 @@ namespace kelp::app {
 /// `output_failed`.
 void print(std::string_view text);
 
+/// Writes to standard error, behind all that was printed before.
+void print_aside(std::string_view text);
+
 /// Writes "kelp-bdf: text" and a line end to standard error, in a form that is safe to show.
 void complain(std::string_view text);
 

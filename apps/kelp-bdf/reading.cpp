@@ -46,9 +46,7 @@ class Reader {
   }
 
  private:
-  std::string_view text(const LinePart& part) const {
-    return source_.line(part.line).substr(part.begin, part.end - part.begin);
-  }
+  std::string_view text(const LinePart& part) const { return source_.text_of(part); }
 
   void add(std::string_view prefix, std::string_view meaning, const LinePart& part) {
     reading_.pieces.push_back({fmt::format("{} {}", prefix, meaning), part});

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
@@ -27,9 +26,7 @@ void report_reasons(std::vector<Finding>& reasons, const RewriteOptions& options
     if (options.force) {
       reason.severity = ValidationSeverity::Warning;
     }
-    const std::string text =
-        options.format == "human" ? human_report(reason, colour) : concise_report(reason);
-    std::fwrite(text.data(), 1, text.size(), stderr);
+    print_aside(options.format == "human" ? human_report(reason, colour) : concise_report(reason));
   }
 }
 

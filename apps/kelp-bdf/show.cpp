@@ -1,0 +1,78 @@
+#include "show.hpp"
+
+#include <exception>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "canonical_form.hpp"
+#include "checked_input.hpp"
+#include "common_options.hpp"
+#include "outline.hpp"
+#include "output.hpp"
+#include "sources.hpp"
+
+namespace kelp::app {
+namespace {
+
+struct ShowOptions {
+  std::vector<std::string> inputs;
+  bool json = false;
+};
+
+Outline outline_of(const Source& source, const input::bdf::InputSchema& schema) {
+  const CheckedInput input(source.name, read_source(source), schema);
+  if (is_empty_input(input)) {
+    throw std::runtime_error(source.name + ": there is nothing to show: " + input.result.error);
+  }
+  return make_outline(input);
+}
+
+ExitStatus show(const ShowOptions& options, Session& session) {
+  ExitStatus status = ExitStatus::Success;
+  const auto fail = [&](const std::string& error) {
+    complain(error);
+    status = ExitStatus::Failure;
+  };
+  const input::bdf::InputSchema& schema = session.schema();
+  const Sources sources = expand_sources(options.inputs, session.options);
+  for (const std::string& error : sources.errors) {
+    fail(error);
+  }
+  std::vector<Outline> outlines;
+  for (const Source& source : sources.list) {
+    try {
+      outlines.push_back(outline_of(source, schema));
+    } catch (const std::exception& error) {
+      fail(error.what());
+    }
+  }
+  if (options.json) {
+    print(outline_json(outlines));
+    return status;
+  }
+  for (const Outline& outline : outlines) {
+    print((&outline == &outlines.front() ? "" : "\n") + outline_text(outline));
+  }
+  return status;
+}
+
+}  // namespace
+
+void add_show(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<ShowOptions>();
+  CLI::App* const command = app.add_subcommand("show", "Print an outline");
+  command
+      ->add_option("input", options->inputs,
+                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
+      ->required()
+      ->type_name("FILE|DIR|-");
+  command->add_flag("--json", options->json, "Print one JSON document");
+  add_common_options(*command, session.options);
+  command->callback([options, &session] {
+    session.run = [options, &session] { return show(*options, session); };
+  });
+}
+
+}  // namespace kelp::app

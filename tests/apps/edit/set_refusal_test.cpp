@@ -1,0 +1,169 @@
+// Changes that are refused leave the file as it is, byte for byte.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/program.hpp"
+
+namespace kelp::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+struct Row {
+  const char* what;
+  std::vector<std::string> arguments;
+  const char* text;
+  const char* message;
+};
+
+const char* const two_modules = "$scf\n  charge\n    0\n$end\n$scf\n$end\n";
+
+const Row impossible[] = {
+    {"a number that skips one",
+     {"scf#4.charge=1"},
+     two_modules,
+     "kelp-bdf: a.inp: cannot change 'scf#4.charge': there are 2 $scf, so that the next one is "
+     "scf#3\n"},
+    {"a path without a value",
+     {"scf.charge"},
+     two_modules,
+     "kelp-bdf: 'scf.charge' is no PATH=VALUE; write 'scf.charge=' for a keyword without a "
+     "value\n"},
+    {"a malformed path",
+     {"scf#x.charge=1"},
+     two_modules,
+     "kelp-bdf: 'scf#x.charge' is no path: 'x' is no number of a module, counted from 1; paths "
+     "look like scf.charge, scf#2.charge, easy.charge or geometry\n"},
+    {"a module",
+     {"scf=1"},
+     two_modules,
+     "kelp-bdf: a.inp: cannot change 'scf': it names a module; a value belongs to one of its "
+     "entries\n"},
+    {"the geometry",
+     {"geometry=x"},
+     two_modules,
+     "kelp-bdf: a.inp: cannot change 'geometry': atoms come from a file: --geometry FILE.xyz\n"},
+    {"an entry of a block",
+     {"scf.block.x=1"},
+     two_modules,
+     "kelp-bdf: a.inp: cannot change 'scf.block.x': entries within a block can be read, but not "
+     "set\n"},
+    {"a flag with a value",
+     {"scf.rhf=1"},
+     two_modules,
+     "kelp-bdf: a.inp: cannot change 'scf.rhf': it takes no value; write scf.rhf=\n"},
+    {"two lines for one",
+     {"scf.charge=1\\n2"},
+     two_modules,
+     "kelp-bdf: a.inp: cannot change 'scf.charge': it takes one line, not 2\n"},
+    {"nothing to take out",
+     {"--unset", "scf.chrage"},
+     two_modules,
+     "kelp-bdf: a.inp: nothing at 'scf.chrage' to take out; did you mean 'charge'?\n"},
+    {"no such module to take out",
+     {"--unset", "scf#3"},
+     two_modules,
+     "kelp-bdf: a.inp: nothing at 'scf#3' to take out\n"},
+    {"nothing at all",
+     {},
+     two_modules,
+     "kelp-bdf: nothing to set; name a PATH=VALUE or one of the options\n"},
+    {"an empty input",
+     {"scf.charge=1"},
+     "# nothing\n",
+     "kelp-bdf: a.inp: there is nothing to change: BDF input is empty\n"},
+};
+
+TEST(SetRefuses, WhatIsImpossibleEvenWhenForced) {
+  for (const Row& row : impossible) {
+    Program program;
+    program.write("a.inp", row.text);
+    std::vector<std::string> arguments = {"set", "--force", "-i", "a.inp"};
+    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+    const Outcome outcome = program.run(arguments);
+    EXPECT_EQ(outcome.status, 2) << row.what;
+    EXPECT_EQ(outcome.out, "") << row.what;
+    EXPECT_EQ(outcome.err, row.message) << row.what;
+    EXPECT_EQ(program.read("a.inp"), row.text) << row.what;
+  }
+}
+
+const Row doubtful[] = {
+    {"a value that adds an error", {"scf.charge=one"}, two_modules, "[bdf.invalid_module_value]"},
+    {"a value that ends the module",
+     {"compass.basis=a\\n$end\\nb"},
+     "$compass\n$end\n",
+     "[bdf.edit_value]"},
+    {"a value that is a keyword", {"scf.charge=rhf"}, "$scf\n$end\n", "[bdf.edit_value]"},
+    {"a remark elsewhere that would be lost",
+     {"scf.charge=1"},
+     "$scf\n  rhf # restricted\n$end\n",
+     "a.inp:2:7: error: The canonical form does not carry the "
+     "remark behind 'rhf'. [bdf.format_loss]\n"},
+    {"an unknown keyword whose old values cannot be told",
+     {"scf.nosuch=2"},
+     "$scf\n  nosuch\n    1\n$end\n",
+     "[bdf.edit_value]"},
+};
+
+TEST(SetRefuses, WhatWouldDoHarm) {
+  for (const Row& row : doubtful) {
+    Program program;
+    program.write("a.inp", row.text);
+    std::vector<std::string> arguments = {"set", "-i", "--format", "concise", "a.inp"};
+    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+    const Outcome outcome = program.run(arguments);
+    EXPECT_EQ(outcome.status, 2) << row.what;
+    EXPECT_EQ(outcome.out, "") << row.what;
+    EXPECT_THAT(outcome.err, HasSubstr(row.message)) << row.what;
+    EXPECT_THAT(outcome.err, HasSubstr("kelp-bdf: 'a.inp' is left as it is; --force")) << row.what;
+    EXPECT_EQ(program.read("a.inp"), row.text) << row.what;
+    arguments.emplace_back("--force");
+    const Outcome forced = program.run(arguments);
+    EXPECT_EQ(forced.status, 0) << row.what;
+    EXPECT_THAT(forced.err, HasSubstr(": warning: ")) << row.what;
+    EXPECT_THAT(forced.err, Not(HasSubstr(": error: "))) << row.what;
+    EXPECT_NE(program.read("a.inp"), row.text) << row.what;
+  }
+}
+
+TEST(SetRefuses, NoErrorThatWasThereBefore) {
+  Program program;
+  const Outcome outcome = program.run({"set", "-", "scf.rhf="}, "$scf\n  charge\n    none\n$end\n");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, "$scf\n  charge\n    none\n  rhf\n$end\n");
+}
+
+TEST(SetRefuses, ARepeatedErrorThatIsRepeatedOnceMore) {
+  Program program;
+  const Outcome outcome = program.run({"set", "-", "scf#2.charge=none"},
+                                      "$scf\n  charge\n    none\n$end\n$scf\n$end\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
+TEST(SetRefuses, NothingThatGoesAwayWithTheChange) {
+  Program program;
+  const Outcome outcome = program.run({"set", "-", "--unset", "scf.charge", "--unset", "mp2"},
+                                      "$scf\n  charge # x\n  0\n$end\n$mp2\n$end\n");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, "$scf\n$end\n");
+}
+
+TEST(SetRefuses, AMissingFileAndAFolder) {
+  Program program;
+  program.write("folder/a.inp", two_modules);
+  for (const char* const name : {"missing.inp", "folder"}) {
+    const Outcome outcome = program.run({"set", "-i", name, "scf.charge=1"});
+    EXPECT_EQ(outcome.status, 2) << name;
+    EXPECT_THAT(outcome.err, HasSubstr(name)) << name;
+  }
+  EXPECT_EQ(program.read("folder/a.inp"), two_modules);
+}
+
+}  // namespace
+}  // namespace kelp::test
