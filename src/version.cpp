@@ -2,6 +2,8 @@
 
 namespace kelp::input::bdf {
 
-const char* library_version() noexcept { return KELP_BDF_INP_VERSION; }
+const char* library_version() noexcept {
+  return KELP_BDF_INP_VERSION;
+}
 
 }  // namespace kelp::input::bdf
