@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
 
+#include "header_words.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "line_roles.hpp"
@@ -141,58 +141,38 @@ class Reader {
            "would move", "put it before the header");
   }
 
+  // Lines come in their order, as the words do.
   void read_header(std::size_t line) {
     std::size_t at = 0;
-    for (const EasyToken& token : data_.easy_tokens) {
+    bool remark = false;
+    for (; next_token_ < data_.easy_tokens.size(); ++next_token_) {
+      const EasyToken& token = data_.easy_tokens[next_token_];
       if (static_cast<std::size_t>(token.location->line) != line) {
+        break;
+      }
+      if (remark) {
         continue;
       }
-      const LinePart part = find_token(line, at, token.text);
+      const LinePart part = find_header_word(source_, line, at, token.text);
       const std::size_t hash = text(part).find('#');
-      if (hash != std::string_view::npos) {
-        return read_header_remark({line, part.begin, part.begin + hash});
+      remark = hash != std::string_view::npos;
+      if (remark) {
+        read_header_remark({line, part.begin, part.begin + hash});
+      } else {
+        read_header_word(part, token.text);
       }
-      read_header_word(part, token.text);
       at = part.end;
     }
   }
 
-  // The pieces of "key = value" may stand apart on the line.
-  LinePart find_token(std::size_t line, std::size_t from, std::string_view token) const {
-    const std::string_view whole = source_.line(line);
-    LinePart part = source_.trimmed({line, from, whole.size()});
-    part.end = part.begin;
-    for (std::size_t found = 0; found < token.size() && part.end < whole.size(); ++part.end) {
-      found += core::text::is_space(whole[part.end]) ? 0 : 1;
-    }
-    return part;
-  }
-
   void read_header_word(const LinePart& part, std::string_view token) {
     const std::string canonical = input_.schema.canonical_easy_token(token);
-    if (canonical == token || is_known(token)) {
+    if (canonical == token || knows_all_names(input_.schema, token)) {
       return add("header", canonical, part);
     }
     depart(DepartureKind::Loss, part,
            fmt::format("The canonical form writes '{}' as '{}'.", token, canonical),
            "would be written in lower case", "the schema does not know it, so its case may matter");
-  }
-
-  // Tells whether the schema knows all names in a word, so that their case says nothing.
-  bool is_known(std::string_view token) const {
-    const input::bdf::InputSchema& schema = input_.schema;
-    if (schema.easy_token_category(token) != "method_spec") {
-      return schema.is_known_easy_token(token);
-    }
-    for (std::string_view rest = token; !rest.empty();) {
-      const std::string_view name = rest.substr(0, rest.find('/'));
-      if (!schema.is_known_method(name) && !schema.is_known_functional(name) &&
-          !schema.is_known_basis(name) && core::text::to_lower(name) != name) {
-        return false;
-      }
-      rest.remove_prefix(std::min(rest.size(), name.size() + 1));
-    }
-    return true;
   }
 
   // A word with a remark glued to it loses the remark. A remark that stands apart is kept, and on
@@ -309,6 +289,7 @@ class Reader {
   const CheckedInput& input_;
   const SourceText& source_;
   const BDFData& data_;
+  std::size_t next_token_ = 0;
   Reading reading_;
 };
 
