@@ -131,10 +131,12 @@ void add_check(CLI::App& app, Session& session) {
       ->type_name("FILE|DIR|-");
   command->add_option("--unknown", options->unknown, "What unknown names are: error, warn, ignore")
       ->check(CLI::IsMember({"error", "warn", "ignore"}))
-      ->capture_default_str();
+      ->capture_default_str()
+      ->take_last();
   command->add_option("--format", options->format, "human or concise (a line for each finding)")
       ->check(CLI::IsMember({"human", "concise"}))
-      ->capture_default_str();
+      ->capture_default_str()
+      ->take_last();
   command->add_flag("--strict", options->strict, "Let warnings fail, too");
   add_common_options(*command, session.options);
   command->callback([options, &session] {

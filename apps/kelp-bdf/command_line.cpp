@@ -83,7 +83,7 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
   }
   // The parser's own text names the type: "--schema: 1 required FILE missing".
   std::string text = error.what();
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+  if (text.ends_with(" missing")) {
     text = fmt::format("option '{}' needs a value", text.substr(0, text.find(':')));
   }
   return fmt::format("{}; see '{} --help'", text, help_call(chosen_command(app)));

@@ -35,7 +35,7 @@ class FindingContext {
 /// A finding in the making.
 class FindingDraft {
  public:
-  FindingDraft(const input::bdf::ValidationIssue& issue, FindingContext& context);
+  FindingDraft(const input::bdf::ValidationIssue& about, FindingContext& known);
 
   const input::bdf::ValidationIssue& issue;
   FindingContext& context;

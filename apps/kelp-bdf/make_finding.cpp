@@ -4,6 +4,8 @@
 
 #include "make_finding.hpp"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
 
@@ -15,33 +17,37 @@ namespace {
 
 using input::bdf::ValidationIssue;
 
+struct Step {
+  std::string_view code;
+  void (*complete)(FindingDraft&);
+};
+
+constexpr auto steps = std::to_array<Step>({
+    {"bdf.invalid_easy_value", complete_header_value},
+    {"bdf.missing_method", complete_missing_method},
+    {"bdf.missing_geometry", complete_missing_geometry},
+    {"bdf.unterminated_geometry", complete_unterminated_geometry},
+    {"bdf.unknown_module", complete_unknown_module},
+    {"bdf.unterminated_module", complete_unterminated_module},
+    {"bdf.unknown_entry", complete_unknown_entry},
+    {"bdf.unknown_nested_entry", complete_unknown_nested_entry},
+    {"bdf.conflicting_entries", complete_conflict},
+    {"bdf.duplicate_entry", complete_duplicate_entry},
+    {"bdf.duplicate_module", complete_duplicate_module},
+    {"bdf.missing_entry_value", complete_missing_value},
+    {"bdf.unterminated_entry_block", complete_unterminated_block},
+    {"bdf.invalid_module_value", complete_invalid_value},
+});
+
 void complete(FindingDraft& draft) {
-  struct Step {
-    std::string_view code;
-    void (*complete)(FindingDraft&);
-  };
-  static constexpr Step steps[] = {
-      {"bdf.invalid_easy_value", complete_header_value},
-      {"bdf.missing_method", complete_missing_method},
-      {"bdf.missing_geometry", complete_missing_geometry},
-      {"bdf.unterminated_geometry", complete_unterminated_geometry},
-      {"bdf.unknown_module", complete_unknown_module},
-      {"bdf.unterminated_module", complete_unterminated_module},
-      {"bdf.unknown_entry", complete_unknown_entry},
-      {"bdf.unknown_nested_entry", complete_unknown_nested_entry},
-      {"bdf.conflicting_entries", complete_conflict},
-      {"bdf.duplicate_entry", complete_duplicate_entry},
-      {"bdf.duplicate_module", complete_duplicate_module},
-      {"bdf.missing_entry_value", complete_missing_value},
-      {"bdf.unterminated_entry_block", complete_unterminated_block},
-      {"bdf.invalid_module_value", complete_invalid_value},
-  };
-  for (const Step& step : steps) {
-    if (step.code == draft.issue.code) {
-      return step.complete(draft);
-    }
+  const auto step = std::find_if(steps.begin(), steps.end(), [&](const Step& candidate) {
+    return candidate.code == draft.issue.code;
+  });
+  if (step != steps.end()) {
+    step->complete(draft);
+  } else {
+    draft.mark_word(draft.line);
   }
-  draft.mark_word(draft.line);
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ class SourceText {
   void measure(std::string_view line);
   std::size_t byte_of(std::string_view line) const;
   std::size_t column(std::string_view line, std::size_t byte) const;
-  Position position(std::size_t line, std::size_t byte) const;
+  Position position(std::size_t number, std::size_t byte) const;
 
   std::string text_;
   std::vector<std::string_view> lines_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -9,101 +10,22 @@
 
 #include "schema/document_keys.hpp"
 #include "schema/entry_reader.hpp"
-#include "schema/lint/forms.hpp"
+#include "schema/lint/arity.hpp"
 #include "schema/lint/probe.hpp"
 #include "schema/normalize_key.hpp"
 
 namespace kelp::input::bdf::lint {
 namespace {
 
-constexpr std::array<KeyRule, 21> description_rules = {{
-    {"kind", Form::Text},
-    {"terminator", Form::Text},
-    {"value_type", Form::Text},
-    {"default", Form::Text},
-    {"allowed", Form::TextList},
-    {"min", Form::Number},
-    {"max", Form::Number},
-    {"min_exclusive", Form::Bool},
-    {"max_exclusive", Form::Bool},
-    {"arity", Form::Count},
-    {"min_arity", Form::Count},
-    {"max_arity", Form::Count},
-    {"allowed_arities", Form::CountList},
-    {"count_line", Form::Bool},
-    {"repeatable", Form::Bool},
-    {"row", Form::Map},
-    {"requires", Form::Requirements},
-    {"conflicts", Form::TextList},
-    {"aliases", Form::TextList},
-    {"entries", Form::Map},
-    {"category", Form::Text},
-}};
-
-constexpr std::array<KeyRule, 5> row_rules = {{
-    {"arity", Form::Count},
-    {"min_arity", Form::Count},
-    {"max_arity", Form::Count},
-    {"allowed_arities", Form::CountList},
-    {"types", Form::TextList},
-}};
-
-constexpr bool same_keys() {
-  for (std::size_t i = 0; i < description_keys.size(); ++i) {
-    if (description_keys[i] != description_rules[i].key) {
-      return false;
-    }
-  }
-  for (std::size_t i = 0; i < row_keys.size(); ++i) {
-    if (row_keys[i] != row_rules[i].key) {
-      return false;
-    }
-  }
-  return true;
-}
-static_assert(same_keys(), "the linter must know the keys that the reader reads");
-
-std::string quoted(std::string_view text) {
-  return "'" + std::string(text) + "'";
-}
-
 bool is_numeric(std::string_view type) {
   return type == "integer" || type == "float" || type == "number";
 }
 
 std::string short_number(double number) {
-  std::string text = std::to_string(number);
-  text.erase(text.find_last_not_of('0') + 1);
-  if (text.back() == '.') {
-    text.pop_back();
-  }
-  return text;
+  std::array<char, 32> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+  return std::string(buffer.data(), end.ptr);
 }
-
-/// Limits on a number of fields.
-struct Arity {
-  std::optional<std::uint64_t> exact;
-  std::optional<std::uint64_t> least;
-  std::optional<std::uint64_t> most;
-  std::vector<std::uint64_t> allowed;
-
-  bool allows(std::uint64_t count) const {
-    return (!exact || count == *exact) && (!least || count >= *least) &&
-           (!most || count <= *most) &&
-           (allowed.empty() || std::find(allowed.begin(), allowed.end(), count) != allowed.end());
-  }
-
-  bool is_possible() const {
-    if (exact) {
-      return allows(*exact);
-    }
-    if (!allowed.empty()) {
-      return std::any_of(allowed.begin(), allowed.end(),
-                         [this](std::uint64_t count) { return allows(count); });
-    }
-    return !least || !most || *least <= *most;
-  }
-};
 
 /// Checks one description for its meaning.
 class DescriptionCheck {
@@ -354,16 +276,6 @@ class DescriptionCheck {
 };
 
 }  // namespace
-
-bool check_description_form(const YAML::Node& map, Problems& problems, ExpansionBudget& budget) {
-  FormCheck form(problems, budget);
-  bool good = form.check_map(map, description_rules, "an entry");
-  const YAML::Node row = map.IsMap() ? map["row"] : YAML::Node();
-  if (row.IsDefined() && row.IsMap()) {
-    good = form.check_map(row, row_rules, "a row") && good;
-  }
-  return good;
-}
 
 void check_description(const YAML::Node& map, Described described, Problems& problems,
                        ExpansionBudget& budget) {

@@ -41,10 +41,6 @@ std::string_view form_text(Form form) {
   return {};
 }
 
-std::string quoted(std::string_view text) {
-  return "'" + std::string(text) + "'";
-}
-
 // Sentences begin with what they are about: a quoted key, or words.
 std::string capitalised(std::string_view text) {
   std::string result(text);

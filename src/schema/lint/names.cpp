@@ -8,10 +8,6 @@
 namespace kelp::input::bdf::lint {
 namespace {
 
-std::string quoted(std::string_view text) {
-  return "'" + std::string(text) + "'";
-}
-
 bool has_blank(std::string_view name) {
   return std::any_of(name.begin(), name.end(), core::text::is_space);
 }

@@ -95,6 +95,10 @@ std::uint64_t Problems::length_of(const YAML::Node& node) const {
   return quoted ? node.Scalar().size() + 2 : 1;
 }
 
+std::string quoted(std::string_view text) {
+  return "'" + std::string(text) + "'";
+}
+
 std::string line_of(const YAML::Node& node) {
   return "line " + std::to_string(span_at(node.Mark()).line);
 }

@@ -38,6 +38,9 @@ class Problems {
   std::vector<SchemaProblem> problems_;
 };
 
+/// Returns a text in single quotes.
+std::string quoted(std::string_view text);
+
 /// Returns "line 7" for the line where a node begins.
 std::string line_of(const YAML::Node& node);
 

@@ -8,10 +8,6 @@
 namespace kelp::input::bdf::lint {
 namespace {
 
-std::string quoted(std::string_view text) {
-  return "'" + std::string(text) + "'";
-}
-
 /// Checks what one entry needs and excludes.
 class RelationCheck {
  public:

@@ -138,5 +138,14 @@ TEST_F(Options, MayStandBeforeAndAfterTheCommandAndTheFiles) {
   }
 }
 
+TEST_F(Options, GivenTwiceTheLastOneCounts) {
+  EXPECT_EQ(check(warning_input, {"--unknown=ignore", "--unknown=error"}).status, 1);
+  EXPECT_EQ(check(warning_input, {"--unknown=error", "--unknown=ignore"}).status, 0);
+  EXPECT_THAT(check(warning_input, {"--schema=missing", "--schema=../schema.yaml", "--color=always",
+                                    "--color=never", "--format=concise", "--format=human"})
+                  .out,
+              StartsWith("warning[bdf.unknown_entry]"));
+}
+
 }  // namespace
 }  // namespace kelp::test
