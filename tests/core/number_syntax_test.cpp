@@ -121,8 +121,8 @@ TEST(NumberSyntax, AgreesOnNumbersBelowTheNormalOnesWrittenExactly) {
 
 TEST(NumberSyntax, AgreesOnRandomTexts) {
   std::mt19937 random(11);
-  for (int i = 0; i < 200'000; ++i) {
-    const std::string text = random_text(random, "0123456789.eE+-xXpafin() ", 1 + i % 9U);
+  for (std::size_t i = 0; i < 200'000; ++i) {
+    const std::string text = random_text(random, "0123456789.eE+-xXpafin() ", 1 + i % 9);
     ASSERT_TRUE(agree(text));
   }
 }

@@ -216,8 +216,8 @@ TEST(ParseInteger, AgreesWithStrtollOverRandomTexts) {
 
 TEST(ParseFloat, AgreesWithStrtodOverRandomTexts) {
   std::mt19937 random(2);
-  for (int i = 0; i < 200'000; ++i) {
-    const std::string text = random_text(random, "0123456789.eEdD+-xXpafin() ", 1 + i % 9U);
+  for (std::size_t i = 0; i < 200'000; ++i) {
+    const std::string text = random_text(random, "0123456789.eEdD+-xXpafin() ", 1 + i % 9);
     ASSERT_EQ(bits(parse_float(text)), strtod_says(text)) << testing::PrintToString(text);
   }
 }
