@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -181,6 +183,22 @@ TEST(Includes, OfTheCoreStayInTheCore) {
 
 TEST(Includes, OfTheCommandArePublic) {
   EXPECT_EQ(violations(the_command_uses_public_headers, sources_under({"apps"})), "");
+}
+
+std::string name_for_hosts(const SourceFile& file) {
+  const std::string folder = file.path.starts_with("core/") ? "core/include/" : "include/";
+  return file.path.substr(folder.size());
+}
+
+TEST(Headers, AreEachCompiledAlone) {
+  std::istringstream words(KELP_LONE_HEADERS);
+  const std::set<std::string> compiled{std::istream_iterator<std::string>(words), {}};
+  std::set<std::string> present;
+  for (const SourceFile& file : sources_under({"include", "core/include"})) {
+    present.insert(name_for_hosts(file));
+  }
+  EXPECT_FALSE(present.empty());
+  EXPECT_EQ(compiled, present) << "configure the build anew";
 }
 
 // A rule that finds nothing anywhere would pass, too.
