@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "kelp/input/bdf/version.hpp"
 #include "support/program.hpp"
 
 namespace kelp::test {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::MatchesRegex;
 
 TEST(Usage, HelpListsTheCommandsAndOptions) {
   for (const char* const option : {"-h", "--help"}) {
@@ -49,9 +49,9 @@ TEST(Usage, VersionNamesProgramLibraryAndSchema) {
                 "schema_version: 7\nmetadata:\n  bdf_version: '2030.02'\nmodules: {}\n");
   program.set_variable("KELP_BDF_INP_SCHEMA_YAML", "own.yaml");
   const Outcome outcome = program.run({"--version"});
-  EXPECT_THAT(outcome.out, MatchesRegex("kelp-bdf [0-9]+\\.[0-9]+\\.[0-9]+\n"
-                                        "libkelp_bdf_inp [0-9]+\\.[0-9]+\\.[0-9]+\n"
-                                        "schema own\\.yaml \\(version 7, BDF 2030\\.02\\)\n"));
+  const std::string version = input::bdf::library_version();
+  EXPECT_EQ(outcome.out, "kelp-bdf " + version + "\nlibkelp_bdf_inp " + version +
+                             "\nschema own.yaml (version 7, BDF 2030.02)\n");
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.status, 0);
 }

@@ -3,11 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "support/files.hpp"
+#include "support/process.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -19,20 +22,21 @@ using test::utf8;
 using testing::AllOf;
 using testing::HasSubstr;
 
-std::string output_of(const std::string& command) {
-  std::string output;
-  FILE* const pipe = ::popen(command.c_str(), "r");
-  if (pipe == nullptr) {
-    return output;
-  }
-  char buffer[4096];
-  for (std::size_t n = 1; n > 0;) {
-    n = std::fread(buffer, 1, sizeof buffer, pipe);
-    output.append(buffer, n);
-  }
-  ::pclose(pipe);
-  return output;
+// Where the system looks for libraries; on Windows those of the compiler must stay in reach.
+#ifdef _WIN32
+constexpr const char* library_variable = "PATH";
+constexpr const char* program_name = "probe.exe";
+std::string library_folders(const std::string& folder) {
+  const char* const others = std::getenv("PATH");
+  return folder + ';' + (others == nullptr ? "" : others);
 }
+#else
+constexpr const char* library_variable = "LD_LIBRARY_PATH";
+constexpr const char* program_name = "probe";
+std::string library_folders(const std::string& folder) {
+  return folder;
+}
+#endif
 
 /// A program and the library in folders of their own, away from the source tree.
 class Installation {
@@ -41,7 +45,7 @@ class Installation {
       : program_(folder_ / program), library_(folder_ / library) {
     stdfs::create_directories(program_);
     stdfs::create_directories(library_);
-    stdfs::copy_file(KELP_PROBE, program_ / "probe");
+    stdfs::copy_file(KELP_PROBE, program_ / program_name);
     stdfs::copy_file(KELP_LIBRARY, library_ / KELP_LIBRARY_NAME);
   }
 
@@ -51,14 +55,26 @@ class Installation {
     test::write_file(folder_ / path, "schema_version: 1\nmodules: {" + module + ": ~}\n");
   }
 
-  std::string run(const std::string& environment = "") const {
-    return output_of("cd '" + utf8(folder_.path()) + "' && env -u KELP_BDF_INP_SCHEMA_YAML " +
-                     environment + " LD_LIBRARY_PATH='" + utf8(library_) + "' '" +
-                     utf8(program_ / "probe") + "'");
+  // Returns what the program prints, with the slashes of one system.
+  std::string run(const std::optional<std::string>& schema_variable = std::nullopt) const {
+    test::ProcessSetup setup;
+    setup.program = program_ / program_name;
+    setup.folder = folder_.path();
+    setup.input = streams_ / "input";
+    setup.errors = streams_ / "errors";
+    setup.output = streams_ / "output";
+    setup.variables = {{"KELP_BDF_INP_SCHEMA_YAML", schema_variable},
+                       {library_variable, library_folders(utf8(library_))}};
+    test::write_file(setup.input, "");
+    EXPECT_EQ(test::run_process(setup), 0);
+    std::string output = test::file_bytes(setup.output);
+    std::replace(output.begin(), output.end(), '\\', '/');
+    return output;
   }
 
  private:
   TemporaryFolder folder_;
+  TemporaryFolder streams_;
   stdfs::path program_;
   stdfs::path library_;
 };
@@ -110,9 +126,9 @@ TEST(InstalledSchema, GivesWayToTheVariablesFile) {
   const Installation here("p/bin", "p/lib");
   here.add_schema(stdfs::path("p") / installed, "installed");
   here.add_schema("other.yaml", "named");
-  EXPECT_THAT(here.run("KELP_BDF_INP_SCHEMA_YAML=other.yaml"), HasSubstr("module named"));
-  EXPECT_THAT(here.run("KELP_BDF_INP_SCHEMA_YAML=p"), HasSubstr("module installed"));
-  EXPECT_THAT(here.run("KELP_BDF_INP_SCHEMA_YAML=missing.yaml"), HasSubstr("module installed"));
+  EXPECT_THAT(here.run("other.yaml"), HasSubstr("module named"));
+  EXPECT_THAT(here.run("p"), HasSubstr("module installed"));
+  EXPECT_THAT(here.run("missing.yaml"), HasSubstr("module installed"));
 }
 
 TEST(InstalledSchema, ThatIsBrokenIsAnError) {
