@@ -25,7 +25,6 @@ using input::bdf::BDFEditor;
 using input::bdf::InputSchema;
 using input::bdf::Module;
 using input::bdf::ModuleEntry;
-using input::bdf::Statement;
 using input::bdf::ValidationSeverity;
 using Kind = ValuePath::Kind;
 using LineNumbers = std::set<std::size_t>;
@@ -160,6 +159,7 @@ void check_values(const Edit& edit, const CheckedInput& after, std::vector<Findi
       continue;
     }
     std::vector<std::string> wanted;
+    wanted.reserve(assignment.values.size());
     for (const std::string& value : assignment.values) {
       wanted.push_back(core::text::trim(value));
     }

@@ -84,31 +84,15 @@ std::vector<FindingText> input_finding_texts() {
        "A slip, a missing row, or a misspelt keyword behind the value, which is then taken for a "
        "part of it. 'kelp-bdf explain MODULE.ENTRY' tells what the entry accepts.",
        "Correct the value.", "$scf\ncharge\n  1.5\n$end\n", "$scf\ncharge\n  1\n$end\n"},
-      {"bdf.format_loss", "Writing the input in the canonical form would lose this text.",
-       "A remark or a value behind a keyword on its own line, or the like: values are read from "
-       "the following lines only.",
-       "Move the text to a line of its own, or write with --force.", "", ""},
-      {"bdf.format_move", "Writing the input in the canonical form would move this text.",
-       "A remark or a definition between the atoms of a geometry, for example: the atoms are "
-       "written first.",
-       "Look at --diff; if nothing is the worse for it, write with --force.", "", ""},
-      {"bdf.format_addition",
-       "Writing the input in the canonical form would add a line that nobody wrote.",
-       "Something that the form always has, the end of a block for example, is missing.",
-       "Add the line, or write with --force.", "", ""},
-      {"bdf.edit_unit", "The new geometry is in angstrom, but the input says bohr.",
-       "A file in the XYZ format is in angstrom, and the input keeps the unit that it had.",
-       "Set the unit in the same call, for example compass.unit=angstrom.", "", ""},
-      {"bdf.edit_value", "A value that was set would not be read back as it was given.",
-       "It begins with a keyword or a '#', or has more lines than the entry takes.",
-       "Give the value as the entry wants it; 'kelp-bdf explain MODULE.ENTRY' tells how.", "", ""},
   };
 }
 
 std::vector<FindingText> finding_texts() {
   std::vector<FindingText> texts = input_finding_texts();
-  const std::vector<FindingText> more = schema_finding_texts();
-  texts.insert(texts.end(), more.begin(), more.end());
+  for (auto* const table : {rewrite_finding_texts, schema_finding_texts}) {
+    const std::vector<FindingText> more = table();
+    texts.insert(texts.end(), more.begin(), more.end());
+  }
   return texts;
 }
 

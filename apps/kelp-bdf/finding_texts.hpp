@@ -23,8 +23,9 @@ std::vector<FindingText> finding_texts();
 /// Returns the text of a code, with or without its prefix ("bdf." before "schema."), in any case.
 std::optional<FindingText> find_finding_text(std::string_view code);
 
-// The two tables that `finding_texts` joins.
+// The tables that `finding_texts` joins: what inputs, rewriting them, and schemas may bring.
 std::vector<FindingText> input_finding_texts();
+std::vector<FindingText> rewrite_finding_texts();
 std::vector<FindingText> schema_finding_texts();
 
 }  // namespace kelp::app

@@ -51,7 +51,7 @@ bool is_remark(const ModuleEntry& entry) {
 
 // Returns the first word of a line that has a word and three numbers, else an empty text.
 std::string label_on(std::string_view line) {
-  const std::string label(core::text::take_word(line));
+  std::string label(core::text::take_word(line));
   for (int i = 0; i < 3; ++i) {
     const std::string_view word = core::text::take_word(line);
     if (word.empty() || !core::number::parse_float(word)) {
@@ -108,6 +108,7 @@ class OutlineMaker {
 
   void outline_geometry() {
     std::vector<std::string> labels;
+    labels.reserve(data_.atoms.size());
     for (const AtomRecord& atom : data_.atoms) {
       labels.push_back(atom.element);
     }

@@ -1,11 +1,12 @@
 #include "temporary_name.hpp"
 
 #include <random>
+#include <string_view>
 
 namespace kelp::core::fs {
 
 std::string temporary_name() {
-  constexpr char digits[] = "0123456789abcdef";
+  constexpr std::string_view digits = "0123456789abcdef";
   constexpr int words = 4;
   constexpr int digits_of_a_word = 8;
   std::random_device random;

@@ -12,9 +12,9 @@ namespace kelp::core {
 /// Makes a path from UTF-8. A plain string would be taken as the ANSI code page on Windows.
 inline std::filesystem::path path_from_utf8(const std::string& text) {
 #ifdef _WIN32
-  return std::filesystem::path(wide_from_utf8(text));
+  return wide_from_utf8(text);
 #else
-  return std::filesystem::path(text);
+  return text;
 #endif
 }
 
