@@ -1,6 +1,5 @@
 #include "output.hpp"
 
-#include <cerrno>
 #include <cstdio>
 #include <string>
 
@@ -15,7 +14,7 @@ enum class OutputState { Good, Closed, Failed };
 OutputState state = OutputState::Good;
 
 void note_failure() {
-  state = errno == EPIPE ? OutputState::Closed : OutputState::Failed;
+  state = core::console::reader_went_away() ? OutputState::Closed : OutputState::Failed;
 }
 
 void flush() {
@@ -36,7 +35,8 @@ void print(std::string_view text) {
 void print_aside(std::string_view text) {
   // Both streams may lead to one place, where the order tells what the text is about.
   flush();
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  // Nobody is left to be told of a failure.
+  static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
 void complain(std::string_view text) {

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+
 namespace kelp::core::console {
 
 bool is_terminal(Stream stream) {
@@ -18,11 +20,15 @@ bool is_terminal(Stream stream) {
 
 void use_plain_bytes() {}
 
+bool reader_went_away() {
+  return errno == EPIPE;
+}
+
 std::vector<std::string> arguments(int count, const char* const* values) {
   if (count <= 1) {
     return {};
   }
-  return std::vector<std::string>(values + 1, values + count);
+  return {values + 1, values + count};
 }
 
 }  // namespace kelp::core::console

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <stdio.h>
+#include <stdlib.h>
 
 #include "wide.hpp"
 #include "win32.hpp"
@@ -44,6 +45,12 @@ void use_plain_bytes() {
       ::SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
     }
   }
+}
+
+// The C library has no EPIPE for most of these.
+bool reader_went_away() {
+  const unsigned long cause = _doserrno;
+  return cause == ERROR_BROKEN_PIPE || cause == ERROR_NO_DATA || cause == ERROR_PIPE_NOT_CONNECTED;
 }
 
 // What `main` is given went through the ANSI code page and has lost other letters.

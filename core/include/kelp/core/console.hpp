@@ -18,6 +18,10 @@ bool is_terminal(Stream stream);
 /// anything is read or written.
 void use_plain_bytes();
 
+/// Tells, right after a write to a standard stream has failed, whether it failed because nobody
+/// reads the other end of the pipe any more.
+bool reader_went_away();
+
 /// Returns the arguments after the program's name, as UTF-8. They are those given to `main`, unless
 /// the system knows them better.
 std::vector<std::string> arguments(int count, const char* const* values);
