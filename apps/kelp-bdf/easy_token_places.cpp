@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "kelp/core/text.hpp"
+#include "line_of.hpp"
 
 namespace kelp::app {
 namespace {
@@ -21,8 +22,8 @@ bool is_about(std::string_view message, const EasyToken& token) {
 
 std::optional<EasyTokenPlace> EasyTokenPlaces::next(const input::bdf::ValidationIssue& issue) {
   const auto& tokens = input_.result.data.easy_tokens;
-  const std::uint64_t line = issue.location ? issue.location->line : 0;
-  while (token_ < tokens.size() && tokens[token_].location->line <= line) {
+  const std::size_t line = line_of(issue);
+  while (token_ < tokens.size() && line_of(tokens[token_]) <= line) {
     const EasyToken& token = tokens[token_];
     ++token_;
     const auto value = take_value(token);
@@ -35,7 +36,7 @@ std::optional<EasyTokenPlace> EasyTokenPlaces::next(const input::bdf::Validation
 
 // "key = value" is one token of three words: its text is that of its words, joined.
 std::optional<LinePart> EasyTokenPlaces::take_value(const EasyToken& token) {
-  const auto number = static_cast<std::size_t>(token.location->line);
+  const auto number = line_of(token);
   if (line_ != number) {
     line_ = number;
     at_ = 0;

@@ -15,6 +15,7 @@
 #include "find_value.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/editor.hpp"
+#include "line_of.hpp"
 #include "line_roles.hpp"
 
 namespace kelp::app {
@@ -32,7 +33,7 @@ using LineNumbers = std::set<std::size_t>;
 template <typename Record>
 void add_line(LineNumbers& lines, const Record& record) {
   if (record.location) {
-    lines.insert(static_cast<std::size_t>(record.location->line));
+    lines.insert(line_of(record));
   }
 }
 
@@ -56,7 +57,7 @@ class TakenLines {
   TakenLines(const CheckedInput& before, const BDFData& after, bool new_geometry)
       : old_(record_lines(before.result.data)), kept_(record_lines(after)) {
     if (new_geometry && before.result.data.geometry_location) {
-      first_of_geometry_ = static_cast<std::size_t>(before.result.data.geometry_location->line) + 1;
+      first_of_geometry_ = line_of(before.result.data.geometry_location) + 1;
       behind_geometry_ =
           last_geometry_line(before) + (before.result.data.geometry_terminated ? 0 : 1);
     }

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "line_of.hpp"
 #include "similar.hpp"
 #include "vocabulary.hpp"
 
@@ -13,7 +14,7 @@ FindingDraft::FindingDraft(const input::bdf::ValidationIssue& about, FindingCont
     : issue(about),
       context(known),
       input(known.input),
-      line(about.location ? static_cast<std::size_t>(about.location->line) : 0),
+      line(line_of(about)),
       place(known.lines.place(line)) {
   finding.file = input.name;
   finding.code = issue.code;

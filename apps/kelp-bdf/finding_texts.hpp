@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -24,8 +25,8 @@ std::vector<FindingText> finding_texts();
 std::optional<FindingText> find_finding_text(std::string_view code);
 
 // The tables that `finding_texts` joins: what inputs, rewriting them, and schemas may bring.
-std::vector<FindingText> input_finding_texts();
-std::vector<FindingText> rewrite_finding_texts();
-std::vector<FindingText> schema_finding_texts();
+std::span<const FindingText> input_finding_texts();
+std::span<const FindingText> rewrite_finding_texts();
+std::span<const FindingText> schema_finding_texts();
 
 }  // namespace kelp::app

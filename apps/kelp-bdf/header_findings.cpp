@@ -1,6 +1,7 @@
 // Findings about the header and the geometry of an easy input.
 
 #include "finding_context.hpp"
+#include "line_of.hpp"
 #include "similar.hpp"
 
 namespace kelp::app {
@@ -23,7 +24,7 @@ void complete_header_value(FindingDraft& draft) {
 void complete_missing_method(FindingDraft& draft) {
   const auto& tokens = draft.input.result.data.easy_tokens;
   if (!tokens.empty() && tokens.front().location) {
-    const auto line = static_cast<std::size_t>(tokens.front().location->line);
+    const auto line = line_of(tokens.front());
     draft.mark(draft.input.source.content(line), "no method, functional or basis here");
   }
   draft.help("write for example 'B3LYP/def2-SVP' on the first line");

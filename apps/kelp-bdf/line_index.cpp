@@ -1,5 +1,7 @@
 #include "line_index.hpp"
 
+#include "line_of.hpp"
+
 #include <optional>
 #include <string_view>
 
@@ -14,7 +16,7 @@ using Places = std::unordered_map<std::size_t, Place>;
 void add(Places& places, const std::optional<input::bdf::SourceSpan>& location,
          const Place& place) {
   if (location) {
-    places.try_emplace(static_cast<std::size_t>(location->line), place);
+    places.try_emplace(line_of(location), place);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "kelp/core/text.hpp"
+#include "line_of.hpp"
 
 namespace kelp::app {
 namespace {
@@ -18,11 +19,6 @@ using input::bdf::EntryValueKind;
 using input::bdf::InputMode;
 using input::bdf::Module;
 using input::bdf::ModuleEntry;
-
-template <typename Record>
-std::size_t line_of(const Record& record) {
-  return static_cast<std::size_t>(record.location->line);
-}
 
 bool is_block(const ModuleEntry& entry) {
   return entry.kind == EntryValueKind::NestedBlock || entry.kind == EntryValueKind::TerminatedBlock;
@@ -88,7 +84,7 @@ class Roles {
   std::size_t preamble_end() const {
     std::size_t end = uses_.size();
     if (data_.geometry_location) {
-      end = std::min(end, static_cast<std::size_t>(data_.geometry_location->line));
+      end = std::min(end, line_of(data_.geometry_location));
     }
     if (!data_.statements.empty() && data_.statements.front().location) {
       end = std::min(end, line_of(data_.statements.front()));
@@ -119,7 +115,7 @@ class Roles {
     if (!data_.geometry_location) {
       return;
     }
-    const auto start = static_cast<std::size_t>(data_.geometry_location->line);
+    const auto start = line_of(data_.geometry_location);
     const std::size_t last = last_geometry_line(input_);
     use(start, LineRole::GeometryStart);
     for (std::size_t line = start + 1; line <= last; ++line) {
@@ -160,8 +156,8 @@ std::vector<LineUse> line_uses(const CheckedInput& input) {
 
 std::size_t last_geometry_line(const CheckedInput& input) {
   const BDFData& data = input.result.data;
-  return static_cast<std::size_t>(data.geometry_location->line) + data.atoms.size() +
-         data.geometry_lines.size() + (data.geometry_terminated ? 1 : 0);
+  return line_of(data.geometry_location) + data.atoms.size() + data.geometry_lines.size() +
+         (data.geometry_terminated ? 1 : 0);
 }
 
 }  // namespace kelp::app

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "kelp/core/text.hpp"
+#include "line_of.hpp"
 
 namespace kelp::app {
 namespace {
@@ -14,7 +15,6 @@ using input::bdf::BDFData;
 using input::bdf::EntrySchemaInfo;
 using input::bdf::EntryValueKind;
 using input::bdf::InputMode;
-using input::bdf::Module;
 using input::bdf::ModuleEntry;
 using Values = std::vector<std::string>;
 
@@ -62,7 +62,7 @@ class Probe {
 std::vector<LinePart> value_parts(const CheckedInput& input, const Place& place) {
   std::vector<LinePart> parts;
   const ModuleEntry& record = *place.record();
-  const std::size_t first = static_cast<std::size_t>(record.location->line) + 1;
+  const std::size_t first = line_of(record) + 1;
   for (std::size_t i = 0; i < record.values.size(); ++i) {
     const std::string_view line = input.source.line(first + i);
     const LinePart part =

@@ -11,6 +11,7 @@
 
 #include "finding_context.hpp"
 #include "kelp/core/text.hpp"
+#include "line_of.hpp"
 
 namespace kelp::app {
 namespace {
@@ -81,8 +82,7 @@ bool is_about_remark(const ValidationIssue& issue, const CheckedInput& input) {
       (issue.code != "bdf.unknown_entry" && issue.code != "bdf.unknown_nested_entry")) {
     return false;
   }
-  const std::string_view line =
-      core::text::trim_view(input.source.line(static_cast<std::size_t>(issue.location->line)));
+  const std::string_view line = core::text::trim_view(input.source.line(line_of(issue)));
   return line.empty() || line.front() == '#' || line.front() == '*';
 }
 

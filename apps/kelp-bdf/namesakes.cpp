@@ -1,5 +1,7 @@
 #include "namesakes.hpp"
 
+#include "line_of.hpp"
+
 #include <optional>
 #include <utility>
 
@@ -11,7 +13,7 @@ void note(NameTable& table, std::string name,
   if (!location) {
     return;
   }
-  const auto line = static_cast<std::size_t>(location->line);
+  const auto line = line_of(location);
   const auto [found, is_first] = table.try_emplace(std::move(name), NameLines{line, 0});
   if (!is_first && found->second.again == 0) {
     found->second.again = line;

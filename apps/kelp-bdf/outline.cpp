@@ -9,6 +9,7 @@
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "line_index.hpp"
+#include "line_of.hpp"
 
 namespace kelp::app {
 namespace {
@@ -37,11 +38,6 @@ std::string_view kind_name(EntryValueKind kind) {
       "flag",         "scalar",           "tuple", "multiline", "counted_rows",
       "nested_block", "terminated_block", "raw"};
   return names[static_cast<std::size_t>(kind) % names.size()];
-}
-
-template <typename Record>
-std::size_t line_of(const Record& record) {
-  return record.location ? static_cast<std::size_t>(record.location->line) : 0;
 }
 
 bool is_remark(const ModuleEntry& entry) {
@@ -113,8 +109,7 @@ class OutlineMaker {
       labels.push_back(atom.element);
     }
     if (data_.has_geometry && !labels.empty()) {
-      const std::size_t line =
-          data_.geometry_location ? static_cast<std::size_t>(data_.geometry_location->line) : 0;
+      const std::size_t line = line_of(data_.geometry_location);
       outline_.geometry = Outline::Geometry{labels.size(), formula(labels), line};
       return;
     }

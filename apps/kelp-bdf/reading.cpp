@@ -10,6 +10,7 @@
 #include "header_words.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
+#include "line_of.hpp"
 #include "line_roles.hpp"
 
 namespace kelp::app {
@@ -147,7 +148,7 @@ class Reader {
     bool remark = false;
     for (; next_token_ < data_.easy_tokens.size(); ++next_token_) {
       const EasyToken& token = data_.easy_tokens[next_token_];
-      if (static_cast<std::size_t>(token.location->line) != line) {
+      if (line_of(token) != line) {
         break;
       }
       if (remark) {
@@ -250,7 +251,7 @@ class Reader {
 
   void read_unclosed() {
     if (data_.geometry_location && !data_.geometry_terminated) {
-      close_block(static_cast<std::size_t>(data_.geometry_location->line), "End Geometry");
+      close_block(line_of(data_.geometry_location), "End Geometry");
     }
     for (const Module& module : data_.modules) {
       read_unclosed(module.entries);
@@ -260,7 +261,7 @@ class Reader {
   void read_unclosed(const std::vector<ModuleEntry>& entries) {
     for (const ModuleEntry& entry : entries) {
       if (entry.known && !entry.terminated && !entry.terminator.empty()) {
-        close_block(static_cast<std::size_t>(entry.location->line), entry.terminator);
+        close_block(line_of(entry), entry.terminator);
       }
       read_unclosed(entry.children);
     }

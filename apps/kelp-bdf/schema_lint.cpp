@@ -46,6 +46,7 @@ std::vector<Finding> find_in_schema(const std::string& file_name, std::string te
   const std::vector<SchemaProblem> problems = input::bdf::lint_schema(text);
   const SourceText source(std::move(text));
   std::vector<Finding> findings;
+  findings.reserve(problems.size());
   for (const SchemaProblem& problem : problems) {
     findings.push_back(make_schema_finding(problem, file_name, source));
   }

@@ -5,7 +5,7 @@
 namespace kelp::app {
 
 std::string Session::schema_path() const {
-  const std::string path =
+  std::string path =
       options.schema_file.empty() ? input::bdf::resolve_schema_path({}) : options.schema_file;
   // Without a vocabulary every keyword would be reported as unknown.
   if (path.empty()) {

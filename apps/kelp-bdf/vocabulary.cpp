@@ -24,7 +24,7 @@ void append(Names& names, Names more) {
 
 // Adds to each name its aliases, which `aliases_of` returns.
 template <typename AliasesOf>
-Names with_aliases(Names names, AliasesOf aliases_of) {
+Names with_aliases(const Names& names, AliasesOf aliases_of) {
   Names all = names;
   for (const std::string& name : names) {
     append(all, aliases_of(name));

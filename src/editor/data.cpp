@@ -7,6 +7,7 @@
 
 namespace kelp::input::bdf {
 
+// NOLINTNEXTLINE(modernize-pass-by-value): a copy of a schema is cheap, and this says what happens.
 BDFEditor::BDFEditor(BDFData data, const InputSchema& schema)
     : data_(std::move(data)), schema_(schema) {
   ensure_statement_order();

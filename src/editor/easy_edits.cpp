@@ -33,6 +33,9 @@ class KeywordMatch {
 
 }  // namespace
 
+// The interface takes its texts by value, whether they are kept or not.
+// NOLINTBEGIN(performance-unnecessary-value-param)
+
 EasyToken BDFEditor::make_easy_token(std::string text) const {
   return easy_token_from_text(core::text::trim(text), schema_);
 }
@@ -75,5 +78,7 @@ bool BDFEditor::remove_easy_keyword(std::string_view key) {
 void BDFEditor::set_script_name(std::string name) {
   data_.script_name = normalize_script_name(name);
 }
+
+// NOLINTEND(performance-unnecessary-value-param)
 
 }  // namespace kelp::input::bdf

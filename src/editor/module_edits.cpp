@@ -36,6 +36,9 @@ ModuleEntry* append_entry(Module& module, std::string_view name, std::vector<std
 
 }  // namespace
 
+// The interface takes its texts by value, whether they are kept or not.
+// NOLINTBEGIN(performance-unnecessary-value-param)
+
 Module BDFEditor::make_module(std::string name) const {
   Module made;
   describe_module(made, name, schema_);
@@ -157,5 +160,7 @@ bool BDFEditor::remove_module_entry(std::string_view module, std::size_t module_
 bool BDFEditor::remove_module_entry(std::string_view module, std::string_view name) {
   return remove_module_entry(module, 0, name, std::nullopt);
 }
+
+// NOLINTEND(performance-unnecessary-value-param)
 
 }  // namespace kelp::input::bdf

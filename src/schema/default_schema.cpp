@@ -8,7 +8,7 @@ namespace kelp::input::bdf {
 std::string resolve_schema_path(const std::string& hint) {
   // Far enough to climb from a program in a build tree or a prefix's lib/<triplet>/ folder.
   constexpr int parents = 6;
-  const std::string named = core::resource::getenv_string("KELP_BDF_INP_SCHEMA_YAML");
+  std::string named = core::resource::getenv_string("KELP_BDF_INP_SCHEMA_YAML");
   if (!named.empty() && core::resource::is_regular_file_path(named)) {
     return named;
   }

@@ -32,6 +32,7 @@ InputSchema::InputSchema(std::shared_ptr<const Impl> impl)
     : impl_(impl == nullptr ? empty_impl() : std::move(impl)) {}
 InputSchema::InputSchema(const InputSchema& other) = default;
 // A moved-from schema stays usable: moving shares, as copying does.
+// NOLINTNEXTLINE(cert-oop11-cpp,performance-move-constructor-init)
 InputSchema::InputSchema(InputSchema&& other) noexcept : impl_(other.impl_) {}
 InputSchema& InputSchema::operator=(const InputSchema& other) = default;
 InputSchema& InputSchema::operator=(InputSchema&& other) noexcept {

@@ -25,10 +25,11 @@ ValueType type_from_name(std::string_view name) {
 }
 
 bool within_bounds(double value, const EntrySchemaInfo& info) {
-  if (info.min && (value < *info.min || (info.min_exclusive && value == *info.min))) {
-    return false;
-  }
-  return !info.max || !(value > *info.max || (info.max_exclusive && value == *info.max));
+  const bool too_small =
+      info.min && (value < *info.min || (info.min_exclusive && value == *info.min));
+  const bool too_large =
+      info.max && (value > *info.max || (info.max_exclusive && value == *info.max));
+  return !too_small && !too_large;
 }
 
 bool token_matches(std::string_view token, ValueType type, const EntrySchemaInfo& info) {
@@ -85,6 +86,7 @@ bool count_line_matches(std::string_view line, std::size_t rows) {
 
 std::vector<ValueType> column_types(const EntrySchemaInfo& info) {
   std::vector<ValueType> types;
+  types.reserve(info.row_types.size() + 1);
   for (const std::string& name : info.row_types) {
     types.push_back(type_from_name(name));
   }

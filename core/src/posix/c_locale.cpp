@@ -1,9 +1,8 @@
 #include "../c_locale.hpp"
 
-#include <locale.h>
-#include <stdlib.h>
-
 #include <cerrno>
+#include <clocale>
+#include <cstdlib>
 
 namespace kelp::core::number::c_locale {
 namespace {

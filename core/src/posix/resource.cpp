@@ -1,8 +1,8 @@
 #include "kelp/core/resource.hpp"
 
 #include <dlfcn.h>
-#include <stdlib.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 

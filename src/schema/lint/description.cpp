@@ -24,7 +24,7 @@ bool is_numeric(std::string_view type) {
 std::string short_number(double number) {
   std::array<char, 32> buffer;
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
-  return std::string(buffer.data(), end.ptr);
+  return {buffer.data(), end.ptr};
 }
 
 /// Checks one description for its meaning.

@@ -198,7 +198,7 @@ bool FormCheck::converts(const YAML::Node& value, Form form) const {
         return true;
       case Form::Number:
         read_number(value, number);
-        return std::isfinite(*number);
+        return number && std::isfinite(*number);
       case Form::Count:
         read_count(value, count);
         return true;
