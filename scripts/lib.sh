@@ -60,11 +60,10 @@ need_packages() {
         "${missing[@]}" >&2 || die "these packages could not be installed: ${missing[*]}"
 }
 
-# Brings the named targets of a preset up to date; says nothing when they are. A folder that was
-# moved along with its checkout is configured anew.
-build() {
+# Configures a preset unless it is. A folder that was moved along with its checkout is configured
+# anew.
+configure() {
     local preset=$1 folder=$root/build/$1
-    local -a targets=("${@:2}")
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
     fi
@@ -74,7 +73,14 @@ build() {
     if [[ ! -f $folder/CMakeCache.txt || $root/CMakePresets.json -nt $folder/build.ninja ]]; then
         (cd -- "$root" && cmake --preset "$preset") >&2 || die "cannot configure build/$preset"
     fi
+}
+
+# Brings the named targets of a preset up to date; says nothing when they are.
+build() {
+    local folder=$root/build/$1
+    local -a targets=("${@:2}")
+    configure "$1"
     if [[ $(ninja -C "$folder" -n "${targets[@]}" 2>&1) != *"no work to do."* ]]; then
-        ninja -C "$folder" -j "$(nproc)" "${targets[@]}" >&2 || die "cannot build build/$preset"
+        ninja -C "$folder" -j "$(nproc)" "${targets[@]}" >&2 || die "cannot build build/$1"
     fi
 }
