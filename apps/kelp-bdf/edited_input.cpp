@@ -15,6 +15,7 @@
 #include "find_value.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/editor.hpp"
+#include "line_change.hpp"
 #include "line_of.hpp"
 #include "line_roles.hpp"
 
@@ -24,32 +25,9 @@ namespace {
 using input::bdf::BDFData;
 using input::bdf::BDFEditor;
 using input::bdf::InputSchema;
-using input::bdf::Module;
-using input::bdf::ModuleEntry;
 using input::bdf::ValidationSeverity;
 using Kind = ValuePath::Kind;
 using LineNumbers = std::set<std::size_t>;
-
-template <typename Record>
-void add_line(LineNumbers& lines, const Record& record) {
-  if (record.location) {
-    lines.insert(line_of(record));
-  }
-}
-
-LineNumbers record_lines(const BDFData& data) {
-  LineNumbers lines;
-  for (const Module& module : data.modules) {
-    add_line(lines, module);
-    for (const ModuleEntry& entry : module.entries) {
-      add_line(lines, entry);
-      for (const ModuleEntry& child : entry.children) {
-        add_line(lines, child);
-      }
-    }
-  }
-  return lines;
-}
 
 /// Tells which lines of an input a change takes away, so that nothing on them can get lost.
 class TakenLines {
@@ -80,6 +58,7 @@ class TakenLines {
 };
 
 std::vector<Finding> departures_that_stay(const CheckedInput& before, const BDFData& edited,
+                                          const std::optional<LineChange>& change,
                                           bool new_geometry) {
   const CheckedInput canonical(before.name, canonical_text(before), before.schema);
   std::vector<Finding> findings = find_departures(before, canonical);
@@ -88,7 +67,8 @@ std::vector<Finding> departures_that_stay(const CheckedInput& before, const BDFD
     // Without a path, what would be added is the geometry that was missing.
     const bool is_given =
         new_geometry && finding.code == "bdf.format_addition" && finding.path.empty();
-    return is_given || taken.holds(finding.range->start.line);
+    return is_given || taken.holds(finding.range->start.line) ||
+           (change && !change->replaced.contains(finding.range->start.line));
   });
   return findings;
 }
@@ -184,14 +164,15 @@ Rewrite edit_input(const CheckedInput& before, const Edit& edit) {
   BDFEditor editor(canonical_document(before), before.schema);
   const std::string unchanged = editor.render();
   apply_edit(edit, editor, before.schema);
-  Rewrite rewrite;
-  rewrite.text = editor.render();
-  if (rewrite.text == unchanged) {
-    rewrite.text = before.source.text();
-    return rewrite;
+  const std::string edited = editor.render();
+  if (edited == unchanged) {
+    return {before.source.text(), {}};
   }
+  const std::optional<LineChange> change = change_lines(before, unchanged, edited);
+  Rewrite rewrite;
+  rewrite.text = change ? change->text : edited;
   const CheckedInput after(before.name + " (as edited)", rewrite.text, before.schema);
-  rewrite.reasons = departures_that_stay(before, editor.data(), edit.geometry.has_value());
+  rewrite.reasons = departures_that_stay(before, editor.data(), change, edit.geometry.has_value());
   for (Finding& error : find_added_errors(before, after)) {
     rewrite.reasons.push_back(std::move(error));
   }

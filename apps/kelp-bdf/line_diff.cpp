@@ -255,6 +255,16 @@ std::vector<Change> collect(const Side& old_side, const Side& new_side) {
 
 }  // namespace
 
+std::vector<std::string_view> lines_with_ends(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+    lines.push_back(text.substr(0, length));
+    text.remove_prefix(length);
+  }
+  return lines;
+}
+
 std::vector<Change> find_changes(const std::vector<std::string_view>& old_items,
                                  const std::vector<std::string_view>& new_items) {
   const Names old_names = number_items(old_items);

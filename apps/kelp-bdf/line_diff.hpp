@@ -6,6 +6,10 @@
 
 namespace kelp::app {
 
+/// Cuts a text into lines that keep their ends, so that a last line without one differs from the
+/// same line with one.
+std::vector<std::string_view> lines_with_ends(std::string_view text);
+
 /// Items [old_begin, old_end) of one sequence, replaced by items [new_begin, new_end) of another.
 /// One of the two ranges may be empty, never both.
 struct Change {

@@ -128,10 +128,11 @@ void add_set(CLI::App& app, Session& session) {
       ->excludes("--in-place")
       ->excludes("--diff");
   command->footer(
-      "The result is printed in the canonical form, unless -i, -o or --diff is given. In a value "
-      "'\\n' begins a new line; a keyword without a value ends in '='. A module that is not there "
-      "is added at the end. The result is checked: a change that adds an error, or would lose text "
-      "that the canonical form does not carry, is refused unless --force is given.");
+      "The result is printed, unless -i, -o or --diff is given. Lines that the change does not "
+      "concern stay as they are; where a change cannot be made line by line, the whole input is "
+      "laid out in the canonical form. In a value '\\n' begins a new line; a keyword without a "
+      "value ends in '='. A module that is not there is added at the end. The result is checked: a "
+      "change that adds an error, or would lose text, is refused unless --force is given.");
   add_common_options(*command, session.options);
   command->callback([options, &session] {
     session.run = [options, &session] { return set(*options, session); };

@@ -15,17 +15,6 @@ using Lines = std::vector<std::string_view>;
 
 constexpr std::size_t context = 3;
 
-// Lines keep their line ends, so that the last line differs from itself with another end.
-Lines split(std::string_view text) {
-  Lines lines;
-  while (!text.empty()) {
-    const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
-    lines.push_back(text.substr(0, length));
-    text.remove_prefix(length);
-  }
-  return lines;
-}
-
 void append_line(std::string& out, char sign, std::string_view line) {
   out += sign;
   out += line;
@@ -68,7 +57,9 @@ std::string name_text(std::string_view side, std::string_view name) {
 class Diff {
  public:
   Diff(std::string_view old_text, std::string_view new_text)
-      : old_(split(old_text)), new_(split(new_text)), changes_(find_changes(old_, new_)) {}
+      : old_(lines_with_ends(old_text)),
+        new_(lines_with_ends(new_text)),
+        changes_(find_changes(old_, new_)) {}
 
   std::string hunks() {
     for (std::size_t first = 0; first < changes_.size();) {

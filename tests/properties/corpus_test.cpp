@@ -9,26 +9,13 @@
 #include "kelp/input/bdf/editor.hpp"
 #include "kelp/input/bdf/parser.hpp"
 #include "support/files.hpp"
+#include "support/published_inputs.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
 namespace stdfs = std::filesystem;
-
-std::vector<stdfs::path> published_inputs() {
-  std::vector<stdfs::path> paths;
-  const stdfs::path folder = KELP_CORPUS_DIR;
-  if (stdfs::is_directory(folder)) {
-    for (const auto& item : stdfs::recursive_directory_iterator(folder)) {
-      if (item.is_regular_file() && item.path().extension() != ".md") {
-        paths.push_back(item.path());
-      }
-    }
-  }
-  std::sort(paths.begin(), paths.end());
-  return paths;
-}
 
 BDFData read_shipped(const std::string& text) {
   return BDFParser::parse_string(text, shipped_schema(), {}).data;
@@ -46,7 +33,7 @@ class PublishedInputs : public testing::Test {
     }
   }
 
-  const std::vector<stdfs::path> paths_ = published_inputs();
+  const std::vector<stdfs::path> paths_ = test::published_inputs();
 };
 
 // An easy input gains an empty line after its geometry each time.

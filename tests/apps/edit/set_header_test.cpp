@@ -91,7 +91,7 @@ TEST(SetHeader, AddingAModuleKeepsTheGeometryApart) {
   const Outcome outcome =
       program.run({"set", "-", "scf.rhf="}, "#!job.bdf\nhf/sto-3g" + geometry + "\n\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, "#!job.bdf\nhf/sto-3g" + geometry + "\n$scf\n  rhf\n$end\n");
+  EXPECT_EQ(outcome.out, "#!job.bdf\nhf/sto-3g" + geometry + "\n$scf\n  rhf\n$end\n\n\n");
 }
 
 TEST(SetHeader, IsRefusedWhereThereIsNone) {

@@ -100,11 +100,11 @@ const Row doubtful[] = {
      "$compass\n$end\n",
      "[bdf.edit_value]"},
     {"a value that is a keyword", {"scf.charge=rhf"}, "$scf\n$end\n", "[bdf.edit_value]"},
-    {"a remark elsewhere that would be lost",
+    {"a value behind the keyword that would be lost",
      {"scf.charge=1"},
-     "$scf\n  rhf # restricted\n$end\n",
-     "a.inp:2:7: error: The canonical form does not carry the "
-     "remark behind 'rhf'. [bdf.format_loss]\n"},
+     "$scf\n  charge 2\n$end\n",
+     "a.inp:2:10: error: The canonical form does not carry the "
+     "value behind 'charge'. [bdf.format_loss]\n"},
     {"an unknown keyword whose old values cannot be told",
      {"scf.nosuch=2"},
      "$scf\n  nosuch\n    1\n$end\n",

@@ -13,23 +13,12 @@
 #include "departures.hpp"
 #include "kelp/core/text.hpp"
 #include "support/files.hpp"
+#include "support/published_inputs.hpp"
 
 namespace kelp::app {
 namespace {
 
 using input::bdf::InputSchema;
-
-std::vector<std::filesystem::path> corpus() {
-  std::vector<std::filesystem::path> files;
-  std::error_code error;
-  for (const auto& item : std::filesystem::recursive_directory_iterator(KELP_CORPUS_DIR, error)) {
-    if (item.path().extension() == ".inp") {
-      files.push_back(item.path());
-    }
-  }
-  std::sort(files.begin(), files.end());
-  return files;
-}
 
 // All words of a text in lower case, sorted: what a lay-out must not change but by renaming.
 std::vector<std::string> words_of(std::string_view text) {
@@ -50,7 +39,7 @@ class FormatCorpus : public ::testing::Test {
     }
   }
 
-  const std::vector<std::filesystem::path> files_ = corpus();
+  const std::vector<std::filesystem::path> files_ = test::published_inputs();
   const InputSchema schema_ = InputSchema::from_file(KELP_SCHEMA_FILE);
 };
 
