@@ -10,7 +10,7 @@ build_packages=(g++ cmake ninja-build libyaml-cpp-dev libcli11-dev libfmt-dev nl
 test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml pkg-config)
 # shellcheck disable=SC2034
 check_packages=(git clang libclang-rt-14-dev clang-format clang-tidy-16 shellcheck doxygen
-    libbenchmark-dev dpkg-dev)
+    libbenchmark-dev dpkg-dev file)
 
 say() {
     printf '%s\n' "$*" >&2

@@ -120,6 +120,7 @@ std::vector<Finding> find_departures(const CheckedInput& before, const CheckedIn
   });
   const LineIndex lines(before.result.data);
   std::vector<Finding> findings;
+  findings.reserve(departures.size());
   for (const Departure& departure : departures) {
     findings.push_back(finding_of(departure, before, lines));
   }

@@ -173,7 +173,7 @@ Lines layout_example(const EntrySchemaInfo& info, const Lines& children) {
       break;
     case EntryValueKind::CountedRows:
       if (shows_count(info)) {
-        lines.push_back("  1");
+        lines.emplace_back("  1");
       }
       lines.push_back("  " + row_example(info));
       break;
@@ -182,7 +182,7 @@ Lines layout_example(const EntrySchemaInfo& info, const Lines& children) {
       lines.push_back(info.terminator);
       break;
     case EntryValueKind::TerminatedBlock:
-      lines.push_back("  ...");
+      lines.emplace_back("  ...");
       lines.push_back(info.terminator);
       break;
     default:

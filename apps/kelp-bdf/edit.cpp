@@ -21,7 +21,6 @@ using input::bdf::EasyToken;
 using input::bdf::EntryValueKind;
 using input::bdf::InputMode;
 using input::bdf::InputSchema;
-using input::bdf::Module;
 using input::bdf::ModuleEntry;
 using Kind = ValuePath::Kind;
 
@@ -229,9 +228,8 @@ class Editing {
       miss(path);
     }
     std::vector<std::string> words = header_words();
-    for (auto keyword = keywords.rbegin(); keyword != keywords.rend(); ++keyword) {
-      erase(words, *keyword);
-    }
+    std::for_each(keywords.rbegin(), keywords.rend(),
+                  [&words](const EasyKeyword& keyword) { erase(words, keyword); });
     editor_.set_easy_tokens(words);
   }
 

@@ -18,7 +18,6 @@ namespace kelp::app {
 namespace {
 
 using input::bdf::EntrySchemaInfo;
-using input::bdf::EntryValueKind;
 using input::bdf::InputSchema;
 using Names = std::vector<std::string>;
 

@@ -65,7 +65,7 @@ Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end) {
 }
 
 std::string source_excerpt(const Finding& finding, const Painter& painter, std::size_t gutter) {
-  const Range& range = *finding.range;
+  const Range range = finding.range.value_or(Range{});
   const std::size_t begin = range.start.byte - finding.source_line_byte;
   const std::size_t end = begin + (range.end.byte - range.start.byte);
   const Excerpt excerpt = cut_excerpt(finding.source_line, begin, end);

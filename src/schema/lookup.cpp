@@ -1,7 +1,6 @@
 #include "schema/lookup.hpp"
 
 #include <memory>
-#include <utility>
 
 #include "schema/normalize_key.hpp"
 
@@ -19,8 +18,10 @@ const Record* resolve(const AliasMap& aliases, const NameMap<Record>& records,
 
 std::string canonical_name(const AliasMap& aliases, std::string_view name) {
   std::string key = normalize_key(name);
-  const std::string* const canonical = find_in(aliases, key);
-  return canonical == nullptr ? std::move(key) : *canonical;
+  if (const std::string* const canonical = find_in(aliases, key)) {
+    return *canonical;
+  }
+  return key;
 }
 
 const ModuleSpec* find_module_spec(const InputSchema::Impl& impl, std::string_view name) {
