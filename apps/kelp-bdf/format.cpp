@@ -1,7 +1,7 @@
 #include "format.hpp"
 
-#include <exception>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -34,50 +34,22 @@ Rewrite lay_out(const CheckedInput& before) {
   return rewrite;
 }
 
-/// One run of the command.
-class Format {
- public:
-  Format(const FormatOptions& options, Session& session) : options_(options), session_(session) {}
-
-  ExitStatus run() {
-    session_.schema();
-    const Sources sources = expand_sources(options_.inputs, session_.options);
-    for (const std::string& error : sources.errors) {
-      fail(error);
-    }
-    for (const Source& source : sources.list) {
-      try {
-        status_ = worse_of(status_, format(source));
-      } catch (const std::exception& error) {
-        fail(error.what());
-      }
-    }
-    return status_;
+ExitStatus format(const Source& source, const FormatOptions& options, Session& session) {
+  if (options.in_place && source.path == "-") {
+    throw std::runtime_error("standard input cannot be changed in place");
   }
-
- private:
-  void fail(const std::string& error) {
-    complain(error);
-    status_ = ExitStatus::Failure;
+  const CheckedInput input(source.name, read_source(source), session.schema());
+  if (is_empty_input(input)) {
+    throw std::runtime_error(source.name + ": there is nothing to lay out: " + input.result.error);
   }
+  return deliver(source, input.source.text(), lay_out(input), options, session);
+}
 
-  ExitStatus format(const Source& source) {
-    if (options_.in_place && source.path == "-") {
-      complain("standard input cannot be changed in place");
-      return ExitStatus::Failure;
-    }
-    const CheckedInput input(source.name, read_source(source), session_.schema());
-    if (is_empty_input(input)) {
-      complain(source.name + ": there is nothing to lay out: " + input.result.error);
-      return ExitStatus::Failure;
-    }
-    return deliver(source, input.source.text(), lay_out(input), options_, session_);
-  }
-
-  const FormatOptions& options_;
-  Session& session_;
-  ExitStatus status_ = ExitStatus::Success;
-};
+ExitStatus format_all(const FormatOptions& options, Session& session) {
+  session.schema();
+  return for_each_source(expand_sources(options.inputs, session.options),
+                         [&](const Source& source) { return format(source, options, session); });
+}
 
 }  // namespace
 
@@ -95,7 +67,7 @@ void add_format(CLI::App& app, Session& session) {
       ->excludes("--in-place");
   add_common_options(*command, session.options);
   command->callback([options, &session] {
-    session.run = [options, &session] { return Format(*options, session).run(); };
+    session.run = [options, &session] { return format_all(*options, session); };
   });
 }
 

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <exception>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -40,57 +39,30 @@ ValuePath read_path(const GetOptions& options) {
   return path;
 }
 
-/// One run of the command.
-class Get {
- public:
-  Get(const GetOptions& options, Session& session)
-      : options_(options), session_(session), path_(read_path(options)) {}
-
-  ExitStatus run() {
-    session_.schema();
-    const Sources sources = expand_sources(options_.inputs, session_.options);
-    for (const std::string& error : sources.errors) {
-      fail(error);
+ExitStatus get(const Source& source, const ValuePath& path, bool is_named, Session& session) {
+  const CheckedInput input(source.name, read_source(source), session.schema());
+  const auto lines = find_value(input.result.data, input.schema, path);
+  if (!lines) {
+    if (!session.options.quiet) {
+      complain(fmt::format("{}: nothing at '{}'{}", source.name, path.text,
+                           path_hint(input.schema, path)));
     }
-    named_ = sources.list.size() > 1;
-    for (const Source& source : sources.list) {
-      try {
-        get(source);
-      } catch (const std::exception& error) {
-        fail(error.what());
-      }
-    }
-    return status_;
+    return ExitStatus::Findings;
   }
-
- private:
-  void fail(const std::string& error) {
-    complain(error);
-    status_ = ExitStatus::Failure;
+  for (const std::string& line : *lines) {
+    print(is_named ? fmt::format("{}: {}\n", source.name, line) : line + '\n');
   }
+  return ExitStatus::Success;
+}
 
-  void get(const Source& source) {
-    const CheckedInput input(source.name, read_source(source), session_.schema());
-    const auto lines = find_value(input.result.data, input.schema, path_);
-    if (!lines) {
-      status_ = worse_of(status_, ExitStatus::Findings);
-      if (!session_.options.quiet) {
-        complain(fmt::format("{}: nothing at '{}'{}", source.name, path_.text,
-                             path_hint(input.schema, path_)));
-      }
-      return;
-    }
-    for (const std::string& line : *lines) {
-      print(named_ ? fmt::format("{}: {}\n", source.name, line) : line + '\n');
-    }
-  }
-
-  const GetOptions& options_;
-  Session& session_;
-  ValuePath path_;
-  bool named_ = false;
-  ExitStatus status_ = ExitStatus::Success;
-};
+ExitStatus get_all(const GetOptions& options, Session& session) {
+  const ValuePath path = read_path(options);
+  session.schema();
+  const Sources sources = expand_sources(options.inputs, session.options);
+  const bool is_named = sources.list.size() > 1;
+  return for_each_source(
+      sources, [&](const Source& source) { return get(source, path, is_named, session); });
+}
 
 }  // namespace
 
@@ -113,7 +85,7 @@ void add_get(CLI::App& app, Session& session) {
       "line begins with the file's name. The exit status is 1 when there is nothing at the path.");
   add_common_options(*command, session.options);
   command->callback([options, &session] {
-    session.run = [options, &session] { return Get(*options, session).run(); };
+    session.run = [options, &session] { return get_all(*options, session); };
   });
 }
 

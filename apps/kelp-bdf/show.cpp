@@ -1,6 +1,5 @@
 #include "show.hpp"
 
-#include <exception>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -30,24 +29,13 @@ Outline outline_of(const Source& source, const input::bdf::InputSchema& schema) 
 }
 
 ExitStatus show(const ShowOptions& options, Session& session) {
-  ExitStatus status = ExitStatus::Success;
-  const auto fail = [&](const std::string& error) {
-    complain(error);
-    status = ExitStatus::Failure;
-  };
   const input::bdf::InputSchema& schema = session.schema();
-  const Sources sources = expand_sources(options.inputs, session.options);
-  for (const std::string& error : sources.errors) {
-    fail(error);
-  }
   std::vector<Outline> outlines;
-  for (const Source& source : sources.list) {
-    try {
-      outlines.push_back(outline_of(source, schema));
-    } catch (const std::exception& error) {
-      fail(error.what());
-    }
-  }
+  const ExitStatus status =
+      for_each_source(expand_sources(options.inputs, session.options), [&](const Source& source) {
+        outlines.push_back(outline_of(source, schema));
+        return ExitStatus::Success;
+      });
   if (options.json) {
     print(outline_json(outlines));
     return status;

@@ -2,11 +2,13 @@
 
 #include <array>
 #include <cstdio>
+#include <exception>
 #include <stdexcept>
 #include <string_view>
 
 #include "kelp/core/fs.hpp"
 #include "kelp/core/text.hpp"
+#include "output.hpp"
 
 namespace kelp::app {
 namespace {
@@ -64,6 +66,26 @@ Sources expand_sources(const std::vector<std::string>& arguments, const CommonOp
     }
   }
   return sources;
+}
+
+ExitStatus for_each_source(const Sources& sources,
+                           const std::function<ExitStatus(const Source&)>& work) {
+  ExitStatus status = ExitStatus::Success;
+  const auto fail = [&status](const std::string& error) {
+    complain(error);
+    status = ExitStatus::Failure;
+  };
+  for (const std::string& error : sources.errors) {
+    fail(error);
+  }
+  for (const Source& source : sources.list) {
+    try {
+      status = worse_of(status, work(source));
+    } catch (const std::exception& error) {
+      fail(error.what());
+    }
+  }
+  return status;
 }
 
 std::string read_source(const Source& source) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "exit_status.hpp"
 #include "session.hpp"
 
 namespace kelp::app {
@@ -21,6 +23,11 @@ struct Sources {
 
 /// Turns arguments into inputs: a folder becomes the `*.inp` and `*.bdf` files below it.
 Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options);
+
+/// Works on each input in its order and returns the worst status. What goes wrong with one, and on
+/// the way to them, is complained about and does not stop the others.
+ExitStatus for_each_source(const Sources& sources,
+                           const std::function<ExitStatus(const Source&)>& work);
 
 /// Returns the text of an input.
 /// @throws std::runtime_error naming the path and the cause.
