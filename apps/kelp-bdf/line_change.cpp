@@ -183,16 +183,28 @@ class LineChanger {
     return change;
   }
 
+  // Each change knows what the lines before its first and behind its last are replaced by, unless
+  // another change lies between; so the places of a joint one come from the outer sides of the two.
+  static Change joined(const Change& first, const Change& second) {
+    Change joint = first;
+    if (second.old_begin < first.old_begin) {
+      joint.old_begin = second.old_begin;
+      joint.new_begin = first.new_begin - (first.old_begin - second.old_begin);
+    }
+    joint.old_end = std::max(first.old_end, second.old_end);
+    joint.new_end = second.new_end + (joint.old_end - second.old_end);
+    return joint;
+  }
+
   std::vector<Change> wide_changes() const {
     std::vector<Change> changes;
     for (const Change& narrow : find_changes(from_, to_)) {
-      const Change change = widened(with_keyword(narrow));
-      if (!changes.empty() && change.old_begin < changes.back().old_end) {
-        changes.back().old_end = std::max(changes.back().old_end, change.old_end);
-        changes.back().new_end = std::max(changes.back().new_end, change.new_end);
-      } else {
-        changes.push_back(change);
+      Change change = widened(with_keyword(narrow));
+      while (!changes.empty() && change.old_begin < changes.back().old_end) {
+        change = widened(joined(changes.back(), change));
+        changes.pop_back();
       }
+      changes.push_back(change);
     }
     return changes;
   }

@@ -8,6 +8,7 @@
 
 #include "edited_input.hpp"
 #include "line_diff.hpp"
+#include "set_row.hpp"
 #include "support/files.hpp"
 #include "support/program.hpp"
 #include "support/published_inputs.hpp"
@@ -15,14 +16,7 @@
 namespace kelp::test {
 namespace {
 
-struct Row {
-  const char* what;
-  std::vector<std::string> arguments;
-  const char* from;
-  const char* to;
-};
-
-const Row rows[] = {
+const SetRow rows[] = {
     {"case, indentation, remarks and empty lines of a module",
      {"scf.charge=1"},
      "$SCF\nRHF # restricted\n\nCharge   # total\n\t0\n* a line of its own\nspinmulti\n "
@@ -74,15 +68,8 @@ const Row rows[] = {
 };
 
 TEST(SetKeepsLayout, OfWhatItDoesNotChange) {
-  for (const Row& row : rows) {
-    Program program;
-    program.write("a.inp", row.from);
-    std::vector<std::string> arguments = {"set", "a.inp"};
-    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    const Outcome outcome = program.run(arguments);
-    EXPECT_EQ(outcome.status, 0) << row.what << '\n' << outcome.err;
-    EXPECT_EQ(outcome.out, row.to) << row.what;
-    EXPECT_EQ(outcome.err, "") << row.what;
+  for (const SetRow& row : rows) {
+    expect_set(row);
   }
 }
 
@@ -99,6 +86,18 @@ TEST(SetKeepsLayout, ButNotOfAKeywordLineThatSeemsToHoldTheOldValue) {
             "kelp-bdf: 'a.inp' is left as it is; --force writes it all the same\n");
   EXPECT_EQ(program.run({"set", "-q", "--force", "a.inp", "scf.charge=1"}).out,
             "$scf\nrhf # r\ncharge\n1\n$end\n");
+}
+
+TEST(SetKeepsLayout, OfWhatLiesAroundTwoChangesThatMeet) {
+  Program program;
+  program.write("a.inp", "$SCF\nRHF # r\ncharge 5\n0\nspinmulti 3\n1\nMOLDEN # m\n$END\n");
+  EXPECT_EQ(program.run({"set", "-q", "--force", "a.inp", "scf.charge=1", "scf.spinmulti=2"}).out,
+            "$SCF\nRHF # r\n  charge\n1\n  spinmulti\n    2\nMOLDEN # m\n$END\n");
+  program.write("b.inp", "$SCF\ncharge 5\n0\nspinmulti 3\n1\nMOLDEN # m\n$END\n");
+  EXPECT_EQ(
+      program.run({"set", "-q", "--force", "b.inp", "--unset", "scf.charge", "scf.spinmulti=2"})
+          .out,
+      "$SCF\n  spinmulti\n    2\nMOLDEN # m\n$END\n");
 }
 
 struct Counts {

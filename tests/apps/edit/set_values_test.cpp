@@ -6,98 +6,84 @@
 #include <string>
 #include <vector>
 
+#include "set_row.hpp"
 #include "support/program.hpp"
 
 namespace kelp::test {
 namespace {
 
-struct Row {
-  const char* what;
-  std::vector<std::string> arguments;
-  const char* from;
-  const char* to;
-};
-
 TEST(Set, ChangesEntries) {
-  for (const Row& row : {
-           Row{"a value",
-               {"scf.charge=-1"},
-               "$scf\n  charge\n    0\n$end\n",
-               "$scf\n  charge\n    -1\n$end\n"},
-           Row{"an alias",
-               {"scf.spin=3"},
-               "$scf\n  spinmulti\n    1\n$end\n",
-               "$scf\n  spinmulti\n    3\n$end\n"},
-           Row{"a new entry",
-               {"scf.charge=1"},
-               "$scf\n  rhf\n$end\n",
-               "$scf\n  rhf\n  charge\n    1\n$end\n"},
-           Row{"a flag",
-               {"scf.rhf="},
-               "$scf\n  charge\n    0\n$end\n",
-               "$scf\n  charge\n    0\n  rhf\n$end\n"},
-           Row{"the second module of a name",
-               {"scf#2.charge=2"},
-               "$scf\n  charge\n    0\n$end\n$scf\n  charge\n    0\n$end\n",
-               "$scf\n  charge\n    0\n$end\n$scf\n  charge\n    2\n$end\n"},
-           Row{"a module that is not there",
-               {"mp2#1.maxmem=2GW"},
-               "$scf\n  rhf\n$end\n",
-               "$scf\n  rhf\n$end\n$mp2\nmaxmem\n    2GW\n$end\n"},
-           Row{"the next module of a name",
-               {"scf#2.rhf="},
-               "$scf\n  rhf\n$end\n",
-               "$scf\n  rhf\n$end\n$scf\n  rhf\n$end\n"},
-           Row{"several lines",
-               {"compass.basis=one\\n  two "},
-               "$compass\n$end\n",
-               "$compass\n  basis\n    one\n    two\n$end\n"},
-           Row{"a value with an equals sign",
-               {"scf.loadmo=a=b"},
-               "$scf\n$end\n",
-               "$scf\nloadmo\n    a=b\n$end\n"},
-           Row{"an unknown keyword",
-               {"scf.NoSuch=1\\n2"},
-               "$scf\n  rhf\n$end\n",
-               "$scf\n  rhf\nNoSuch\n    1\n    2\n$end\n"},
-           Row{"an unknown keyword that is there",
-               {"scf.nosuch=3"},
-               "$scf\nNoSuch\n   1\n  rhf\n$end\n",
-               "$scf\nNoSuch\n    3\n  rhf\n$end\n"},
-           Row{"an entry of an unknown module",
-               {"nosuch.key=1"},
-               "$nosuch\nother\n$end\n",
-               "$nosuch\nother\nkey\n    1\n$end\n"},
-           Row{"several at once, in their order",
-               {"scf.charge=1", "scf.rhf=", "scf.charge=2"},
-               "$scf\n$end\n",
-               "$scf\n  charge\n    2\n  rhf\n$end\n"},
-           Row{"an entry taken out",
-               {"--unset", "scf.charge"},
-               "$scf\n  charge\n    0\n  rhf\n$end\n",
-               "$scf\n  rhf\n$end\n"},
-           Row{"an entry of the second module taken out",
-               {"--unset", "scf#2.charge"},
-               "$scf\n  charge\n    0\n$end\n$scf\n  charge\n    1\n$end\n",
-               "$scf\n  charge\n    0\n$end\n$scf\n$end\n"},
-           Row{"a module taken out",
-               {"--unset", "scf#2"},
-               "$scf\n  rhf\n$end\n# kept\n$scf\n  uhf\n$end\n$scf\n  rohf\n$end\n",
-               "$scf\n  rhf\n$end\n# kept\n$scf\n  rohf\n$end\n"},
-           Row{"two modules taken out by the numbers they have",
-               {"--unset", "scf#1", "--unset", "scf#3", "scf#2.charge=1"},
-               "$scf\n  rhf\n$end\n$scf\n  uhf\n$end\n$scf\n  rohf\n$end\n",
-               "$scf\n  uhf\n  charge\n    1\n$end\n"},
+  for (const SetRow& row : {
+           SetRow{"a value",
+                  {"scf.charge=-1"},
+                  "$scf\n  charge\n    0\n$end\n",
+                  "$scf\n  charge\n    -1\n$end\n"},
+           SetRow{"an alias",
+                  {"scf.spin=3"},
+                  "$scf\n  spinmulti\n    1\n$end\n",
+                  "$scf\n  spinmulti\n    3\n$end\n"},
+           SetRow{"a new entry",
+                  {"scf.charge=1"},
+                  "$scf\n  rhf\n$end\n",
+                  "$scf\n  rhf\n  charge\n    1\n$end\n"},
+           SetRow{"a flag",
+                  {"scf.rhf="},
+                  "$scf\n  charge\n    0\n$end\n",
+                  "$scf\n  charge\n    0\n  rhf\n$end\n"},
+           SetRow{"the second module of a name",
+                  {"scf#2.charge=2"},
+                  "$scf\n  charge\n    0\n$end\n$scf\n  charge\n    0\n$end\n",
+                  "$scf\n  charge\n    0\n$end\n$scf\n  charge\n    2\n$end\n"},
+           SetRow{"a module that is not there",
+                  {"mp2#1.maxmem=2GW"},
+                  "$scf\n  rhf\n$end\n",
+                  "$scf\n  rhf\n$end\n$mp2\nmaxmem\n    2GW\n$end\n"},
+           SetRow{"the next module of a name",
+                  {"scf#2.rhf="},
+                  "$scf\n  rhf\n$end\n",
+                  "$scf\n  rhf\n$end\n$scf\n  rhf\n$end\n"},
+           SetRow{"several lines",
+                  {"compass.basis=one\\n  two "},
+                  "$compass\n$end\n",
+                  "$compass\n  basis\n    one\n    two\n$end\n"},
+           SetRow{"a value with an equals sign",
+                  {"scf.loadmo=a=b"},
+                  "$scf\n$end\n",
+                  "$scf\nloadmo\n    a=b\n$end\n"},
+           SetRow{"an unknown keyword",
+                  {"scf.NoSuch=1\\n2"},
+                  "$scf\n  rhf\n$end\n",
+                  "$scf\n  rhf\nNoSuch\n    1\n    2\n$end\n"},
+           SetRow{"an unknown keyword that is there",
+                  {"scf.nosuch=3"},
+                  "$scf\nNoSuch\n   1\n  rhf\n$end\n",
+                  "$scf\nNoSuch\n    3\n  rhf\n$end\n"},
+           SetRow{"an entry of an unknown module",
+                  {"nosuch.key=1"},
+                  "$nosuch\nother\n$end\n",
+                  "$nosuch\nother\nkey\n    1\n$end\n"},
+           SetRow{"several at once, in their order",
+                  {"scf.charge=1", "scf.rhf=", "scf.charge=2"},
+                  "$scf\n$end\n",
+                  "$scf\n  charge\n    2\n  rhf\n$end\n"},
+           SetRow{"an entry taken out",
+                  {"--unset", "scf.charge"},
+                  "$scf\n  charge\n    0\n  rhf\n$end\n",
+                  "$scf\n  rhf\n$end\n"},
+           SetRow{"an entry of the second module taken out",
+                  {"--unset", "scf#2.charge"},
+                  "$scf\n  charge\n    0\n$end\n$scf\n  charge\n    1\n$end\n",
+                  "$scf\n  charge\n    0\n$end\n$scf\n$end\n"},
+           SetRow{"a module taken out",
+                  {"--unset", "scf#2"},
+                  "$scf\n  rhf\n$end\n# kept\n$scf\n  uhf\n$end\n$scf\n  rohf\n$end\n",
+                  "$scf\n  rhf\n$end\n# kept\n$scf\n  rohf\n$end\n"},
+           SetRow{"two modules taken out by the numbers they have",
+                  {"--unset", "scf#1", "--unset", "scf#3", "scf#2.charge=1"},
+                  "$scf\n  rhf\n$end\n$scf\n  uhf\n$end\n$scf\n  rohf\n$end\n",
+                  "$scf\n  uhf\n  charge\n    1\n$end\n"},
        }) {
-    Program program;
-    program.write("a.inp", row.from);
-    std::vector<std::string> arguments = {"set", "a.inp"};
-    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    const Outcome outcome = program.run(arguments);
-    EXPECT_EQ(outcome.status, 0) << row.what << '\n' << outcome.err;
-    EXPECT_EQ(outcome.out, row.to) << row.what;
-    EXPECT_EQ(outcome.err, "") << row.what;
-    EXPECT_EQ(program.read("a.inp"), row.from) << row.what;
+    expect_set(row);
   }
 }
 
