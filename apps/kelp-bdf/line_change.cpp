@@ -71,6 +71,24 @@ std::vector<std::size_t> count_unpaired(const std::vector<std::size_t>& places) 
   return counts;
 }
 
+// Returns lines together with the keyword that they follow, so that the values of two keywords are
+// not taken for each other. The end of a module follows none.
+std::vector<std::string> with_keywords(const Lines& lines, const std::set<std::size_t>& records) {
+  std::vector<std::string> items;
+  items.reserve(lines.size());
+  std::string_view keyword;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (records.contains(i + 1) || lines[i].starts_with('$')) {
+      keyword = {};
+    }
+    items.emplace_back(lines[i]).append(keyword);
+    if (records.contains(i + 1)) {
+      keyword = lines[i];
+    }
+  }
+  return items;
+}
+
 std::string_view indentation_of(std::string_view line) {
   return line.substr(0, std::min(line.find_first_not_of(" \t"), line.size()));
 }
@@ -198,7 +216,9 @@ class LineChanger {
 
   std::vector<Change> wide_changes() const {
     std::vector<Change> changes;
-    for (const Change& narrow : find_changes(from_, to_)) {
+    const std::vector<std::string> from = with_keywords(from_, from_records_);
+    const std::vector<std::string> to = with_keywords(to_, to_records_);
+    for (const Change& narrow : find_changes({from.begin(), from.end()}, {to.begin(), to.end()})) {
       Change change = widened(with_keyword(narrow));
       while (!changes.empty() && change.old_begin < changes.back().old_end) {
         change = widened(joined(changes.back(), change));

@@ -61,6 +61,10 @@ const SetRow rows[] = {
      {"--unset", "scf.charge"},
      "$scf\n rhf # r\n charge # c\n 0\n uhf # u\n$end\n",
      "$scf\n rhf # r\n uhf # u\n$end\n"},
+    {"two values, of which one becomes what the other was",
+     {"scf.charge=1", "scf.spinmulti=2"},
+     "$scf\ncharge\n 0\nSpinMulti\n 1\nrhf\n$end\n",
+     "$scf\ncharge\n 1\nSpinMulti\n 2\nrhf\n$end\n"},
     {"two changes far from each other",
      {"compass.basis=sto-3g", "scf#2.charge=2"},
      "$Compass\nBasis\n cc-pvdz\n$End\n$Scf\nRhf\n$End\n$Scf\nCharge\n 0\n$End\n",
@@ -92,7 +96,7 @@ TEST(SetKeepsLayout, OfWhatLiesAroundTwoChangesThatMeet) {
   Program program;
   program.write("a.inp", "$SCF\nRHF # r\ncharge 5\n0\nspinmulti 3\n1\nMOLDEN # m\n$END\n");
   EXPECT_EQ(program.run({"set", "-q", "--force", "a.inp", "scf.charge=1", "scf.spinmulti=2"}).out,
-            "$SCF\nRHF # r\n  charge\n1\n  spinmulti\n    2\nMOLDEN # m\n$END\n");
+            "$SCF\nRHF # r\ncharge\n1\nspinmulti\n2\nMOLDEN # m\n$END\n");
   program.write("b.inp", "$SCF\ncharge 5\n0\nspinmulti 3\n1\nMOLDEN # m\n$END\n");
   EXPECT_EQ(
       program.run({"set", "-q", "--force", "b.inp", "--unset", "scf.charge", "scf.spinmulti=2"})
