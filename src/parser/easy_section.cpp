@@ -9,14 +9,31 @@
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "model/from_schema.hpp"
+#include "parser/frame.hpp"
 #include "parser/header_words.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
+// Tells the line map where the tokens of a line stand; the first of them will be `first_token`.
+void note_pieces(const HeaderWords& words, std::size_t first_token, const LineReader& reader) {
+  LineMap* const map = reader.map();
+  if (map == nullptr) {
+    return;
+  }
+  for (const HeaderWords::Piece& piece : words.pieces) {
+    const std::size_t begin = reader.byte_of(piece.text);
+    map->pieces.push_back(
+        {first_token + piece.token, piece.text_begin, {begin, begin + piece.text.size()}});
+  }
+}
+
 void parse_header_line(LineReader& reader, const InputSchema& schema, BDFData& data) {
   const std::size_t index = reader.index();
-  for (std::string& text : split_header_line(reader.take())) {
+  reader.begin_record(RecordId::of(RecordKind::EasyToken, data.easy_tokens.size()));
+  HeaderWords words = split_header_line(reader.take(LineRole::Header));
+  note_pieces(words, data.easy_tokens.size(), reader);
+  for (std::string& text : words.tokens) {
     EasyToken token = easy_token_from_text(std::move(text), schema);
     token.location = span_of_line(index, token.text);
     data.easy_tokens.push_back(std::move(token));
@@ -47,19 +64,25 @@ void parse_geometry(LineReader& reader, BDFData& data) {
   data.has_geometry = true;
   data.geometry_terminated = false;
   data.geometry_location = reader.location();
-  reader.skip();
-  for (; !reader.at_end(); reader.skip()) {
+  const RecordId geometry = RecordId::of(RecordKind::Geometry, 0);
+  reader.begin_record(geometry);
+  reader.skip(LineRole::GeometryStart);
+  while (!reader.at_end()) {
     const std::string_view line = reader.line();
     if (is_geometry_end(line)) {
       data.geometry_terminated = true;
-      reader.skip();
+      reader.begin_record(geometry);
+      reader.skip(LineRole::GeometryEnd);
       return;
     }
     if (auto atom = parse_atom(line)) {
+      reader.begin_record(RecordId::of(RecordKind::Atom, data.atoms.size()));
       atom->location = reader.location();
       data.atoms.push_back(*std::move(atom));
+      reader.skip(LineRole::Atom);
     } else {
-      data.geometry_lines.emplace_back(line);
+      reader.begin_record(RecordId::of(RecordKind::GeometryLine, data.geometry_lines.size()));
+      data.geometry_lines.emplace_back(reader.take(LineRole::GeometryLine));
     }
   }
 }
@@ -74,9 +97,9 @@ void parse_easy_section(LineReader& reader, const InputSchema& schema, BDFData& 
       return;
     }
     if (is_blank(line)) {
-      reader.skip();
+      skip_blank(reader);
     } else if (is_remark(line)) {
-      data.leading_lines.emplace_back(reader.take());
+      take_leading_line(reader, data);
     } else {
       parse_header_line(reader, schema, data);
     }

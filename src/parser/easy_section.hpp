@@ -2,7 +2,7 @@
 
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/schema.hpp"
-#include "parser/line_reader.hpp"
+#include "source/line_reader.hpp"
 
 namespace kelp::input::bdf {
 

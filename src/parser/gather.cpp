@@ -19,7 +19,7 @@ bool at_stop(const LineReader& reader, const Keywords& keywords) {
 }
 
 void take_value(LineReader& reader, ModuleEntry& entry) {
-  entry.values.emplace_back(reader.take());
+  entry.values.emplace_back(reader.take(LineRole::Value));
 }
 
 void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
@@ -56,7 +56,7 @@ void gather_block(LineReader& reader, ModuleEntry& entry) {
   while (!reader.at_end()) {
     if (is_terminator(reader.line(), entry)) {
       entry.terminated = true;
-      reader.skip();
+      reader.skip(LineRole::BlockEnd);
       return;
     }
     if (is_module_border(reader.line())) {
@@ -105,10 +105,12 @@ void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& en
 }
 
 ModuleEntry take_raw_entry(LineReader& reader) {
+  const std::string_view line = reader.line();
+  const LineRole other = is_remark(line) ? LineRole::Comment : LineRole::UnknownLine;
   ModuleEntry entry;
   entry.kind = EntryValueKind::Raw;
   entry.location = reader.location();
-  entry.raw_line = reader.take();
+  entry.raw_line = reader.take(is_blank(line) ? LineRole::Blank : other);
   entry.name = core::text::to_lower(first_word(entry.raw_line));
   return entry;
 }

@@ -4,7 +4,7 @@
 
 #include "kelp/input/bdf/document.hpp"
 #include "parser/keywords.hpp"
-#include "parser/line_reader.hpp"
+#include "source/line_reader.hpp"
 
 namespace kelp::input::bdf {
 

@@ -1,12 +1,25 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kelp::input::bdf {
 
+/// A header line cut into tokens, and the pieces of the line that each was put together from.
+struct HeaderWords {
+  struct Piece {
+    std::size_t token;       ///< index into `tokens`
+    std::size_t text_begin;  ///< where the piece begins in the token
+    std::string_view text;   ///< a view into the line
+  };
+
+  std::vector<std::string> tokens;
+  std::vector<Piece> pieces;
+};
+
 /// Cuts a header line of an easy input into tokens, joining the pieces of `key = value`.
-std::vector<std::string> split_header_line(std::string_view line);
+HeaderWords split_header_line(std::string_view line);
 
 }  // namespace kelp::input::bdf

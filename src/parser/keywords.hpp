@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "parser/lines.hpp"
 #include "schema/lookup.hpp"
+#include "source/lines.hpp"
 
 namespace kelp::input::bdf {
 

@@ -28,10 +28,11 @@ UnknownLine classify_unknown_line(std::string_view line, const ParseOptions& opt
 /// Reads the lines between a module's header and its end.
 class ModuleBody {
  public:
-  ModuleBody(LineReader& reader, Module& module, const InputSchema& schema,
+  ModuleBody(LineReader& reader, Module& module, std::size_t index, const InputSchema& schema,
              const ParseOptions& options)
       : reader_(reader),
         module_(module),
+        index_(index),
         spec_(find_module_spec(SchemaAccess::impl(schema), module.name)),
         keywords_(spec_),
         options_(options) {}
@@ -40,7 +41,8 @@ class ModuleBody {
     while (!reader_.at_end()) {
       if (is_module_end(reader_.line())) {
         module_.terminated = true;
-        module_.end_line = reader_.take();
+        reader_.begin_record(RecordId::of_module(index_));
+        module_.end_line = reader_.take(LineRole::ModuleEnd);
         return;
       }
       if (is_module_border(reader_.line())) {
@@ -53,6 +55,7 @@ class ModuleBody {
  private:
   void read_entry() {
     const std::string_view line = reader_.line();
+    reader_.begin_record(RecordId::of_entry(index_, module_.entries.size()));
     if (is_remark(line)) {
       module_.entries.push_back(take_raw_entry(reader_));
     } else if (keywords_.start(line)) {
@@ -67,7 +70,7 @@ class ModuleBody {
     describe_entry(entry, first_word(line), spec_);
     entry.known = true;  // the word is, also where its canonical name leads nowhere ("$$x")
     entry.location = reader_.location();
-    entry.raw_line = reader_.take();
+    entry.raw_line = reader_.take(LineRole::Keyword);
     if (entry.kind == EntryValueKind::NestedBlock) {
       gather_children(reader_, find_entry_spec(spec_, entry.name), options_, entry);
     } else {
@@ -79,7 +82,7 @@ class ModuleBody {
   void read_unknown_line(std::string_view line) {
     const UnknownLine what = classify_unknown_line(line, options_);
     if (what == UnknownLine::Dropped) {
-      reader_.skip();
+      reader_.skip(LineRole::UnknownLine);
       return;
     }
     ModuleEntry entry = take_raw_entry(reader_);
@@ -91,6 +94,7 @@ class ModuleBody {
 
   LineReader& reader_;
   Module& module_;
+  std::size_t index_;
   const ModuleSpec* spec_;
   Keywords keywords_;
   const ParseOptions& options_;
@@ -98,13 +102,18 @@ class ModuleBody {
 
 }  // namespace
 
-Module parse_module(LineReader& reader, const InputSchema& schema, const ParseOptions& options) {
+Module parse_module(LineReader& reader, std::size_t index, const InputSchema& schema,
+                    const ParseOptions& options) {
   Module module;
   module.terminated = false;
   module.location = reader.location();
-  module.header_line = reader.take();
+  reader.begin_record(RecordId::of_module(index));
+  module.header_line = reader.take(LineRole::ModuleHeader);
   describe_module(module, core::text::trim_view(module.header_line).substr(1), schema);
-  ModuleBody(reader, module, schema, options).read();
+  ModuleBody(reader, module, index, schema, options).read();
+  if (LineMap* const map = reader.map()) {
+    map->last_line.push_back(reader.index());
+  }
   return module;
 }
 

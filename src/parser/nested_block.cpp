@@ -23,7 +23,7 @@ ModuleEntry parse_nested_child(LineReader& reader, const EntrySpec* block,
   describe_child(child, first_word(reader.line()), block);
   child.known = true;
   child.location = reader.location();
-  child.raw_line = reader.take();
+  child.raw_line = reader.take(LineRole::Keyword);
   if (child.kind != EntryValueKind::Raw || options.custom_unknown_policy) {
     gather_values(reader, keywords, child);
   }
@@ -35,17 +35,20 @@ ModuleEntry parse_nested_child(LineReader& reader, const EntrySpec* block,
 void gather_children(LineReader& reader, const EntrySpec* block, const ParseOptions& options,
                      ModuleEntry& entry) {
   const bool has_terminator = !entry.terminator.empty();
+  const RecordId own = reader.record();
   entry.terminated = false;
   while (!reader.at_end()) {
     const std::string_view line = reader.line();
     if (has_terminator && is_terminator(line, entry)) {
       entry.terminated = true;
-      reader.skip();
+      reader.begin_record(own);
+      reader.skip(LineRole::BlockEnd);
       return;
     }
     if (is_module_border(line)) {
       return;
     }
+    reader.begin_record(RecordId::of_child(own.index, own.entry, entry.children.size()));
     if (is_remark(line) || (is_blank(line) && !has_terminator)) {
       entry.children.push_back(take_raw_entry(reader));
     } else {

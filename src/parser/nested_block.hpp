@@ -2,8 +2,8 @@
 
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/parser.hpp"
-#include "parser/line_reader.hpp"
 #include "schema/impl.hpp"
+#include "source/line_reader.hpp"
 
 namespace kelp::input::bdf {
 

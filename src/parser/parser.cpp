@@ -1,6 +1,3 @@
-// The frame of an input: comments, an optional script line, then either the module blocks at once
-// or an easy section first, then a body of modules and of the lines between them.
-
 #include "kelp/input/bdf/parser.hpp"
 
 #include <exception>
@@ -11,100 +8,12 @@
 
 #include "kelp/core/fs.hpp"
 #include "kelp/core/text.hpp"
-#include "model/script_name.hpp"
-#include "parser/easy_section.hpp"
-#include "parser/line_reader.hpp"
-#include "parser/lines.hpp"
-#include "parser/module_block.hpp"
+#include "parser/frame.hpp"
+#include "source/line_reader.hpp"
+#include "source/lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {
-
-bool is_preamble_comment(std::string_view line) {
-  return is_remark(line) && !is_script_line(line);
-}
-
-void read_preamble(LineReader& reader, BDFData& data) {
-  for (; !reader.at_end(); reader.skip()) {
-    const std::string_view line = reader.line();
-    if (is_preamble_comment(line)) {
-      data.leading_lines.emplace_back(line);
-    } else if (!is_blank(line)) {
-      return;
-    }
-  }
-}
-
-void add_side_statement(StatementKind kind, std::size_t first_line, std::vector<std::string> lines,
-                        BDFData& data) {
-  Statement statement;
-  statement.kind = kind;
-  statement.location = span_of_line(first_line, lines.front());
-  data.free_lines.insert(data.free_lines.end(), lines.begin(), lines.end());
-  statement.lines = std::move(lines);
-  data.statements.push_back(std::move(statement));
-}
-
-void read_module(LineReader& reader, const InputSchema& schema, const ParseOptions& options,
-                 BDFData& data) {
-  Statement statement;
-  statement.kind = StatementKind::Module;
-  statement.module_index = data.modules.size();
-  data.modules.push_back(parse_module(reader, schema, options));
-  statement.location = data.modules.back().location;
-  data.statements.push_back(std::move(statement));
-}
-
-std::vector<std::string> take_database(LineReader& reader) {
-  std::vector<std::string> lines;
-  bool ended = false;
-  while (!reader.at_end() && !ended) {
-    ended = is_database_end(reader.line());
-    lines.emplace_back(reader.take());
-  }
-  return lines;
-}
-
-StatementKind kind_of_line(std::string_view line) {
-  if (is_shell_line(line)) {
-    return StatementKind::Shell;
-  }
-  return is_remark(line) ? StatementKind::Comment : StatementKind::Raw;
-}
-
-void read_body(LineReader& reader, const InputSchema& schema, const ParseOptions& options,
-               BDFData& data) {
-  while (!reader.at_end()) {
-    const std::string_view line = reader.line();
-    const std::size_t first_line = reader.index();
-    if (is_module_header(line)) {
-      read_module(reader, schema, options, data);
-    } else if (is_database_start(line)) {
-      add_side_statement(StatementKind::Database, first_line, take_database(reader), data);
-    } else {
-      reader.skip();
-      add_side_statement(kind_of_line(line), first_line, {std::string(line)}, data);
-    }
-  }
-}
-
-// Reads all that follows the preamble.
-void read_document(LineReader& reader, const InputSchema& schema, const ParseOptions& options,
-                   BDFData& data) {
-  bool easy = !starts_body(reader.line());
-  if (is_script_line(reader.line())) {
-    data.script_name = normalize_script_name(reader.take());
-    easy = true;
-  }
-  data.mode = easy ? InputMode::Easy : InputMode::Module;
-  if (easy) {
-    parse_easy_section(reader, schema, data);
-  }
-  read_body(reader, schema, options, data);
-  if (easy && !data.modules.empty()) {
-    data.mode = InputMode::Mixed;
-  }
-}
 
 ValidationOptions validation_options(const ParseOptions& options) {
   bool report = options.report_unknown;
@@ -143,13 +52,11 @@ ParseResult BDFParser::parse_string(std::string_view text, const InputSchema& sc
                                     const ParseOptions& options) {
   ParseResult result;
   const Lines lines = split_lines(text);
-  LineReader reader(lines, 0);
-  read_preamble(reader, result.data);
-  if (reader.at_end()) {
+  LineReader reader(lines);
+  if (!read_input(reader, schema, options, result.data)) {
     result.error = "BDF input is empty";
     return result;
   }
-  read_document(reader, schema, options, result.data);
   finish(schema, options, result);
   return result;
 }

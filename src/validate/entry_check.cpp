@@ -6,7 +6,7 @@
 #include "kelp/core/text.hpp"
 #include "schema/normalize_key.hpp"
 #include "validate/value_check.hpp"
-#include "validate/value_lines.hpp"
+#include "model/value_lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {

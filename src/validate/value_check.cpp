@@ -7,7 +7,7 @@
 
 #include "kelp/core/number.hpp"
 #include "schema/normalize_key.hpp"
-#include "validate/value_lines.hpp"
+#include "model/value_lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {

@@ -14,7 +14,10 @@ foreach(header IN LISTS headers)
   string(APPEND declared "${text}")
 endforeach()
 
-set(types "BDFData|Module|ModuleEntry|EasyToken|InputSchema|BDFParser|BDFEditor")
+# The types that a header marks for export.
+string(REGEX MATCHALL "(class|struct) KELP_BDF_INP_EXPORT [A-Za-z]+" types "${declared}")
+list(TRANSFORM types REPLACE ".* " "")
+list(JOIN types "|" types)
 set(problems "")
 string(REPLACE ";" "," output "${output}")
 string(REGEX REPLACE "\n" ";" lines "${output}")

@@ -18,7 +18,7 @@ struct Row {
 
 void expect_tokens(const std::vector<Row>& rows) {
   for (const Row& row : rows) {
-    EXPECT_EQ(split_header_line(row.line), row.tokens) << "\"" << row.line << "\"";
+    EXPECT_EQ(split_header_line(row.line).tokens, row.tokens) << "\"" << row.line << "\"";
   }
 }
 

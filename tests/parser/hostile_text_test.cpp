@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "corpus/line_account.hpp"
 #include "parser/parsing.hpp"
+#include "support/line_claims.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -186,8 +186,8 @@ TEST(OddBytes, EveryTextOfOneOrTwoBytesIsRead) {
       if (second >= 0) {
         text += static_cast<char>(second);
       }
-      const ParseResult result = parse(text, options(true, true));
-      EXPECT_THAT(lines_unaccounted_for(text, result.data), IsEmpty()) << first << " " << second;
+      EXPECT_THAT(wrong_claims(text, schema_of_all_kinds(), options(true, true)), IsEmpty())
+          << first << " " << second;
     }
   }
 }
@@ -203,7 +203,7 @@ TEST(UnfinishedText, EveryPrefixOfAnInputIsRead) {
       const ParseResult result = parse(prefix, given);
       EXPECT_THAT(broken_invariants(result.data), IsEmpty()) << prefix;
       if (given.validate || given.custom_unknown_policy) {
-        EXPECT_THAT(lines_unaccounted_for(prefix, result.data), IsEmpty()) << prefix;
+        EXPECT_THAT(wrong_claims(prefix, schema_of_all_kinds(), given), IsEmpty()) << prefix;
       }
     }
   }

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "corpus/line_account.hpp"
 #include "parser/parsing.hpp"
+#include "support/line_claims.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -118,7 +118,7 @@ TEST(RandomText, LosesNoLineAndHoldsTogether) {
     const std::string text = source.next();
     const ParseOptions given = {i % 2 == 0, i % 3 != 0 || i % 2 != 0, i % 5 - 1, i % 7 == 0};
     const ParseResult result = parse(text, given);
-    ASSERT_THAT(lines_unaccounted_for(text, result.data), IsEmpty()) << text;
+    ASSERT_THAT(wrong_claims(text, schema_of_all_kinds(), given), IsEmpty()) << text;
     ASSERT_THAT(broken_invariants(result.data), IsEmpty()) << text;
   }
 }

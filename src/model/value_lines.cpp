@@ -1,4 +1,4 @@
-#include "validate/value_lines.hpp"
+#include "model/value_lines.hpp"
 
 #include <cstddef>
 
@@ -8,20 +8,20 @@
 namespace kelp::input::bdf {
 namespace {
 
-std::string_view clean(std::string_view line) {
-  return core::text::trim_view(line.substr(0, line.find('#')));
-}
-
 bool is_separator(char byte) {
   return byte == ',' || core::text::is_space(byte);
 }
 
 }  // namespace
 
+std::string_view clean_value_line(std::string_view line) {
+  return core::text::trim_view(line.substr(0, line.find('#')));
+}
+
 std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry) {
   std::vector<std::string_view> lines;
   for (const std::string& value : entry.values) {
-    const std::string_view line = clean(value);
+    const std::string_view line = clean_value_line(value);
     if (!line.empty()) {
       lines.push_back(line);
     }
@@ -31,7 +31,7 @@ std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry) {
 
 std::string first_value(const ModuleEntry& entry) {
   for (const std::string& value : entry.values) {
-    const std::string_view line = clean(value);
+    const std::string_view line = clean_value_line(value);
     if (!line.empty()) {
       return normalize_key(line);
     }

@@ -1,6 +1,6 @@
 // The questions asked about single lines. Each looks at the line without the white space around it.
 
-#include "parser/lines.hpp"
+#include "source/lines.hpp"
 
 #include <gtest/gtest.h>
 

@@ -8,6 +8,9 @@
 
 namespace kelp::input::bdf {
 
+/// Returns a value line without its `#` comment and outer white space, as a view into it.
+std::string_view clean_value_line(std::string_view line);
+
 /// Returns an entry's value lines without `#` comments and outer white space; blank ones are left
 /// out. The views point into the entry.
 std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry);

@@ -1,4 +1,4 @@
-#include "parser/lines.hpp"
+#include "source/lines.hpp"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
-#include "unicode.hpp"
+#include "kelp/core/unicode.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 
-namespace kelp::app {
+namespace kelp::core::unicode {
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
@@ -139,6 +139,14 @@ std::size_t count_code_points(std::string_view text) {
   return count;
 }
 
+std::size_t count_utf16_units(std::string_view text) {
+  std::size_t count = 0;
+  // What lies beyond the basic plane takes four bytes here and two units there.
+  for_each_character(text,
+                     [&](std::string_view character) { count += character.size() == 4 ? 2 : 1; });
+  return count;
+}
+
 std::size_t display_width(std::string_view text) {
   std::size_t width = 0;
   for_each_character(text, [&](std::string_view character) {
@@ -181,4 +189,4 @@ std::string abridged(std::string_view text) {
   return shorter.append(text.substr(next_character(text, text.size() - tail)));
 }
 
-}  // namespace kelp::app
+}  // namespace kelp::core::unicode

@@ -1,17 +1,17 @@
 // Writes a document as text. What the parser kept verbatim goes out as it came in; what the schema
 // knows goes out in one canonical layout: keywords at two blanks, their values at four.
 
+#include "render/render.hpp"
+
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "kelp/core/fs.hpp"
 #include "kelp/core/text.hpp"
-#include "kelp/input/bdf/editor.hpp"
 #include "model/script_name.hpp"
 
 namespace kelp::input::bdf {
@@ -20,6 +20,8 @@ namespace {
 using Lines = std::vector<std::string>;
 
 constexpr std::size_t indent_step = 2;
+// More digits than that no double has behind its point within the range of coordinates.
+constexpr int most_decimals = 40;
 
 bool is_verbatim(const ModuleEntry& entry) {
   return entry.kind == EntryValueKind::Raw || !entry.known;
@@ -97,24 +99,15 @@ class Renderer {
     out_ += "\n\n";
   }
 
-  void write_coordinate(double value) {
-    // Room for a sign, the 309 digits of the largest double, the point and the decimals.
-    constexpr int decimals = 10;
-    std::array<char, 330> digits;
-    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                       std::chars_format::fixed, decimals);
-    out_ += ' ';
-    out_.append(digits.data(), written.ptr);
-  }
-
   void write_geometry() {
     write("Geometry");
     for (const AtomRecord& atom : data_.atoms) {
       out_ += "  ";
       out_ += atom.element;
-      write_coordinate(atom.x);
-      write_coordinate(atom.y);
-      write_coordinate(atom.z);
+      for (const double coordinate : {atom.x, atom.y, atom.z}) {
+        out_ += ' ';
+        append_coordinate(out_, coordinate);
+      }
       out_ += '\n';
     }
     write(data_.geometry_lines);
@@ -202,33 +195,17 @@ class Renderer {
 
 }  // namespace
 
-std::string BDFEditor::render() const {
-  return Renderer(data_, schema_).run();
+void append_coordinate(std::string& out, double value, int decimals) {
+  // Room for a sign, the 309 digits of the largest double, the point and the decimals.
+  std::array<char, 360> digits;
+  const auto written =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed,
+                    std::clamp(decimals, 0, most_decimals));
+  out.append(digits.data(), written.ptr);
 }
 
-void BDFEditor::write_file(const std::string& path) const {
-  if (!core::fs::write_text_file_atomic(path, render())) {
-    throw std::runtime_error("failed to write BDF input file '" + path + "'");
-  }
-}
-
-void BDFEditor::append_shell_statement(std::string line) {
-  Lines lines;
-  lines.push_back(std::move(line));
-  append_side_statement(StatementKind::Shell, std::move(lines));
-}
-
-void BDFEditor::append_database_statement(std::vector<std::string> lines) {
-  append_side_statement(StatementKind::Database, std::move(lines));
-}
-
-void BDFEditor::append_raw_statement(std::vector<std::string> lines) {
-  append_side_statement(StatementKind::Raw, std::move(lines));
-}
-
-void BDFEditor::append_side_statement(StatementKind kind, std::vector<std::string> lines) {
-  ensure_statement_order();
-  data_.statements.push_back({kind, Statement::no_module, std::move(lines), std::nullopt});
+std::string render_document(const BDFData& data, const InputSchema& schema) {
+  return Renderer(data, schema).run();
 }
 
 }  // namespace kelp::input::bdf
