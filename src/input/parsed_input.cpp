@@ -36,9 +36,13 @@ std::size_t line_of(const std::optional<SourceSpan>& location) {
 struct ParsedInput::Impl {
   Impl(std::string text, const InputSchema& vocabulary)
       : source(std::move(text)), schema(vocabulary) {
-    const Lines lines = split_lines(source.text());
+    Lines lines;
+    lines.reserve(source.line_count());
+    for (std::size_t number = 1; number <= source.line_count(); ++number) {
+      lines.push_back(source.line(number));
+    }
     map.lines.resize(lines.size() + 1);
-    LineReader reader(lines, &map);
+    LineReader reader(lines, source.text(), Reading::Literal, map);
     holds_something = read_input(reader, schema, keep_everything(), data);
     for (std::size_t number = 1; number < map.lines.size(); ++number) {
       const RecordKind kind = map.lines[number].record.kind;
@@ -52,6 +56,11 @@ struct ParsedInput::Impl {
 
   std::size_t first_line(const RecordId& record) const;
   std::size_t last_line(const RecordId& record) const;
+  // Whether a record's value stands behind its keyword.
+  bool has_inline_value(const RecordId& record) const {
+    return std::binary_search(map.inline_values.begin(), map.inline_values.end(),
+                              first_line(record));
+  }
   LineInfo line(std::size_t number) const {
     return number < map.lines.size() ? map.lines[number] : LineInfo{};
   }
@@ -214,10 +223,13 @@ std::size_t ParsedInput::end_line(const RecordId& record) const {
 }
 
 std::size_t ParsedInput::value_line(const RecordId& record, std::size_t index) const {
-  return first_line(record) + 1 + index;
+  return first_line(record) + index + (impl_->has_inline_value(record) ? 0 : 1);
 }
 
 TextRange ParsedInput::value_range(const RecordId& record, std::size_t index) const {
+  if (impl_->has_inline_value(record)) {
+    return index == 0 ? behind_keyword(record) : TextRange{};
+  }
   const TextRange line = source().line_range(value_line(record, index));
   const std::string_view text = source().text_of(line);
   const std::string_view value = clean_value_line(text);

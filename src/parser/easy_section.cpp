@@ -31,7 +31,11 @@ void note_pieces(const HeaderWords& words, std::size_t first_token, const LineRe
 void parse_header_line(LineReader& reader, const InputSchema& schema, BDFData& data) {
   const std::size_t index = reader.index();
   reader.begin_record(RecordId::of(RecordKind::EasyToken, data.easy_tokens.size()));
-  HeaderWords words = split_header_line(reader.take(LineRole::Header));
+  HeaderWords words = split_header_line(reader.line());
+  if (reader.reads_as_program()) {
+    join_values(words, schema);
+  }
+  reader.skip(LineRole::Header);
   note_pieces(words, data.easy_tokens.size(), reader);
   for (std::string& text : words.tokens) {
     EasyToken token = easy_token_from_text(std::move(text), schema);
@@ -56,7 +60,6 @@ std::optional<AtomRecord> parse_atom(std::string_view line) {
   atom.x = position[0];
   atom.y = position[1];
   atom.z = position[2];
-  atom.line = line;
   return atom;
 }
 
@@ -78,8 +81,8 @@ void parse_geometry(LineReader& reader, BDFData& data) {
     if (auto atom = parse_atom(line)) {
       reader.begin_record(RecordId::of(RecordKind::Atom, data.atoms.size()));
       atom->location = reader.location();
+      atom->line = reader.take(LineRole::Atom);
       data.atoms.push_back(*std::move(atom));
-      reader.skip(LineRole::Atom);
     } else {
       reader.begin_record(RecordId::of(RecordKind::GeometryLine, data.geometry_lines.size()));
       data.geometry_lines.emplace_back(reader.take(LineRole::GeometryLine));

@@ -22,9 +22,41 @@ void take_value(LineReader& reader, ModuleEntry& entry) {
   entry.values.emplace_back(reader.take(LineRole::Value));
 }
 
+bool is_stop(std::string_view line, const Keywords& keywords) {
+  return is_module_border(line) || keywords.start(line);
+}
+
+bool is_blank_or_comment(std::string_view line) {
+  return is_blank(line) || core::text::trim_view(line).front() == '#';
+}
+
+// Returns how far ahead the line is that holds the value of a keyword, blank lines and comments
+// passed over; nothing when another keyword, or the module's end, comes first.
+std::optional<std::size_t> distance_to_value(const LineReader& reader, const Keywords& keywords) {
+  for (std::size_t distance = 0; distance < reader.lines_left(); ++distance) {
+    const std::string_view line = reader.line_ahead(distance);
+    if (is_stop(line, keywords)) {
+      break;
+    }
+    if (!is_blank_or_comment(line)) {
+      return distance;
+    }
+  }
+  return std::nullopt;
+}
+
 void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
-  if (!at_stop(reader, keywords)) {
-    take_value(reader, entry);
+  if (!reader.reads_as_program()) {
+    if (!at_stop(reader, keywords)) {
+      take_value(reader, entry);
+    }
+    return;
+  }
+  // Blank lines and comments before the value go with it.
+  if (const auto distance = distance_to_value(reader, keywords)) {
+    for (std::size_t i = 0; i <= *distance; ++i) {
+      take_value(reader, entry);
+    }
   }
 }
 
@@ -40,13 +72,14 @@ void gather_counted_rows(LineReader& reader, const Keywords& keywords, ModuleEnt
   if (at_stop(reader, keywords)) {
     return;
   }
+  const std::optional<std::int64_t> count = core::number::parse_integer(reader.line());
   take_value(reader, entry);
-  const std::optional<std::int64_t> count = core::number::parse_integer(entry.values.back());
   if (!count || *count < 0) {
     gather_lines(reader, keywords, entry);
     return;
   }
-  for (std::int64_t row = 0; row < *count && !at_border(reader); ++row) {
+  for (std::int64_t row = 0; row < *count && !at_border(reader);) {
+    row += reader.reads_as_program() && is_blank_or_comment(reader.line()) ? 0 : 1;
     take_value(reader, entry);
   }
 }
@@ -78,6 +111,12 @@ void gather_continuation(LineReader& reader, const Keywords& keywords, ModuleEnt
   }
 }
 
+// Whether an entry's value is lines that nothing but the next keyword ends.
+bool takes_lines(EntryValueKind kind) {
+  return kind == EntryValueKind::Scalar || kind == EntryValueKind::Tuple ||
+         kind == EntryValueKind::MultiLine || kind == EntryValueKind::CountedRows;
+}
+
 }  // namespace
 
 bool is_terminator(std::string_view line, const ModuleEntry& entry) {
@@ -86,6 +125,9 @@ bool is_terminator(std::string_view line, const ModuleEntry& entry) {
 }
 
 void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  if (!entry.values.empty()) {
+    return;
+  }
   switch (entry.kind) {
     case EntryValueKind::Flag:
       return;
@@ -104,14 +146,32 @@ void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& en
   }
 }
 
+void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
+  entry.known = true;  // the word is, also where its canonical name leads nowhere ("$$x")
+  entry.location = reader.location();
+  const std::string_view line = reader.line();
+  const std::size_t number = reader.index() + 1;
+  entry.raw_line = reader.take(LineRole::Keyword);
+  if (!reader.reads_as_program() || !takes_lines(entry.kind)) {
+    return;
+  }
+  std::string_view rest = line;
+  core::text::take_word(rest);
+  rest = core::text::trim_view(rest);
+  if (!rest.empty() && !distance_to_value(reader, keywords)) {
+    entry.values.emplace_back(rest);
+    reader.map()->inline_values.push_back(number);
+  }
+}
+
 ModuleEntry take_raw_entry(LineReader& reader) {
   const std::string_view line = reader.line();
   const LineRole other = is_remark(line) ? LineRole::Comment : LineRole::UnknownLine;
   ModuleEntry entry;
   entry.kind = EntryValueKind::Raw;
   entry.location = reader.location();
+  entry.name = core::text::to_lower(first_word(line));
   entry.raw_line = reader.take(is_blank(line) ? LineRole::Blank : other);
-  entry.name = core::text::to_lower(first_word(entry.raw_line));
   return entry;
 }
 

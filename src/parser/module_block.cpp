@@ -68,9 +68,7 @@ class ModuleBody {
   void read_known_entry(std::string_view line) {
     ModuleEntry entry;
     describe_entry(entry, first_word(line), spec_);
-    entry.known = true;  // the word is, also where its canonical name leads nowhere ("$$x")
-    entry.location = reader_.location();
-    entry.raw_line = reader_.take(LineRole::Keyword);
+    take_keyword_line(reader_, keywords_, entry);
     if (entry.kind == EntryValueKind::NestedBlock) {
       gather_children(reader_, find_entry_spec(spec_, entry.name), options_, entry);
     } else {
@@ -108,8 +106,8 @@ Module parse_module(LineReader& reader, std::size_t index, const InputSchema& sc
   module.terminated = false;
   module.location = reader.location();
   reader.begin_record(RecordId::of_module(index));
+  describe_module(module, core::text::trim_view(reader.line()).substr(1), schema);
   module.header_line = reader.take(LineRole::ModuleHeader);
-  describe_module(module, core::text::trim_view(module.header_line).substr(1), schema);
   ModuleBody(reader, module, index, schema, options).read();
   if (LineMap* const map = reader.map()) {
     map->last_line.push_back(reader.index());

@@ -21,9 +21,7 @@ ModuleEntry parse_nested_child(LineReader& reader, const EntrySpec* block,
   }
   ModuleEntry child;
   describe_child(child, first_word(reader.line()), block);
-  child.known = true;
-  child.location = reader.location();
-  child.raw_line = reader.take(LineRole::Keyword);
+  take_keyword_line(reader, keywords, child);
   if (child.kind != EntryValueKind::Raw || options.custom_unknown_policy) {
     gather_values(reader, keywords, child);
   }

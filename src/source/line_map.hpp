@@ -18,9 +18,10 @@ struct TokenPiece {
 /// What the parser tells of the lines that it moves over. Nothing has to be guessed afterwards from
 /// the document or from the text.
 struct LineMap {
-  std::vector<LineInfo> lines;         ///< by line number, from 1 on; the first is unused
-  std::vector<std::size_t> last_line;  ///< of each module, by its index
-  std::vector<TokenPiece> pieces;      ///< in the order of the text
+  std::vector<LineInfo> lines;             ///< by line number, from 1 on; the first is unused
+  std::vector<std::size_t> last_line;      ///< of each module, by its index
+  std::vector<TokenPiece> pieces;          ///< in the order of the text
+  std::vector<std::size_t> inline_values;  ///< numbers of keyword lines that hold the value, too
 };
 
 }  // namespace kelp::input::bdf

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "source/line_map.hpp"
@@ -8,19 +9,37 @@
 
 namespace kelp::input::bdf {
 
+/// How strictly the lines of an input are read.
+enum class Reading : std::int32_t {
+  Literal,      ///< a line is what it says from its first byte to its last
+  AsByProgram,  ///< as BDF itself reads: comments end a line, values may stand behind their keyword
+};
+
 /// Moves over the lines of an input while they are read. Whoever moves it knows what the line is
 /// and says so; with a line map, the answers are kept.
 class LineReader {
  public:
-  explicit LineReader(const Lines& lines, LineMap* map = nullptr) : lines_(&lines), map_(map) {}
+  explicit LineReader(const Lines& lines) : lines_(&lines) {}
+  /// `text` is what the lines are views of.
+  LineReader(const Lines& lines, std::string_view text, Reading reading, LineMap& map)
+      : lines_(&lines), text_(text), reading_(reading), map_(&map) {}
 
   bool at_end() const { return index_ >= lines_->size(); }
   std::size_t index() const { return index_; }
-  /// Returns the current line; not to be called at the end.
-  std::string_view line() const { return (*lines_)[index_]; }
+  /// Returns what the current line says; not to be called at the end.
+  std::string_view line() const { return line_ahead(0); }
+  /// Returns what a line further on says; empty beyond the end.
+  std::string_view line_ahead(std::size_t distance) const {
+    if (index_ + distance >= lines_->size()) {
+      return {};
+    }
+    const std::string_view whole = (*lines_)[index_ + distance];
+    return reading_ == Reading::Literal ? whole : without_comment(whole);
+  }
+  std::size_t lines_left() const { return lines_->size() - index_; }
   /// Returns the current line's location.
-  SourceSpan location() const { return span_of_line(index_, line()); }
-  /// Returns the current line and moves past it.
+  SourceSpan location() const { return span_of_line(index_, (*lines_)[index_]); }
+  /// Returns the current line, all of it, and moves past it.
   std::string_view take(LineRole role) {
     if (map_ != nullptr) {
       map_->lines[index_ + 1] = {role, record_};
@@ -30,19 +49,22 @@ class LineReader {
   /// Moves past the current line.
   void skip(LineRole role) { take(role); }
 
+  bool reads_as_program() const { return reading_ == Reading::AsByProgram; }
   /// Sets the record that the lines taken from now on belong to.
   void begin_record(const RecordId& record) { record_ = record; }
   const RecordId& record() const { return record_; }
   /// Returns where in the input a view of a line begins.
   std::size_t byte_of(std::string_view part) const {
-    return static_cast<std::size_t>(part.data() - lines_->front().data());
+    return static_cast<std::size_t>(part.data() - text_.data());
   }
   /// Returns where to note more than roles; null when nobody asks.
   LineMap* map() const { return map_; }
 
  private:
   const Lines* lines_;
-  LineMap* map_;
+  std::string_view text_;
+  Reading reading_ = Reading::Literal;
+  LineMap* map_ = nullptr;
   std::size_t index_ = 0;
   RecordId record_;
 };

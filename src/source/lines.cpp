@@ -33,6 +33,12 @@ SourceSpan span_of_line(std::size_t index, std::string_view line) {
   return {index + 1, 1, line.size()};
 }
 
+std::string_view without_comment(std::string_view line) {
+  const std::size_t hash = line.find('#');
+  const bool is_behind = hash != std::string_view::npos && !trim_view(line.substr(0, hash)).empty();
+  return is_behind ? line.substr(0, hash) : line;
+}
+
 std::string_view first_word(std::string_view line) {
   const std::string_view text = trim_view(line);
   return text.substr(0, text.find_first_of(" \t\r\n"));

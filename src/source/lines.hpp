@@ -22,6 +22,10 @@ using core::text::take_line;
 /// Returns the place of a line, given by its index.
 SourceSpan span_of_line(std::size_t index, std::string_view line);
 
+/// Returns a line without the comment behind what it says. A line that is a comment as a whole
+/// stays as it is.
+std::string_view without_comment(std::string_view line);
+
 /// Returns a line's text up to the first blank, tab or line end; empty for a blank line.
 std::string_view first_word(std::string_view line);
 

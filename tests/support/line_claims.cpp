@@ -199,7 +199,7 @@ MappedDocument read_with_map(std::string_view text, const InputSchema& schema,
   MappedDocument read;
   const Lines lines = split_lines(text);
   read.map.lines.resize(lines.size() + 1);
-  LineReader reader(lines, &read.map);
+  LineReader reader(lines, text, Reading::Literal, read.map);
   read_input(reader, schema, options, read.data);
   return read;
 }
