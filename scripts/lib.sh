@@ -65,7 +65,9 @@ need_packages() {
 configure() {
     local preset=$1 folder=$root/build/$1
     if command -v ccache >/dev/null; then
-        export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+        # It would pass over whatever is built with precompiled headers.
+        local launcher="env;CCACHE_SLOPPINESS=pch_defines,time_macros;ccache"
+        export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-$launcher}
     fi
     if ! grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
         rm -rf -- "$folder/CMakeCache.txt" "$folder/CMakeFiles"

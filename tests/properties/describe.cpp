@@ -9,7 +9,7 @@
 namespace kelp::input::bdf {
 namespace {
 
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
   std::string result = " <";
   for (const char byte : text) {
     result += byte == '\n' ? std::string("\\n") : std::string(1, byte);
@@ -31,7 +31,7 @@ class Description {
  public:
   std::string of(const BDFData& data) {
     line(data.mode == InputMode::Module ? "module input" : "easy input");
-    line("script" + quoted(data.script_name));
+    line("script" + in_quotes(data.script_name));
     lines("leading", data.leading_lines);
     for (const EasyToken& token : data.easy_tokens) {
       add(token);
@@ -40,7 +40,7 @@ class Description {
       line("geometry");
     }
     for (const AtomRecord& atom : data.atoms) {
-      line("atom" + quoted(atom.element) + number(atom.x) + number(atom.y) + number(atom.z));
+      line("atom" + in_quotes(atom.element) + number(atom.x) + number(atom.y) + number(atom.z));
     }
     lines("geometry line", data.geometry_lines);
     for (const Module& module : data.modules) {
@@ -60,7 +60,7 @@ class Description {
 
   void lines(const std::string& what, const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
-      line(what + quoted(text));
+      line(what + in_quotes(text));
     }
   }
 
@@ -68,15 +68,15 @@ class Description {
     std::string text = "token";
     for (const std::string* part : {&token.canonical, &token.key, &token.value, &token.category,
                                     &token.method, &token.functional, &token.basis}) {
-      text += quoted(*part);
+      text += in_quotes(*part);
     }
     line(text + (token.known ? " known" : ""));
   }
 
   void add(const Module& module) {
-    line("module" + quoted(module.name) + (module.known ? " known" : ""));
+    line("module" + in_quotes(module.name) + (module.known ? " known" : ""));
     if (!module.known) {
-      line("  header" + quoted(module.header_line) + " end" + quoted(module.end_line));
+      line("  header" + in_quotes(module.header_line) + " end" + in_quotes(module.end_line));
     }
     for (const ModuleEntry& entry : module.entries) {
       add(entry, "  ");
@@ -85,15 +85,15 @@ class Description {
   }
 
   void add(const ModuleEntry& entry, const std::string& indent) {
-    line(indent + "entry" + quoted(entry.name) + (entry.known ? " known" : "") + " kind " +
-         std::to_string(static_cast<int>(entry.kind)) + quoted(entry.terminator));
+    line(indent + "entry" + in_quotes(entry.name) + (entry.known ? " known" : "") + " kind " +
+         std::to_string(static_cast<int>(entry.kind)) + in_quotes(entry.terminator));
     if (is_verbatim(entry)) {
-      line(indent + "  as read" + quoted(entry.raw_line));
+      line(indent + "  as read" + in_quotes(entry.raw_line));
       lines(indent + "  value", entry.values);
       return;
     }
     for (const std::string& value : entry.values) {
-      line(indent + "  value" + quoted(core::text::trim_view(value)));
+      line(indent + "  value" + in_quotes(core::text::trim_view(value)));
     }
     for (const ModuleEntry& child : entry.children) {
       add(child, indent + "  ");

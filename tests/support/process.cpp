@@ -62,7 +62,7 @@ std::wstring wide(const std::string& text) {
 }
 
 // Backslashes are plain unless a quotation mark follows them.
-std::wstring quoted(const std::wstring& argument) {
+std::wstring in_quotes(const std::wstring& argument) {
   std::wstring text = L"\"";
   std::size_t backslashes = 0;
   for (const wchar_t character : argument) {
@@ -77,9 +77,9 @@ std::wstring quoted(const std::wstring& argument) {
 }
 
 std::wstring command_line(const ProcessSetup& setup) {
-  std::wstring line = quoted(setup.program.wstring());
+  std::wstring line = in_quotes(setup.program.wstring());
   for (const std::string& argument : setup.arguments) {
-    line += L' ' + quoted(wide(argument));
+    line += L' ' + in_quotes(wide(argument));
   }
   return line;
 }
