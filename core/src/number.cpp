@@ -5,6 +5,7 @@
 #include "kelp/core/number.hpp"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -76,6 +77,16 @@ std::optional<double> parse_float(std::string_view text) {
     }
   }
   return c_locale::strtod_whole(number);
+}
+
+std::string to_text(double value) {
+  const double size = std::abs(value);
+  const bool plain = size == 0.0 || (size >= 1e-4 && size < 1e16);
+  std::array<char, 32> digits;
+  const auto written =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                    plain ? std::chars_format::fixed : std::chars_format::scientific);
+  return {digits.data(), written.ptr};
 }
 
 }  // namespace kelp::core::number

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <random>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/number_reference.hpp"
@@ -294,6 +297,37 @@ TEST(ParseFloat, ReadsNoByteBeyondTheView) {
   EXPECT_EQ(parse_integer(digits.substr(0, 3)), 123);
   const std::string_view hex = "0x1f";
   EXPECT_EQ(parse_float(hex.substr(0, 3)), 1.0);
+}
+
+TEST(ToText, WritesANumberAsOneWould) {
+  const std::vector<std::pair<double, const char*>> rows = {
+      {0, "0"},
+      {-0.0, "-0"},
+      {5, "5"},
+      {-2.5, "-2.5"},
+      {0.1, "0.1"},
+      {1e5, "100000"},
+      {1e-4, "0.0001"},
+      {9.5e-5, "9.5e-05"},
+      {1e15, "1000000000000000"},
+      {1e16, "1e+16"},
+      {-1.5e300, "-1.5e+300"},
+      {1.0 / 3, "0.3333333333333333"},
+      {5e-324, "5e-324"},
+      {std::numeric_limits<double>::infinity(), "inf"}};
+  for (const auto& [number, text] : rows) {
+    EXPECT_EQ(to_text(number), text);
+  }
+}
+
+TEST(ToText, CanBeReadAsTheSameNumber) {
+  std::mt19937_64 random(17);
+  for (int i = 0; i < 20000; ++i) {
+    const double number = std::bit_cast<double>(random());
+    if (std::isnormal(number)) {
+      EXPECT_EQ(parse_float(to_text(number)), number);
+    }
+  }
 }
 
 }  // namespace

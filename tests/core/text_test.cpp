@@ -103,6 +103,14 @@ TEST(EqualsIgnoringCase, TakesNeighboursOfLettersAndHighBytesAsTheyAre) {
   EXPECT_FALSE(equals_ignoring_case("\xC4", "\xE4"));
 }
 
+TEST(Join, PutsTheSeparatorBetweenEachTwo) {
+  using Texts = std::vector<std::string_view>;
+  EXPECT_EQ(join(Texts{}, ", "), "");
+  EXPECT_EQ(join(Texts{"a"}, ", "), "a");
+  EXPECT_EQ(join(Texts{"", "b", ""}, ", "), ", b, ");
+  EXPECT_EQ(join(std::vector<std::string>{"a", "b"}, " or "), "a or b");
+}
+
 TEST(TakeWord, CutsOneWordAfterTheOther) {
   std::string_view rest = " \tab\vc\0d \r\n"sv;
   EXPECT_EQ(take_word(rest), "ab");

@@ -36,6 +36,19 @@ constexpr char to_lower(char byte) noexcept {
 /// Returns the text with every ASCII letter in lower case.
 std::string to_lower(std::string_view text);
 
+/// Returns the texts of a list in a row, with a separator between each two.
+template <typename Texts>
+std::string join(const Texts& texts, std::string_view separator) {
+  std::string joined;
+  bool first = true;
+  for (const std::string_view text : texts) {
+    joined += first ? std::string_view() : separator;
+    joined += text;
+    first = false;
+  }
+  return joined;
+}
+
 /// Tells whether two texts are equal but for the case of ASCII letters.
 bool equals_ignoring_case(std::string_view left, std::string_view right) noexcept;
 
