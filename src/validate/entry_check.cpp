@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "kelp/core/text.hpp"
+#include "model/value_lines.hpp"
 #include "schema/normalize_key.hpp"
 #include "validate/value_check.hpp"
-#include "model/value_lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -21,24 +21,12 @@ bool holds(const ValueRequirement& requirement, Siblings& siblings) {
          (!requirement.equals || normalize_key(*requirement.equals) == first_value(*found));
 }
 
-std::string join(const std::vector<std::string_view>& lines) {
-  std::string joined;
-  for (const std::string_view line : lines) {
-    if (!joined.empty()) {
-      joined += " | ";
-    }
-    joined += line;
-  }
-  return joined;
-}
-
 void check_values(const ModuleEntry& entry, const EntrySpec& spec, std::string_view path,
                   Issues& issues) {
   const std::vector<std::string_view> lines = cleaned_lines(entry);
-  const bool matches = spec.kind == EntryValueKind::CountedRows ? counted_rows_match(lines, spec)
-                                                                : value_matches(lines, spec);
-  if (!matches) {
-    report(issues, IssueId::InvalidModuleValue, {path, join(lines)}, entry.location);
+  if (!lines_match(lines, spec)) {
+    report(issues, IssueId::InvalidModuleValue, {path, core::text::join(lines, " | ")},
+           entry.location);
   }
 }
 

@@ -6,8 +6,9 @@
 #include <string>
 
 #include "kelp/core/number.hpp"
-#include "schema/normalize_key.hpp"
+#include "kelp/core/text.hpp"
 #include "model/value_lines.hpp"
+#include "schema/normalize_key.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -64,14 +65,8 @@ bool arity_ok(std::size_t count, const Arity& arity) {
 }
 
 bool is_allowed(const Tokens& tokens, const std::vector<std::string>& allowed) {
-  std::string joined;
-  for (const std::string_view token : tokens) {
-    if (!joined.empty()) {
-      joined += ' ';
-    }
-    joined += token;
-  }
-  return std::find(allowed.begin(), allowed.end(), normalize_key(joined)) != allowed.end();
+  const std::string value = normalize_key(core::text::join(tokens, " "));
+  return std::find(allowed.begin(), allowed.end(), value) != allowed.end();
 }
 
 bool count_line_matches(std::string_view line, std::size_t rows) {
@@ -147,6 +142,11 @@ bool counted_rows_match(const std::vector<std::string_view>& lines, const EntryS
     }
   }
   return true;
+}
+
+bool lines_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info) {
+  return info.kind == EntryValueKind::CountedRows ? counted_rows_match(lines, info)
+                                                  : value_matches(lines, info);
 }
 
 }  // namespace kelp::input::bdf

@@ -14,6 +14,10 @@ bool value_matches(const std::vector<std::string_view>& lines, const EntrySchema
 /// Tells whether the cleaned lines of a `CountedRows` entry agree with its description.
 bool counted_rows_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
 
+/// Tells whether the cleaned lines of an entry agree with its description, by the one or the other
+/// of these rules.
+bool lines_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+
 /// Tells whether one field is of a type (string, any, integer, float, number) and within the
 /// description's bounds; every field is of any other type.
 bool token_matches_type(std::string_view token, std::string_view type, const EntrySchemaInfo& info);

@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "schema/lint/problems.hpp"
 #include "schema/yaml_values.hpp"
+#include "schema_lint/problems.hpp"
 
 namespace kelp::input::bdf::lint {
 

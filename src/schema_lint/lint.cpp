@@ -15,12 +15,12 @@
 #include <vector>
 
 #include "schema/document_keys.hpp"
-#include "schema/lint/description.hpp"
-#include "schema/lint/forms.hpp"
-#include "schema/lint/names.hpp"
-#include "schema/lint/problems.hpp"
 #include "schema/yaml_reader.hpp"
 #include "schema/yaml_values.hpp"
+#include "schema_lint/description.hpp"
+#include "schema_lint/forms.hpp"
+#include "schema_lint/names.hpp"
+#include "schema_lint/problems.hpp"
 
 namespace kelp::input::bdf {
 namespace lint {

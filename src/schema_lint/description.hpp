@@ -4,9 +4,9 @@
 
 #include <string_view>
 
-#include "schema/lint/names.hpp"
-#include "schema/lint/problems.hpp"
 #include "schema/yaml_values.hpp"
+#include "schema_lint/names.hpp"
+#include "schema_lint/problems.hpp"
 
 namespace kelp::input::bdf::lint {
 

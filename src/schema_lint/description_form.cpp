@@ -2,8 +2,8 @@
 #include <cstddef>
 
 #include "schema/document_keys.hpp"
-#include "schema/lint/description.hpp"
-#include "schema/lint/forms.hpp"
+#include "schema_lint/description.hpp"
+#include "schema_lint/forms.hpp"
 
 namespace kelp::input::bdf::lint {
 namespace {

@@ -1,4 +1,4 @@
-#include "schema/lint/description.hpp"
+#include "schema_lint/description.hpp"
 
 #include <algorithm>
 #include <array>
@@ -10,9 +10,9 @@
 
 #include "schema/document_keys.hpp"
 #include "schema/entry_reader.hpp"
-#include "schema/lint/arity.hpp"
-#include "schema/lint/probe.hpp"
 #include "schema/normalize_key.hpp"
+#include "schema_lint/acceptance.hpp"
+#include "schema_lint/arity.hpp"
 
 namespace kelp::input::bdf::lint {
 namespace {

@@ -1,4 +1,4 @@
-#include "schema/lint/names.hpp"
+#include "schema_lint/names.hpp"
 
 #include <algorithm>
 

@@ -5,8 +5,8 @@
 #include <span>
 #include <string_view>
 
-#include "schema/lint/problems.hpp"
 #include "schema/yaml_values.hpp"
+#include "schema_lint/problems.hpp"
 
 namespace kelp::input::bdf::lint {
 

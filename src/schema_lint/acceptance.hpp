@@ -7,8 +7,7 @@
 
 namespace kelp::input::bdf::lint {
 
-/// Tells whether an entry of this description accepts a value, by asking the validation, so that
-/// its rules are written nowhere else.
+/// Tells whether an entry of this description accepts a value, as the validation has it.
 bool accepts(const EntrySchemaInfo& info, const std::string& value);
 
 /// Says which part of a description refuses a value: "the bounds", for example. Only for values

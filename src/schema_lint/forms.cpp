@@ -1,4 +1,4 @@
-#include "schema/lint/forms.hpp"
+#include "schema_lint/forms.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include <string>
 
 #include "schema/entry_reader.hpp"
-#include "schema/lint/description.hpp"
-#include "schema/lint/probe.hpp"
 #include "schema/normalize_key.hpp"
+#include "schema_lint/acceptance.hpp"
+#include "schema_lint/description.hpp"
 
 namespace kelp::input::bdf::lint {
 namespace {

@@ -1,4 +1,4 @@
-#include "schema/lint/problems.hpp"
+#include "schema_lint/problems.hpp"
 
 #include <algorithm>
 #include <tuple>
