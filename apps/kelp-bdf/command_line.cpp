@@ -8,6 +8,7 @@
 
 #include "check.hpp"
 #include "common_options.hpp"
+#include "did_you_mean.hpp"
 #include "explain.hpp"
 #include "format.hpp"
 #include "get.hpp"
@@ -17,7 +18,6 @@
 #include "session.hpp"
 #include "set.hpp"
 #include "show.hpp"
-#include "similar.hpp"
 
 namespace kelp::app {
 namespace {
@@ -63,10 +63,12 @@ std::string explain_extra(const CLI::App& app, const std::string& extra) {
   const CLI::App& command = chosen_command(app);
   if (extra.starts_with('-')) {
     const std::string name = extra.substr(0, extra.find('='));
-    return with_similar(fmt::format("unknown option '{}'", name), name, option_names(command));
+    return fmt::format("unknown option '{}'{}", name,
+                       did_you_mean(input::bdf::similar_names(name, option_names(command))));
   }
   if (!command.get_subcommands({}).empty()) {
-    return with_similar(fmt::format("unknown command '{}'", extra), extra, command_names(command));
+    return fmt::format("unknown command '{}'{}", extra,
+                       did_you_mean(input::bdf::similar_names(extra, command_names(command))));
   }
   return fmt::format("unexpected argument '{}'", extra);
 }

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "did_you_mean.hpp"
 #include "easy_keyword.hpp"
 #include "kelp/core/text.hpp"
-#include "similar.hpp"
-#include "vocabulary.hpp"
+#include "kelp/input/bdf/names.hpp"
 
 namespace kelp::app {
 namespace {
@@ -89,19 +89,8 @@ Found find_easy_value(const BDFData& data, const InputSchema& schema, const std:
   return value.empty() ? Lines() : Lines{value};
 }
 
-Lines easy_keyword_names(const InputSchema& schema) {
-  Lines names = schema.known_easy_keywords();
-  for (const std::string& name : schema.known_easy_keywords()) {
-    for (std::string& alias : schema.easy_keyword_aliases(name)) {
-      names.push_back(std::move(alias));
-    }
-  }
-  return names;
-}
-
 std::string hint(std::string_view name, const Lines& candidates) {
-  const Lines near = similar_names(name, candidates);
-  return near.empty() ? std::string() : fmt::format("; did you mean {}?", quoted_choice(near));
+  return did_you_mean(input::bdf::similar_names(name, candidates));
 }
 
 }  // namespace
@@ -139,23 +128,24 @@ std::string path_hint(const InputSchema& schema, const ValuePath& path) {
   if (path.kind == ValuePath::Kind::Geometry) {
     return {};
   }
+  const input::bdf::NameLists names(schema);
   if (path.kind == ValuePath::Kind::EasyKeyword) {
-    return schema.is_known_easy_token(path.name) ? "" : hint(path.name, easy_keyword_names(schema));
+    return schema.is_known_easy_token(path.name) ? "" : hint(path.name, names.easy_keywords());
   }
   if (!schema.is_known_module(path.module)) {
-    return hint(path.module, module_names(schema));
+    return hint(path.module, names.modules());
   }
   if (path.kind == ValuePath::Kind::Module) {
     return {};
   }
   if (!schema.is_known_entry(path.module, path.name)) {
-    return hint(path.name, entry_names(schema, path.module));
+    return hint(path.name, names.entries(path.module));
   }
   if (path.kind != ValuePath::Kind::Child ||
       schema.is_known_nested_entry(path.module, path.name, path.child)) {
     return {};
   }
-  return hint(path.child, nested_entry_names(schema, path.module, path.name));
+  return hint(path.child, names.nested_entries(path.module, path.name));
 }
 
 }  // namespace kelp::app

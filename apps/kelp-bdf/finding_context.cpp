@@ -4,9 +4,8 @@
 
 #include <utility>
 
+#include "kelp/input/bdf/explain.hpp"
 #include "line_of.hpp"
-#include "similar.hpp"
-#include "vocabulary.hpp"
 
 namespace kelp::app {
 
@@ -39,14 +38,15 @@ void FindingDraft::suggest(std::vector<std::string> names, std::string_view thin
   if (names.empty()) {
     return;
   }
-  const std::string choice = quoted_choice(names);
+  const std::string choice = input::bdf::quoted_choice(names);
   help(names.size() == 1 ? fmt::format("a similar {} exists: {}", thing, choice)
                          : fmt::format("similar {} exist: {}", things, choice));
   finding.suggestions = std::move(names);
 }
 
 void FindingDraft::expect(const std::optional<input::bdf::EntrySchemaInfo>& description) {
-  const std::string expected = description ? expected_value(*description) : std::string();
+  const std::string expected =
+      description ? input::bdf::expected_value(*description) : std::string();
   if (!expected.empty()) {
     help("expected: " + expected);
   }

@@ -9,8 +9,8 @@
 #include "checked_input.hpp"
 #include "easy_token_places.hpp"
 #include "finding.hpp"
+#include "kelp/input/bdf/names.hpp"
 #include "line_index.hpp"
-#include "name_hints.hpp"
 #include "namesakes.hpp"
 
 namespace kelp::app {
@@ -19,17 +19,23 @@ namespace kelp::app {
 class FindingContext {
  public:
   explicit FindingContext(const CheckedInput& checked)
-      : input(checked),
-        lines(checked.result.data),
-        hints(checked.schema),
-        namesakes(checked),
-        easy_tokens(checked) {}
+      : input(checked), lines(checked.result.data), namesakes(checked), easy_tokens(checked) {}
 
   const CheckedInput& input;
   LineIndex lines;
-  NameHints hints;
   Namesakes namesakes;
   EasyTokenPlaces easy_tokens;
+
+  /// Returns the names that there are, for comparison with misspelt ones.
+  const input::bdf::NameLists& names() {
+    if (!names_) {
+      names_.emplace(input.schema);
+    }
+    return *names_;
+  }
+
+ private:
+  std::optional<input::bdf::NameLists> names_;
 };
 
 /// A finding in the making.

@@ -1,8 +1,8 @@
 // Findings about the header and the geometry of an easy input.
 
 #include "finding_context.hpp"
+#include "kelp/input/bdf/names.hpp"
 #include "line_of.hpp"
-#include "similar.hpp"
 
 namespace kelp::app {
 
@@ -16,7 +16,7 @@ void complete_header_value(FindingDraft& draft) {
   draft.mark(found->value);
   const auto info = draft.input.schema.easy_keyword_info(found->token->key);
   if (info) {
-    draft.suggest(similar_names(found->token->value, info->allowed), "value", "values");
+    draft.suggest(input::bdf::similar_names(found->token->value, info->allowed), "value", "values");
   }
   draft.expect(info);
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "kelp/input/bdf/explain.hpp"
 #include "report.hpp"
 #include "unicode.hpp"
 
@@ -88,13 +89,12 @@ std::string counted(std::size_t count, std::string_view thing) {
 
 std::string human_report(const Finding& finding, bool colour) {
   const Painter painter(colour);
-  const bool is_error = finding.severity == ValidationSeverity::Error;
   const std::size_t gutter =
       finding.range ? fmt::formatted_size("{}", finding.range->start.line) : 1;
   std::string text = fmt::format(
       "{}{}\n",
       painter.severity(finding.severity,
-                       fmt::format("{}[{}]", is_error ? "error" : "warning", finding.code)),
+                       fmt::format("{}[{}]", to_string(finding.severity), finding.code)),
       painter.strong(": " + displayable(abridged(finding.message))));
   text += fmt::format("{:{}}{} {}", "", gutter, painter.frame("-->"), displayable(finding.file));
   if (finding.range) {
@@ -128,8 +128,8 @@ std::string human_summary(const Totals& totals) {
 std::string concise_report(const Finding& finding) {
   const Position start = finding.range ? finding.range->start : Position{};
   return fmt::format("{}:{}:{}: {}: {} [{}]\n", displayable(finding.file), start.line, start.column,
-                     finding.severity == ValidationSeverity::Error ? "error" : "warning",
-                     displayable(abridged(finding.message)), finding.code);
+                     to_string(finding.severity), displayable(abridged(finding.message)),
+                     finding.code);
 }
 
 }  // namespace kelp::app

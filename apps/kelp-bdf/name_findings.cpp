@@ -10,11 +10,12 @@
 #include "finding_context.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
-#include "similar.hpp"
 #include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
+
+using input::bdf::similar_names;
 
 // "charge=1" in a module, as one would write it in the header.
 bool explain_header_form(FindingDraft& draft) {
@@ -39,12 +40,13 @@ bool explain_number(FindingDraft& draft) {
 }
 
 void name_other_modules(FindingDraft& draft) {
-  std::vector<std::string> others = draft.context.hints.modules_with_entry(draft.place.entry->name);
+  std::vector<std::string> others =
+      draft.context.names().modules_with_entry(draft.place.entry->name);
   for (std::string& other : others) {
     other.insert(0, "$");
   }
   if (!others.empty()) {
-    draft.help(fmt::format("it is an entry of {}", quoted_choice(others)));
+    draft.help(fmt::format("it is an entry of {}", input::bdf::quoted_choice(others)));
   }
 }
 
@@ -62,7 +64,8 @@ void complete_unknown_module(FindingDraft& draft) {
     return;
   }
   draft.mark(header, "not a module");
-  draft.suggest(draft.context.hints.similar_modules(draft.place.module->name), "module", "modules");
+  draft.suggest(similar_names(draft.place.module->name, draft.context.names().modules()), "module",
+                "modules");
 }
 
 void complete_unknown_entry(FindingDraft& draft) {
@@ -72,8 +75,8 @@ void complete_unknown_entry(FindingDraft& draft) {
       explain_number(draft)) {
     return;
   }
-  draft.suggest(draft.context.hints.similar_entries(module, draft.place.entry->name), "entry",
-                "entries");
+  draft.suggest(similar_names(draft.place.entry->name, draft.context.names().entries(module)),
+                "entry", "entries");
   if (draft.finding.suggestions.empty()) {
     name_other_modules(draft);
   }
@@ -82,9 +85,8 @@ void complete_unknown_entry(FindingDraft& draft) {
 void complete_unknown_nested_entry(FindingDraft& draft) {
   const std::string& block = draft.place.entry->name;
   draft.mark_word(draft.line, fmt::format("not an entry of the block '{}'", block));
-  draft.suggest(draft.context.hints.similar_nested_entries(draft.place.module->name, block,
-                                                           draft.place.child->name),
-                "entry", "entries");
+  const auto& names = draft.context.names().nested_entries(draft.place.module->name, block);
+  draft.suggest(similar_names(draft.place.child->name, names), "entry", "entries");
 }
 
 }  // namespace kelp::app

@@ -8,6 +8,7 @@
 #include "formula.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
+#include "kelp/input/bdf/explain.hpp"
 #include "line_index.hpp"
 #include "line_of.hpp"
 
@@ -17,28 +18,9 @@ namespace {
 using input::bdf::AtomRecord;
 using input::bdf::BDFData;
 using input::bdf::EasyToken;
-using input::bdf::EntryValueKind;
 using input::bdf::InputMode;
 using input::bdf::Module;
 using input::bdf::ModuleEntry;
-
-std::string_view mode_name(InputMode mode) {
-  switch (mode) {
-    case InputMode::Module:
-      return "module";
-    case InputMode::Mixed:
-      return "mixed";
-    default:
-      return "easy";
-  }
-}
-
-std::string_view kind_name(EntryValueKind kind) {
-  constexpr std::array<std::string_view, 8> names = {
-      "flag",         "scalar",           "tuple", "multiline", "counted_rows",
-      "nested_block", "terminated_block", "raw"};
-  return names[static_cast<std::size_t>(kind) % names.size()];
-}
 
 bool is_remark(const ModuleEntry& entry) {
   const std::string_view text = core::text::trim_view(entry.raw_line);
@@ -64,7 +46,7 @@ class OutlineMaker {
 
   Outline run() {
     outline_.file = input_.name;
-    outline_.mode = mode_name(data_.mode);
+    outline_.mode = to_string(data_.mode);
     if (data_.mode != InputMode::Module) {
       outline_.script_name = data_.script_name;
     }
@@ -156,7 +138,7 @@ class OutlineMaker {
       Outline::Entry made;
       made.name = entry.name;
       made.path = path + '.' + entry.name;
-      made.kind = kind_name(entry.kind);
+      made.kind = to_string(entry.kind);
       made.known = entry.known;
       made.line = line_of(entry);
       for (const std::string& value : entry.values) {

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/schema_lint.hpp"
 #include "output.hpp"
 #include "report.hpp"
-#include "similar.hpp"
 #include "source_text.hpp"
 #include "sources.hpp"
 
@@ -33,9 +33,9 @@ Finding make_schema_finding(const SchemaProblem& problem, const std::string& fil
       source.range({line, std::min(begin, size),
                     std::min(begin + static_cast<std::size_t>(problem.location.length), size)});
   finding.source_line_byte = finding.range->start.byte - std::min(begin, size);
-  finding.suggestions = similar_names(problem.name, problem.known);
+  finding.suggestions = input::bdf::similar_names(problem.name, problem.known);
   if (!finding.suggestions.empty()) {
-    finding.help.push_back("did you mean " + quoted_choice(finding.suggestions) + "?");
+    finding.help.push_back("did you mean " + input::bdf::quoted_choice(finding.suggestions) + "?");
   }
   return finding;
 }

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "describe.hpp"
+#include "did_you_mean.hpp"
+#include "kelp/input/bdf/explain.hpp"
+#include "kelp/input/bdf/names.hpp"
 #include "output.hpp"
-#include "similar.hpp"
 #include "unicode.hpp"
-#include "vocabulary.hpp"
 
 namespace kelp::app {
 namespace {
@@ -33,7 +33,7 @@ std::vector<std::size_t> widths_of(const Rows& rows) {
 }
 
 Row entry_row(const EntrySchemaInfo& info, const std::vector<std::string>& aliases) {
-  return {info.name, std::string(kind_name(info.kind)), type_name(info),
+  return {info.name, std::string(to_string(info.kind)), value_type_text(info),
           info.default_value.value_or(""), fmt::format("{}", fmt::join(aliases, ", "))};
 }
 
@@ -112,8 +112,9 @@ ExitStatus list_schema(const std::string& module, Session& session) {
     print(entry_table(schema, module));
     return ExitStatus::Success;
   }
-  complain(
-      with_similar(fmt::format("there is no module '{}'", module), module, module_names(schema)));
+  const input::bdf::NameLists names(schema);
+  complain(fmt::format("there is no module '{}'{}", module,
+                       did_you_mean(input::bdf::similar_names(module, names.modules()))));
   return ExitStatus::Findings;
 }
 

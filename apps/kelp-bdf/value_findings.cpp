@@ -1,8 +1,8 @@
 // Findings about the values of entries.
 
 #include "finding_context.hpp"
+#include "kelp/input/bdf/names.hpp"
 #include "locate_value.hpp"
-#include "similar.hpp"
 
 namespace kelp::app {
 
@@ -27,8 +27,8 @@ void complete_invalid_value(FindingDraft& draft) {
   } else {
     draft.mark(*part);
     if (info) {
-      draft.suggest(similar_names(draft.input.source.text_of(*part), info->allowed), "value",
-                    "values");
+      draft.suggest(input::bdf::similar_names(draft.input.source.text_of(*part), info->allowed),
+                    "value", "values");
     }
   }
   draft.expect(info);

@@ -5,7 +5,9 @@
 
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/editor.hpp"
+#include "kelp/input/bdf/explain.hpp"
 #include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/parser.hpp"
 #include "kelp/input/bdf/record.hpp"

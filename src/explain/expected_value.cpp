@@ -1,39 +1,20 @@
-#include "vocabulary.hpp"
-
-#include <fmt/format.h>
+// What a description accepts, in words.
 
 #include <cstdint>
 #include <optional>
-#include <utility>
+#include <string>
+#include <vector>
 
-#include "similar.hpp"
+#include "kelp/core/number.hpp"
+#include "kelp/core/text.hpp"
+#include "kelp/input/bdf/explain.hpp"
+#include "kelp/input/bdf/names.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 namespace {
 
-using input::bdf::EntrySchemaInfo;
-using input::bdf::EntryValueKind;
-using input::bdf::InputSchema;
-using Names = std::vector<std::string>;
-
-void append(Names& names, Names more) {
-  for (std::string& name : more) {
-    names.push_back(std::move(name));
-  }
-}
-
-// Adds to each name its aliases, which `aliases_of` returns.
-template <typename AliasesOf>
-Names with_aliases(const Names& names, AliasesOf aliases_of) {
-  Names all = names;
-  for (const std::string& name : names) {
-    append(all, aliases_of(name));
-  }
-  return all;
-}
-
 std::string counted(std::uint64_t count, std::string_view thing) {
-  return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
+  return std::to_string(count).append(" ").append(thing) + (count == 1 ? "" : "s");
 }
 
 std::string arity_text(const std::optional<std::uint64_t>& exact,
@@ -44,10 +25,14 @@ std::string arity_text(const std::optional<std::uint64_t>& exact,
     return counted(*exact, thing);
   }
   if (!allowed.empty()) {
-    return fmt::format("{} {}s", fmt::join(allowed, " or "), thing);
+    std::vector<std::string> counts;
+    for (const std::uint64_t count : allowed) {
+      counts.push_back(std::to_string(count));
+    }
+    return core::text::join(counts, " or ").append(" ").append(thing) + "s";
   }
   if (least && most) {
-    return fmt::format("{} to {} {}s", *least, *most, thing);
+    return std::to_string(*least) + " to " + std::to_string(*most).append(" ").append(thing) + "s";
   }
   if (least) {
     return "at least " + counted(*least, thing);
@@ -65,11 +50,13 @@ std::string type_text(std::string_view type) {
 std::string bounds_text(const EntrySchemaInfo& info) {
   std::string text;
   if (info.min) {
-    text += fmt::format(" {} {}", info.min_exclusive ? "above" : "of at least", *info.min);
+    text += info.min_exclusive ? " above " : " of at least ";
+    text += core::number::to_text(*info.min);
   }
   if (info.max) {
-    text += fmt::format("{} {} {}", info.min ? " and" : "",
-                        info.max_exclusive ? "below" : "at most", *info.max);
+    text += info.min ? " and" : "";
+    text += info.max_exclusive ? " below " : " at most ";
+    text += core::number::to_text(*info.max);
   }
   return text;
 }
@@ -82,28 +69,25 @@ std::string rows_text(const EntrySchemaInfo& info) {
     text += " of " + columns;
   }
   if (!info.row_types.empty()) {
-    text += fmt::format(" ({})", fmt::join(info.row_types, ", "));
+    text += " (" + core::text::join(info.row_types, ", ") + ")";
   }
   return text;
 }
 
 }  // namespace
 
-Names module_names(const InputSchema& schema) {
-  return with_aliases(schema.known_modules(),
-                      [&](const std::string& name) { return schema.module_aliases(name); });
-}
-
-Names entry_names(const InputSchema& schema, std::string_view module) {
-  return with_aliases(schema.known_entries(module),
-                      [&](const std::string& name) { return schema.entry_aliases(module, name); });
-}
-
-Names nested_entry_names(const InputSchema& schema, std::string_view module,
-                         std::string_view entry) {
-  return with_aliases(schema.known_nested_entries(module, entry), [&](const std::string& name) {
-    return schema.nested_entry_aliases(module, entry, name);
-  });
+std::string value_type_text(const EntrySchemaInfo& info) {
+  switch (info.kind) {
+    case EntryValueKind::Flag:
+    case EntryValueKind::NestedBlock:
+    case EntryValueKind::TerminatedBlock:
+    case EntryValueKind::Raw:
+      return {};
+    case EntryValueKind::CountedRows:
+      return info.row_types.empty() ? info.value_type : core::text::join(info.row_types, " ");
+    default:
+      return info.value_type;
+  }
 }
 
 std::string expected_value(const EntrySchemaInfo& info) {
@@ -125,4 +109,4 @@ std::string expected_value(const EntrySchemaInfo& info) {
   return type.empty() ? std::string() : type + "s" + bounds_text(info);
 }
 
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

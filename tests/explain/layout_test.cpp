@@ -6,14 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "describe.hpp"
 #include "kelp/input/bdf.hpp"
 #include "support/schema.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 namespace {
 
-using input::bdf::InputSchema;
 using Lines = std::vector<std::string>;
 
 std::string module_with(const std::string& module, const Lines& lines) {
@@ -26,8 +24,8 @@ std::string module_with(const std::string& module, const Lines& lines) {
 
 // What an entry needs beside it is another matter.
 void expect_valid(const std::string& text, const InputSchema& schema) {
-  const auto result = input::bdf::BDFParser::parse_string(text, schema, {});
-  input::bdf::ValidationOptions strict;
+  const auto result = BDFParser::parse_string(text, schema, {});
+  ValidationOptions strict;
   strict.unknown_entries_as_errors = true;
   for (const auto& issue : schema.validate(result.data, strict)) {
     EXPECT_EQ(issue.code, "bdf.missing_required_entry") << issue.message << "\n" << text;
@@ -35,14 +33,14 @@ void expect_valid(const std::string& text, const InputSchema& schema) {
 }
 
 TEST(LayoutExample, EveryEntryOfTheVocabularyMayBeWrittenAsShown) {
-  const InputSchema& schema = input::bdf::shipped_schema();
+  const InputSchema& schema = shipped_schema();
   std::size_t count = 0;
   for (const std::string& module : schema.known_modules()) {
     for (const std::string& entry : schema.known_entries(module)) {
       ++count;
       const Lines children = schema.known_nested_entries(module, entry);
-      if (children.empty() || schema.nested_entry_value_kind(module, entry, children.front()) ==
-                                  input::bdf::EntryValueKind::Flag) {
+      if (children.empty() ||
+          schema.nested_entry_value_kind(module, entry, children.front()) == EntryValueKind::Flag) {
         expect_valid(
             module_with(module, layout_example(*schema.entry_info(module, entry), children)),
             schema);
@@ -53,7 +51,7 @@ TEST(LayoutExample, EveryEntryOfTheVocabularyMayBeWrittenAsShown) {
 }
 
 TEST(LayoutExample, EveryNestedEntryMayBeWrittenAsShown) {
-  const InputSchema& schema = input::bdf::shipped_schema();
+  const InputSchema& schema = shipped_schema();
   std::size_t count = 0;
   for (const std::string& module : schema.known_modules()) {
     for (const std::string& entry : schema.known_entries(module)) {
@@ -70,7 +68,7 @@ TEST(LayoutExample, EveryNestedEntryMayBeWrittenAsShown) {
 }
 
 TEST(LayoutExample, EveryWordOfTheHeaderMayBeWrittenAsShown) {
-  const InputSchema& schema = input::bdf::shipped_schema();
+  const InputSchema& schema = shipped_schema();
   for (const std::string& name : schema.known_easy_keywords()) {
     expect_valid("#! x\nhf/sto-3g " + header_example(*schema.easy_keyword_info(name)) +
                      "\nGeometry\nNe 0 0 0\nEnd Geometry\n",
@@ -79,7 +77,7 @@ TEST(LayoutExample, EveryWordOfTheHeaderMayBeWrittenAsShown) {
 }
 
 TEST(LayoutExample, ShowsValuesWithinTheBounds) {
-  const InputSchema schema = input::bdf::schema_from(
+  const InputSchema schema = schema_from(
       "modules: {m: {entries: {"
       "a: {value_type: integer, min: 7}, b: {value_type: float, min: 3, min_exclusive: true},"
       "c: {value_type: float, max: 0.5}, d: {value_type: float, max: 1, max_exclusive: true},"
@@ -92,5 +90,17 @@ TEST(LayoutExample, ShowsValuesWithinTheBounds) {
   }
 }
 
+// Bounds are any numbers, whatever fits into an integer.
+TEST(LayoutExample, OfAnIntegerWithABoundBeyondAllIntegersIsThatBound) {
+  EntrySchemaInfo info;
+  info.name = "x";
+  info.value_type = "integer";
+  info.min = 1e30;
+  EXPECT_EQ(layout_example(info, {}), (Lines{"x", "  1000000000000000019884624838656"}));
+  info.min.reset();
+  info.max = -0.5;
+  EXPECT_EQ(layout_example(info, {}), (Lines{"x", "  0"}));
+}
+
 }  // namespace
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

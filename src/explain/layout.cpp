@@ -1,27 +1,36 @@
-#include "describe.hpp"
+// How an entry is written, with values that its description accepts: the default, or else the first
+// value allowed, or else as many fields of the right type within the bounds as are asked for.
 
-#include <fmt/format.h>
+#include "explain/layout.hpp"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <utility>
 
-#include "similar.hpp"
-#include "vocabulary.hpp"
+#include "kelp/core/text.hpp"
+#include "kelp/input/bdf/explain.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 namespace {
 
-using input::bdf::EntrySchemaInfo;
-using input::bdf::EntryValueKind;
-using input::bdf::ValueRequirement;
 using Lines = std::vector<std::string>;
 
 // More fields than that show no more.
 constexpr std::uint64_t most_fields = 8;
 
-// A number within the bounds, the default's neighbour of choice being 1.
+std::string with_decimals(double number, int decimals) {
+  // Room for a sign, the 309 digits of the largest double, the point and a decimal.
+  std::array<char, 320> digits;
+  const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                     std::chars_format::fixed, decimals);
+  return {digits.data(), written.ptr};
+}
+
+// A number within the bounds: 1, or what is nearest to it.
 std::string number_example(const EntrySchemaInfo& info, bool integer) {
   double number = 1;
   if (info.min) {
@@ -30,8 +39,8 @@ std::string number_example(const EntrySchemaInfo& info, bool integer) {
   if (info.max && (number > *info.max || (info.max_exclusive && number >= *info.max))) {
     number = info.max_exclusive ? (info.min.value_or(*info.max - 1) + *info.max) / 2 : *info.max;
   }
-  return integer ? fmt::format("{}", static_cast<std::int64_t>(number))
-                 : fmt::format("{:.1f}", number);
+  // No bound need fit into an integer's type. Zero added makes zero of minus zero.
+  return integer ? with_decimals(std::trunc(number) + 0.0, 0) : with_decimals(number, 1);
 }
 
 std::string field_example(const EntrySchemaInfo& info, std::string_view type) {
@@ -63,7 +72,7 @@ std::string value_example(const EntrySchemaInfo& info) {
   const Lines fields(
       std::max<std::uint64_t>(1, field_count(info.arity, info.min_arity, info.allowed_arities)),
       field_example(info, info.value_type));
-  return fmt::format("{}", fmt::join(fields, " "));
+  return core::text::join(fields, " ");
 }
 
 std::string row_example(const EntrySchemaInfo& info) {
@@ -77,7 +86,7 @@ std::string row_example(const EntrySchemaInfo& info) {
             : info.row_types[std::min<std::size_t>(i, info.row_types.size() - 1)];
     fields.push_back(field_example(info, type));
   }
-  return fmt::format("{}", fmt::join(fields, " "));
+  return core::text::join(fields, " ");
 }
 
 // Every kind of counted rows is written with a count, but where only rows are described it must
@@ -89,43 +98,9 @@ bool shows_count(const EntrySchemaInfo& info) {
           (allowed.empty() || std::find(allowed.begin(), allowed.end(), 1) != allowed.end()));
 }
 
-std::string requirement_text(const ValueRequirement& requirement) {
-  return requirement.entry + (requirement.equals ? " = " + *requirement.equals : "");
-}
-
-std::string requirements_text(const std::vector<ValueRequirement>& requirements) {
-  Lines texts;
-  for (const ValueRequirement& requirement : requirements) {
-    texts.push_back(requirement_text(requirement));
-  }
-  return fmt::format("{}", fmt::join(texts, ", "));
-}
-
 }  // namespace
 
-std::string_view kind_name(EntryValueKind kind) {
-  switch (kind) {
-    case EntryValueKind::Flag:
-      return "flag";
-    case EntryValueKind::Scalar:
-      return "scalar";
-    case EntryValueKind::Tuple:
-      return "tuple";
-    case EntryValueKind::MultiLine:
-      return "multiline";
-    case EntryValueKind::CountedRows:
-      return "counted_rows";
-    case EntryValueKind::NestedBlock:
-      return "nested_block";
-    case EntryValueKind::TerminatedBlock:
-      return "terminated_block";
-    case EntryValueKind::Raw:
-      break;
-  }
-  return "raw";
-}
-
-std::string_view kind_text(EntryValueKind kind) {
+std::string_view layout_sentence(EntryValueKind kind) {
   switch (kind) {
     case EntryValueKind::Flag:
       return "The keyword alone; it has no value.";
@@ -145,24 +120,6 @@ std::string_view kind_text(EntryValueKind kind) {
       break;
   }
   return "The keyword; the lines that follow are kept as they are.";
-}
-
-std::string type_name(const EntrySchemaInfo& info) {
-  switch (info.kind) {
-    case EntryValueKind::Flag:
-    case EntryValueKind::NestedBlock:
-    case EntryValueKind::TerminatedBlock:
-    case EntryValueKind::Raw:
-      return {};
-    case EntryValueKind::CountedRows:
-      if (!info.row_types.empty()) {
-        return fmt::format("{}", fmt::join(info.row_types, " "));
-      }
-      break;
-    default:
-      break;
-  }
-  return info.value_type;
 }
 
 Lines layout_example(const EntrySchemaInfo& info, const Lines& children) {
@@ -195,23 +152,4 @@ std::string header_example(const EntrySchemaInfo& info) {
   return info.kind == EntryValueKind::Flag ? info.name : info.name + "=" + value_example(info);
 }
 
-std::vector<std::pair<std::string, std::string>> facts(const EntrySchemaInfo& info,
-                                                       const Lines& aliases) {
-  std::vector<std::pair<std::string, std::string>> facts;
-  const auto add = [&facts](std::string heading, std::string text) {
-    if (!text.empty()) {
-      facts.emplace_back(std::move(heading), std::move(text));
-    }
-  };
-  add("type", type_name(info));
-  add("values", expected_value(info));
-  add("default", info.default_value.value_or(""));
-  add("ends with", info.terminator);
-  add("needs", requirements_text(info.required));
-  add("not with", fmt::format("{}", fmt::join(info.conflicts, ", ")));
-  add("also spelt", fmt::format("{}", fmt::join(aliases, ", ")));
-  add("repeatable", info.repeatable ? "yes" : "");
-  return facts;
-}
-
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

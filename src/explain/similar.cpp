@@ -1,5 +1,3 @@
-#include "similar.hpp"
-
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -7,8 +5,9 @@
 #include <utility>
 
 #include "kelp/core/text.hpp"
+#include "kelp/input/bdf/names.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 namespace {
 
 constexpr std::size_t longest_name = 64;
@@ -82,15 +81,6 @@ std::vector<std::string> similar_names(std::string_view name,
   return names;
 }
 
-std::string with_similar(std::string message, std::string_view name,
-                         const std::vector<std::string>& candidates) {
-  const std::vector<std::string> near = similar_names(name, candidates);
-  if (!near.empty()) {
-    message += "; did you mean " + quoted_choice(near) + "?";
-  }
-  return message;
-}
-
 std::string quoted_choice(const std::vector<std::string>& names) {
   std::string text;
   for (std::size_t i = 0; i < names.size(); ++i) {
@@ -102,4 +92,4 @@ std::string quoted_choice(const std::vector<std::string>& names) {
   return text;
 }
 
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

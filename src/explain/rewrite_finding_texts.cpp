@@ -1,8 +1,8 @@
 #include <array>
 
-#include "finding_texts.hpp"
+#include "explain/finding_tables.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::span<const FindingText> rewrite_finding_texts() {
   return texts;
 }
 
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

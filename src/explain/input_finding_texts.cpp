@@ -1,11 +1,8 @@
-#include "finding_texts.hpp"
-
 #include <array>
-#include <string>
 
-#include "kelp/core/text.hpp"
+#include "explain/finding_tables.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 
 namespace {
 
@@ -91,24 +88,4 @@ std::span<const FindingText> input_finding_texts() {
   return texts;
 }
 
-std::vector<FindingText> finding_texts() {
-  std::vector<FindingText> all;
-  for (auto* const table : {input_finding_texts, rewrite_finding_texts, schema_finding_texts}) {
-    const std::span<const FindingText> rows = table();
-    all.insert(all.end(), rows.begin(), rows.end());
-  }
-  return all;
-}
-
-std::optional<FindingText> find_finding_text(std::string_view code) {
-  const std::string wanted = core::text::to_lower(core::text::trim_view(code));
-  for (const FindingText& text : finding_texts()) {
-    const std::string_view name = text.code.substr(text.code.find('.') + 1);
-    if (wanted == text.code || wanted == name) {
-      return text;
-    }
-  }
-  return std::nullopt;
-}
-
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

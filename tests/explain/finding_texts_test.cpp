@@ -1,8 +1,6 @@
 // The texts about codes are held against the code: each code that the sources name has one, each
 // example has its finding, and the manual's page says the same.
 
-#include "finding_texts.hpp"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -16,12 +14,10 @@
 #include "support/files.hpp"
 #include "support/schema.hpp"
 
-namespace kelp::app {
+namespace kelp::input::bdf {
 namespace {
 
 namespace fs = std::filesystem;
-using input::bdf::BDFParser;
-using input::bdf::ParseOptions;
 
 // Every dotted code in quotes in the sources of a folder.
 std::set<std::string> codes_in(const fs::path& folder) {
@@ -64,17 +60,17 @@ TEST(FindingTexts, EveryCodeOfTheLibraryAndTheCommandIsExplained) {
 std::set<std::string> findings_of(const FindingText& text, std::string_view example) {
   std::set<std::string> codes;
   if (text.code.starts_with("schema.")) {
-    for (const auto& problem : input::bdf::lint_schema(example)) {
+    for (const auto& problem : lint_schema(example)) {
       codes.insert(problem.code);
     }
     return codes;
   }
-  const auto& schema = input::bdf::shipped_schema();
+  const auto& schema = shipped_schema();
   const auto result = BDFParser::parse_string(std::string(example), schema, ParseOptions{});
   if (!result.ok && result.data.statements.empty() && result.data.easy_tokens.empty()) {
     return {"bdf.empty_input"};
   }
-  input::bdf::ValidationOptions strict;
+  ValidationOptions strict;
   strict.unknown_modules_as_errors = true;
   strict.unknown_entries_as_errors = true;
   for (const auto& issue : schema.validate(result.data, strict)) {
@@ -99,8 +95,8 @@ TEST(FindingTexts, ACodeIsFoundWithAndWithoutItsPrefix) {
   EXPECT_EQ(find_finding_text("bdf.unknown_entry")->code, "bdf.unknown_entry");
   EXPECT_EQ(find_finding_text(" Unknown_Entry ")->code, "bdf.unknown_entry");
   EXPECT_EQ(find_finding_text("unknown_key")->code, "schema.unknown_key");
-  EXPECT_FALSE(find_finding_text("unknown"));
-  EXPECT_FALSE(find_finding_text(""));
+  EXPECT_EQ(find_finding_text("unknown"), nullptr);
+  EXPECT_EQ(find_finding_text(""), nullptr);
 }
 
 std::string block(std::string_view title, std::string_view language, std::string_view text) {
@@ -141,4 +137,4 @@ TEST(FindingTexts, TheManualSaysTheSame) {
 }
 
 }  // namespace
-}  // namespace kelp::app
+}  // namespace kelp::input::bdf

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+
+#include "kelp/input/bdf/explain.hpp"
+
+namespace kelp::input::bdf {
+
+// The tables that `finding_texts` joins: what inputs, rewriting them, and schemas may bring.
+
+std::span<const FindingText> input_finding_texts();
+std::span<const FindingText> rewrite_finding_texts();
+std::span<const FindingText> schema_finding_texts();
+
+}  // namespace kelp::input::bdf

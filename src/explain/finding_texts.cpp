@@ -1,0 +1,37 @@
+#include <string>
+#include <vector>
+
+#include "explain/finding_tables.hpp"
+#include "kelp/core/text.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+std::vector<FindingText> joined_tables() {
+  std::vector<FindingText> all;
+  for (auto* const table : {input_finding_texts, rewrite_finding_texts, schema_finding_texts}) {
+    const std::span<const FindingText> rows = table();
+    all.insert(all.end(), rows.begin(), rows.end());
+  }
+  return all;
+}
+
+}  // namespace
+
+std::span<const FindingText> finding_texts() {
+  static const std::vector<FindingText> all = joined_tables();
+  return all;
+}
+
+const FindingText* find_finding_text(std::string_view code) {
+  const std::string wanted = core::text::to_lower(core::text::trim_view(code));
+  for (const FindingText& text : finding_texts()) {
+    const std::string_view name = text.code.substr(text.code.find('.') + 1);
+    if (wanted == text.code || wanted == name) {
+      return &text;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace kelp::input::bdf

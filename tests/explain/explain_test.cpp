@@ -1,0 +1,198 @@
+#include "kelp/input/bdf/explain.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/schema.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const InputSchema& small_schema() {
+  static const InputSchema schema = schema_from(
+      "easy_input:\n"
+      "  methods: {hf: {aliases: [scf-only]}}\n"
+      "  functionals: [pbe]\n"
+      "  basis: [sto-3g]\n"
+      "  control_keywords:\n"
+      "    charge: {value_type: integer, arity: 1, default: 0, category: charge}\n"
+      "modules:\n"
+      "  scf:\n"
+      "    repeatable: true\n"
+      "    entries:\n"
+      "      charge: {value_type: integer, arity: 1, min: -5, max: 5, default: 0}\n"
+      "      alpha: {kind: tuple, value_type: integer, min_arity: 1, requires: [beta,\n"
+      "              {entry: charge, equals: 1}], conflicts: [rhf], aliases: [up]}\n"
+      "      beta: {kind: tuple, value_type: integer, min_arity: 1, repeatable: true}\n"
+      "      rhf: {kind: flag}\n"
+      "      second: {kind: nested_block, terminator: end second, entries: {\n"
+      "               steps: {value_type: integer, arity: 1, min: 1}, on: {kind: flag}}}\n"
+      "  opt:\n"
+      "    entries: {charge: {kind: flag}}\n");
+  return schema;
+}
+
+// All explanations of a name, one after the other.
+std::string texts(std::string_view name) {
+  std::string all;
+  for (const Explanation& about : explain(name, small_schema())) {
+    all += explanation_text(about);
+  }
+  return all;
+}
+
+TEST(Explain, AnEntryShowsItsLayoutAndAllThatIsSaidAboutIt) {
+  EXPECT_EQ(texts("scf.UP"),
+            "scf.alpha: an entry of $scf\n"
+            "\n"
+            "  The keyword, then several fields on the next line.\n"
+            "\n"
+            "    alpha\n"
+            "      1\n"
+            "\n"
+            "  type        integer\n"
+            "  values      at least 1 integer\n"
+            "  needs       beta, charge = 1\n"
+            "  not with    rhf\n"
+            "  also spelt  up\n");
+  EXPECT_EQ(texts("scf.charge"),
+            "scf.charge: an entry of $scf\n"
+            "\n"
+            "  The keyword, then its value on the next line.\n"
+            "\n"
+            "    charge\n"
+            "      0\n"
+            "\n"
+            "  type        integer\n"
+            "  values      an integer of at least -5 and at most 5\n"
+            "  default     0\n");
+  EXPECT_THAT(texts("scf.beta"), HasSubstr("\n  repeatable  yes\n"));
+}
+
+TEST(Explain, AFlagHasNoFacts) {
+  EXPECT_EQ(texts("$scf.rhf"),
+            "scf.rhf: an entry of $scf\n\n  The keyword alone; it has no value.\n\n    rhf\n");
+}
+
+TEST(Explain, APathOfAnInputIsUnderstood) {
+  EXPECT_EQ(texts("scf#2.rhf"), texts("scf.rhf"));
+}
+
+TEST(Explain, ABlockListsItsEntriesAndEachCanBeAskedFor) {
+  const std::string block = texts("scf.second");
+  EXPECT_THAT(block, HasSubstr("    second\n      on\n    end second\n"));
+  EXPECT_THAT(block, HasSubstr("  ends with   end second\n  entries     on, steps\n"));
+  const std::string child = texts("scf.second.steps");
+  EXPECT_THAT(child, HasSubstr("scf.second.steps: an entry of the block scf.second\n"));
+  EXPECT_THAT(child, HasSubstr("  values      an integer of at least 1\n"));
+}
+
+TEST(Explain, ABareKeywordIsToldOfEveryModuleThatHasIt) {
+  const std::string text = texts("charge");
+  EXPECT_THAT(text, HasSubstr("easy.charge: a word of the header (charge)\n\n    charge=0\n"));
+  EXPECT_THAT(text, HasSubstr("\nopt.charge: an entry of $opt\n"));
+  EXPECT_THAT(text, HasSubstr("\nscf.charge: an entry of $scf\n"));
+  EXPECT_THAT(texts("steps"), HasSubstr("scf.second.steps: "));
+}
+
+TEST(Explain, AWordOfTheHeaderIsNotMixedUpWithAnEntry) {
+  EXPECT_EQ(texts("easy.charge"),
+            "easy.charge: a word of the header (charge)\n"
+            "\n"
+            "    charge=0\n"
+            "\n"
+            "  type        integer\n"
+            "  values      an integer\n"
+            "  default     0\n");
+  EXPECT_THAT(explain("easy.rhf", small_schema()), IsEmpty());
+}
+
+TEST(Explain, AModuleShowsItsFrame) {
+  EXPECT_EQ(texts("scf"),
+            "scf: a module\n"
+            "\n"
+            "    $scf\n"
+            "      alpha\n"
+            "      ...\n"
+            "    $end\n"
+            "\n"
+            "  entries     5\n"
+            "  repeatable  yes\n");
+}
+
+TEST(Explain, MethodsFunctionalsAndBasisSetsAreKnownByNameAndAlias) {
+  EXPECT_THAT(texts("SCF-only"), HasSubstr("hf: a method of the header\n"));
+  EXPECT_THAT(texts("pbe"), HasSubstr("method/pbe/basis"));
+  EXPECT_THAT(texts("sto-3g"), HasSubstr("method/sto-3g or"));
+}
+
+TEST(Explain, ACodeIsToldWithItsExample) {
+  const std::string text = texts("bdf.missing_entry_value");
+  EXPECT_THAT(text, HasSubstr("  Cause: "));
+  EXPECT_THAT(text, HasSubstr("\n    $tddft\n    iroot 4\n    $end\n"));
+  EXPECT_EQ(texts("missing_entry_value"), text);
+}
+
+TEST(Explain, EachPartOfARecordStandsForItself) {
+  const auto found = explain("SCF.Up", small_schema());
+  ASSERT_EQ(found.size(), 1U);
+  const Explanation& entry = found.front();
+  EXPECT_EQ(entry.thing, ExplainedThing::Entry);
+  EXPECT_EQ(entry.name, "scf.alpha");
+  EXPECT_EQ(entry.title, "scf.alpha: an entry of $scf");
+  EXPECT_EQ(entry.summary, "The keyword, then several fields on the next line.");
+  EXPECT_THAT(entry.layout, ElementsAre("alpha", "  1"));
+  ASSERT_EQ(entry.facts.size(), 5U);
+  EXPECT_EQ(entry.facts[2].heading, "needs");
+  EXPECT_EQ(entry.facts[2].text, "beta, charge = 1");
+  EXPECT_EQ(entry.finding, nullptr);
+}
+
+TEST(Explain, ARecordTellsWhatItIsAbout) {
+  const std::vector<std::pair<const char*, ExplainedThing>> things = {
+      {"bdf.unknown_entry", ExplainedThing::Finding},
+      {"scf", ExplainedThing::Module},
+      {"scf.rhf", ExplainedThing::Entry},
+      {"scf.second.on", ExplainedThing::NestedEntry},
+      {"easy.charge", ExplainedThing::EasyKeyword},
+      {"hf", ExplainedThing::Method},
+      {"pbe", ExplainedThing::Functional},
+      {"sto-3g", ExplainedThing::BasisSet}};
+  for (const auto& [name, thing] : things) {
+    const auto found = explain(name, small_schema());
+    ASSERT_EQ(found.size(), 1U) << name;
+    EXPECT_EQ(found.front().thing, thing) << name;
+    EXPECT_EQ(found.front().name, name);
+  }
+}
+
+TEST(Explain, ACodeBringsItsText) {
+  const auto found = explain("unknown_entry", small_schema());
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().finding, find_finding_text("bdf.unknown_entry"));
+  EXPECT_EQ(found.front().summary, found.front().finding->meaning);
+}
+
+TEST(Explain, WhatIsUnknownIsNotExplained) {
+  for (const char* const name : {"", ".", "scf.", ".charge", "nothing", "scf.charge.x", "bdf.x"}) {
+    EXPECT_THAT(explain(name, small_schema()), IsEmpty()) << name;
+  }
+}
+
+TEST(Explain, WhatIsUnknownHasSimilarNames) {
+  const auto& schema = shipped_schema();
+  EXPECT_THAT(similar_explained_names("scf.chrage", schema), ElementsAre("scf.charge"));
+  EXPECT_THAT(similar_explained_names("easy.spinmlti", schema), ElementsAre("easy.spinmulti"));
+  EXPECT_THAT(similar_explained_names("bdf.unknown_entri", schema),
+              ElementsAre("bdf.unknown_entry"));
+  EXPECT_THAT(similar_explained_names("compas", schema), ElementsAre("compass"));
+  EXPECT_THAT(similar_explained_names("unknown_entri", schema), ElementsAre("unknown_entry"));
+  EXPECT_THAT(similar_explained_names("", schema), IsEmpty());
+}
+
+}  // namespace
+}  // namespace kelp::input::bdf
