@@ -5,17 +5,9 @@
 #include <utility>
 
 #include "kelp/input/bdf/editor.hpp"
+#include "model/molecule_names.hpp"
 
 namespace kelp::input::bdf {
-namespace {
-
-constexpr const char* compass_module = "compass";
-constexpr const char* scf_module = "scf";
-constexpr const char* geometry_entry = "geometry";
-constexpr const char* charge_name = "charge";
-constexpr const char* multiplicity_name = "spinmulti";
-
-}  // namespace
 
 void BDFEditor::set_cartesian_geometry(std::vector<AtomRecord> atoms) {
   data_.has_geometry = true;
@@ -32,13 +24,12 @@ void BDFEditor::set_cartesian_geometry(std::vector<AtomRecord> atoms) {
 }
 
 void BDFEditor::set_charge_and_multiplicity(int charge, int multiplicity) {
-  if (data_.mode == InputMode::Module) {
-    set_charge_and_multiplicity_entries(charge, multiplicity);
-    return;
+  const NumberHomes homes = homes_of_numbers(data_, schema_);
+  if (homes.header) {
+    set_easy_keyword(charge_name, std::to_string(charge));
+    set_easy_keyword(multiplicity_name, std::to_string(multiplicity));
   }
-  set_easy_keyword(charge_name, std::to_string(charge));
-  set_easy_keyword(multiplicity_name, std::to_string(multiplicity));
-  if (data_.find_module(schema_.canonical_module(scf_module)) != nullptr) {
+  if (homes.scf) {
     set_charge_and_multiplicity_entries(charge, multiplicity);
   }
 }

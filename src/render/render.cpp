@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "kelp/core/text.hpp"
+#include "model/molecule_names.hpp"
 #include "model/script_name.hpp"
 
 namespace kelp::input::bdf {
@@ -74,9 +75,9 @@ class Renderer {
       return;
     }
     geometry_waits_ = true;
-    if (data_.find_module("compass") == nullptr) {
+    if (data_.find_module(compass_module) == nullptr) {
       Module compass;
-      compass.name = "compass";
+      compass.name = compass_module;
       compass.known = schema_.is_known_module(compass.name);
       write_module(compass, true);
       separate_from_body();
@@ -134,8 +135,8 @@ class Renderer {
 
   // The geometry of a module input goes into the first compass module that has none of its own.
   bool takes_geometry(const Module& module) const {
-    return geometry_waits_ && schema_.canonical_module(module.name) == "compass" &&
-           module.find_entry("geometry") == nullptr;
+    return geometry_waits_ && schema_.canonical_module(module.name) == compass_module &&
+           module.find_entry(geometry_entry) == nullptr;
   }
 
   void write_module(const Module& module, bool with_geometry) {
