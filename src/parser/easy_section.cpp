@@ -1,16 +1,13 @@
 #include "parser/easy_section.hpp"
 
-#include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "kelp/core/number.hpp"
-#include "kelp/core/text.hpp"
 #include "model/from_schema.hpp"
 #include "parser/frame.hpp"
 #include "parser/header_words.hpp"
+#include "source/atom_line.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -44,25 +41,6 @@ void parse_header_line(LineReader& reader, const InputSchema& schema, BDFData& d
   }
 }
 
-std::optional<AtomRecord> parse_atom(std::string_view line) {
-  std::string_view rest = line;
-  const std::string_view element = core::text::take_word(rest);
-  std::array<double, 3> position{};
-  for (double& coordinate : position) {
-    const auto value = core::number::parse_float(core::text::take_word(rest));
-    if (!value) {
-      return std::nullopt;
-    }
-    coordinate = *value;
-  }
-  AtomRecord atom;
-  atom.element = element;
-  atom.x = position[0];
-  atom.y = position[1];
-  atom.z = position[2];
-  return atom;
-}
-
 void parse_geometry(LineReader& reader, BDFData& data) {
   data.has_geometry = true;
   data.geometry_terminated = false;
@@ -78,11 +56,12 @@ void parse_geometry(LineReader& reader, BDFData& data) {
       reader.skip(LineRole::GeometryEnd);
       return;
     }
-    if (auto atom = parse_atom(line)) {
+    if (const AtomLine read = read_atom_line(line); read.is_atom()) {
+      AtomRecord atom = atom_of(read);
+      atom.location = reader.location();
       reader.begin_record(RecordId::of(RecordKind::Atom, data.atoms.size()));
-      atom->location = reader.location();
-      atom->line = reader.take(LineRole::Atom);
-      data.atoms.push_back(*std::move(atom));
+      atom.line = reader.take(LineRole::Atom);
+      data.atoms.push_back(std::move(atom));
     } else {
       reader.begin_record(RecordId::of(RecordKind::GeometryLine, data.geometry_lines.size()));
       data.geometry_lines.emplace_back(reader.take(LineRole::GeometryLine));
