@@ -16,4 +16,5 @@
 #include "kelp/input/bdf/source.hpp"
 #include "kelp/input/bdf/validation.hpp"
 #include "kelp/input/bdf/value_kind.hpp"
+#include "kelp/input/bdf/value_path.hpp"
 #include "kelp/input/bdf/version.hpp"

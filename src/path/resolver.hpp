@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "kelp/input/bdf/document.hpp"
+#include "kelp/input/bdf/record.hpp"
+#include "kelp/input/bdf/schema.hpp"
+
+namespace kelp::input::bdf {
+
+/// Returns the first geometry entry of a `$compass`; none when there is none.
+RecordId find_compass_geometry(const BDFData& data, const InputSchema& schema);
+
+/// Tells whether a header token begins a comment, which goes on to the end of its line.
+bool begins_comment(const EasyToken& token);
+
+/// Tells whether a header token begins a comment or stands in one.
+bool stands_in_comment(const std::vector<EasyToken>& tokens, std::size_t index);
+
+}  // namespace kelp::input::bdf
