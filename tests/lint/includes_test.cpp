@@ -119,7 +119,7 @@ const std::vector<Room>& rooms() {
       {"schema_lint", {"schema_lint.hpp"}, {"schema", "validate"}},
       {"input", {"parsed_input.hpp"}, {"parser", "source"}},
       {"path", {"value_path.hpp"}, {"input", "explain"}},
-      {"molecule", {"molecule.hpp"}, {"input"}},
+      {"molecule", {"molecule.hpp"}, {"path"}},
       {"outline", {"outline.hpp"}, {"path", "molecule"}},
       {"diagnose", {"diagnostics.hpp"}, {"validate", "path"}},
       {"rewrite", {"rewrite.hpp"}, {"editor", "render", "path", "molecule", "diagnose"}},

@@ -7,6 +7,7 @@
 #include "kelp/input/bdf/editor.hpp"
 #include "kelp/input/bdf/explain.hpp"
 #include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/parser.hpp"
