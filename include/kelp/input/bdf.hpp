@@ -9,6 +9,7 @@
 #include "kelp/input/bdf/export.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/names.hpp"
+#include "kelp/input/bdf/outline.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/parser.hpp"
 #include "kelp/input/bdf/record.hpp"
