@@ -9,25 +9,25 @@
 #include <string_view>
 #include <utility>
 
-#include "easy_keyword.hpp"
-#include "find_value.hpp"
+#include "did_you_mean.hpp"
 #include "kelp/core/text.hpp"
+#include "kelp/input/bdf/molecule.hpp"
+#include "kelp/input/bdf/value_path.hpp"
 
 namespace kelp::app {
 namespace {
 
 using input::bdf::BDFEditor;
+using input::bdf::EasyKeyword;
 using input::bdf::EasyToken;
 using input::bdf::EntryValueKind;
 using input::bdf::InputMode;
 using input::bdf::InputSchema;
 using input::bdf::ModuleEntry;
-using Kind = ValuePath::Kind;
+using input::bdf::ValuePath;
+using Kind = input::bdf::PathKind;
 
-constexpr const char* charge_name = "charge";
-constexpr const char* multiplicity_name = "spinmulti";
-
-[[noreturn]] void refuse(const ValuePath& path, std::string_view reason) {
+[[noreturn]] void refuse(const WrittenPath& path, std::string_view reason) {
   throw ImpossibleEdit(fmt::format("cannot change '{}': {}", path.text, reason));
 }
 
@@ -54,8 +54,12 @@ class Editing {
     if (edit_.geometry) {
       editor_.set_cartesian_geometry(*edit_.geometry);
     }
-    set_number(charge_name, edit_.charge);
-    set_number(multiplicity_name, edit_.multiplicity);
+    if (edit_.charge) {
+      set_number(charge_paths(editor_.data(), schema_), *edit_.charge);
+    }
+    if (edit_.multiplicity) {
+      set_number(multiplicity_paths(editor_.data(), schema_), *edit_.multiplicity);
+    }
     for (const Assignment& assignment : edit_.assignments) {
       set(assignment);
     }
@@ -76,17 +80,14 @@ class Editing {
     editor_.set_script_name(*edit_.script_name);
   }
 
-  // As the editor does it for both at once.
-  void set_number(const char* name, const std::optional<int>& number) {
-    if (!number) {
-      return;
-    }
-    const std::string text = std::to_string(*number);
-    if (!is_module_input()) {
-      set_header_keyword(name, text);
-    }
-    if (is_module_input() || editor_.module("scf", 0) != nullptr) {
-      editor_.set_module_entry("scf", name, {text});
+  void set_number(const std::vector<ValuePath>& paths, int number) {
+    const std::string text = std::to_string(number);
+    for (const ValuePath& path : paths) {
+      if (path.kind == Kind::EasyKeyword) {
+        set_header_keyword(path.name, text);
+      } else {
+        editor_.set_module_entry(path.module, path.module_index, path.name, {text});
+      }
     }
   }
 
@@ -106,7 +107,7 @@ class Editing {
     const auto keywords = find_easy_keywords(editor_.data(), schema_, key);
     auto at = words.begin();
     if (keywords.empty()) {
-      at += static_cast<std::ptrdiff_t>(words_before_remark(editor_.data()));
+      at += static_cast<std::ptrdiff_t>(tokens_before_comment(editor_.data()));
     } else {
       at = erase(words, keywords.front());
     }
@@ -136,7 +137,7 @@ class Editing {
   }
 
   void set_easy(const Assignment& assignment) {
-    const ValuePath& path = assignment.path;
+    const WrittenPath& path = assignment.path;
     if (is_module_input()) {
       refuse(path, "an input of modules alone has no header");
     }
@@ -156,8 +157,8 @@ class Editing {
   }
 
   void set_entry(const Assignment& assignment) {
-    const ValuePath& path = assignment.path;
-    const std::size_t count = count_modules(editor_.data(), schema_, path);
+    const WrittenPath& path = assignment.path;
+    const std::size_t count = count_modules(editor_.data(), schema_, path.module);
     if (path.module_index > count) {
       refuse(path,
              fmt::format("there {} {} ${}, so that the next one is {}#{}",
@@ -172,7 +173,7 @@ class Editing {
   }
 
   void check_number_of_lines(const Assignment& assignment) const {
-    const ValuePath& path = assignment.path;
+    const WrittenPath& path = assignment.path;
     if (!schema_.is_known_entry(path.module, path.name)) {
       return;
     }
@@ -201,7 +202,7 @@ class Editing {
   }
 
   void unset_values() {
-    for (const ValuePath& path : edit_.unset) {
+    for (const WrittenPath& path : edit_.unset) {
       switch (path.kind) {
         case Kind::Geometry:
           refuse(path, "the geometry cannot be taken out");
@@ -222,7 +223,7 @@ class Editing {
     }
   }
 
-  void unset_easy(const ValuePath& path) {
+  void unset_easy(const WrittenPath& path) {
     const auto keywords = find_easy_keywords(editor_.data(), schema_, path.name);
     if (keywords.empty()) {
       miss(path);
@@ -235,22 +236,22 @@ class Editing {
 
   // From the last to the first, so that the numbers of those still to go stay right.
   void unset_modules() {
-    std::vector<ValuePath> paths;
+    std::vector<WrittenPath> paths;
     std::copy_if(edit_.unset.begin(), edit_.unset.end(), std::back_inserter(paths),
-                 [](const ValuePath& path) { return path.kind == Kind::Module; });
+                 [](const WrittenPath& path) { return path.kind == Kind::Module; });
     std::stable_sort(paths.begin(), paths.end(), [](const auto& left, const auto& right) {
       return left.module_index > right.module_index;
     });
-    for (const ValuePath& path : paths) {
+    for (const WrittenPath& path : paths) {
       if (!editor_.remove_module(path.module, path.module_index)) {
         miss(path);
       }
     }
   }
 
-  [[noreturn]] void miss(const ValuePath& path) const {
-    throw ImpossibleEdit(
-        fmt::format("nothing at '{}' to take out{}", path.text, path_hint(schema_, path)));
+  [[noreturn]] void miss(const WrittenPath& path) const {
+    throw ImpossibleEdit(fmt::format("nothing at '{}' to take out{}", path.text,
+                                     did_you_mean(path_hint(schema_, path))));
   }
 
   const Edit& edit_;
@@ -266,7 +267,7 @@ Assignment parse_assignment(const std::string& text) {
     throw std::runtime_error(
         fmt::format("'{0}' is no PATH=VALUE; write '{0}=' for a keyword without a value", text));
   }
-  return {parse_path(std::string_view(text).substr(0, equals)),
+  return {read_path(std::string_view(text).substr(0, equals)),
           split_values(std::string_view(text).substr(equals + 1))};
 }
 

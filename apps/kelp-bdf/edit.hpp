@@ -8,7 +8,7 @@
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/editor.hpp"
 #include "kelp/input/bdf/schema.hpp"
-#include "value_path.hpp"
+#include "written_path.hpp"
 
 namespace kelp::app {
 
@@ -20,7 +20,7 @@ class ImpossibleEdit : public std::runtime_error {
 
 /// A value to put at a path.
 struct Assignment {
-  ValuePath path;
+  WrittenPath path;
   std::vector<std::string> values;  ///< its lines; none for a keyword without a value
 };
 
@@ -35,7 +35,7 @@ struct Edit {
   std::optional<std::string> script_name;
   std::optional<std::vector<input::bdf::AtomRecord>> geometry;
   std::vector<Assignment> assignments;
-  std::vector<ValuePath> unset;
+  std::vector<WrittenPath> unset;
 };
 
 /// Makes all changes.

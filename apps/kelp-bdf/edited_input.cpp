@@ -12,9 +12,9 @@
 
 #include "canonical_form.hpp"
 #include "departures.hpp"
-#include "find_value.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/editor.hpp"
+#include "kelp/input/bdf/value_path.hpp"
 #include "line_change.hpp"
 #include "line_of.hpp"
 #include "line_roles.hpp"
@@ -26,7 +26,8 @@ using input::bdf::BDFData;
 using input::bdf::BDFEditor;
 using input::bdf::InputSchema;
 using input::bdf::ValidationSeverity;
-using Kind = ValuePath::Kind;
+using input::bdf::ValuePath;
+using Kind = input::bdf::PathKind;
 using LineNumbers = std::set<std::size_t>;
 
 /// Tells which lines of an input a change takes away, so that nothing on them can get lost.
@@ -90,7 +91,7 @@ bool is_bohr(const std::optional<std::vector<std::string>>& unit) {
 
 void check_unit(const CheckedInput& after, std::vector<Finding>& reasons) {
   for (const char* const path : {"easy.unit", "compass.unit"}) {
-    if (is_bohr(find_value(after.result.data, after.schema, parse_path(path)))) {
+    if (is_bohr(find_value(after.result.data, after.schema, read_path(path)))) {
       reasons.push_back(
           reason(after, "bdf.edit_unit",
                  fmt::format("The new atoms are in angstrom, but '{}' says bohr.", path),

@@ -7,16 +7,18 @@
 #include <string>
 #include <vector>
 
-#include "checked_input.hpp"
 #include "common_options.hpp"
-#include "find_value.hpp"
+#include "did_you_mean.hpp"
 #include "kelp/core/resource.hpp"
+#include "kelp/input/bdf/value_path.hpp"
 #include "output.hpp"
 #include "sources.hpp"
-#include "value_path.hpp"
+#include "written_path.hpp"
 
 namespace kelp::app {
 namespace {
+
+using input::bdf::PathKind;
 
 struct GetOptions {
   std::string path;
@@ -24,13 +26,13 @@ struct GetOptions {
 };
 
 // Who gives the file first gets told, not a message about a strange path.
-ValuePath read_path(const GetOptions& options) {
+WrittenPath path_of_value(const GetOptions& options) {
   if (core::resource::is_regular_file_path(options.path) && !options.inputs.empty()) {
     throw std::runtime_error(fmt::format("the path comes first: kelp-bdf get {} {}",
                                          options.inputs.front(), options.path));
   }
-  ValuePath path = parse_path(options.path);
-  if (path.kind == ValuePath::Kind::Module) {
+  WrittenPath path = read_path(options.path);
+  if (path.kind == PathKind::Module) {
     throw std::runtime_error(
         fmt::format("'{0}' names a module; a value is at a path like {0}.charge, and 'kelp-bdf "
                     "show' lists what there is",
@@ -39,13 +41,13 @@ ValuePath read_path(const GetOptions& options) {
   return path;
 }
 
-ExitStatus get(const Source& source, const ValuePath& path, bool is_named, Session& session) {
-  const CheckedInput input(source.name, read_source(source), session.schema());
-  const auto lines = find_value(input.result.data, input.schema, path);
+ExitStatus get(const Source& source, const WrittenPath& path, bool is_named, Session& session) {
+  const input::bdf::ParsedInput input(read_source(source), session.schema());
+  const auto lines = find_value(input, path);
   if (!lines) {
     if (!session.options.quiet) {
       complain(fmt::format("{}: nothing at '{}'{}", source.name, path.text,
-                           path_hint(input.schema, path)));
+                           did_you_mean(path_hint(input.schema(), path))));
     }
     return ExitStatus::Findings;
   }
@@ -56,7 +58,7 @@ ExitStatus get(const Source& source, const ValuePath& path, bool is_named, Sessi
 }
 
 ExitStatus get_all(const GetOptions& options, Session& session) {
-  const ValuePath path = read_path(options);
+  const WrittenPath path = path_of_value(options);
   session.schema();
   const Sources sources = expand_sources(options.inputs, session.options);
   const bool is_named = sources.list.size() > 1;

@@ -1,10 +1,12 @@
 #include <nlohmann/json.hpp>
 
+#include "kelp/input/bdf/explain.hpp"
 #include "outline.hpp"
 
 namespace kelp::app {
 namespace {
 
+using input::bdf::Outline;
 using Json = nlohmann::ordered_json;
 
 // To be raised when a field changes its meaning or goes; new fields may come at any time.
@@ -38,7 +40,7 @@ Json list_of(const std::vector<Record>& records);
 Json to_json(const Outline::Entry& entry) {
   return {{"name", entry.name},
           {"path", entry.path},
-          {"kind", entry.kind},
+          {"kind", to_string(entry.kind)},
           {"known", entry.known},
           {"line", entry.line},
           {"values", entry.values},
@@ -51,9 +53,10 @@ Json to_json(const Outline::Module& module) {
           {"line", module.line},   {"entries", list_of(module.entries)}};
 }
 
-Json to_json(const Outline& outline) {
-  return {{"file", outline.file},
-          {"mode", outline.mode},
+Json to_json(const FileOutline& file) {
+  const Outline& outline = file.outline;
+  return {{"file", file.file},
+          {"mode", to_string(outline.mode)},
           {"script_name", outline.script_name ? Json(*outline.script_name) : Json()},
           {"header", list_of(outline.header)},
           {"charge", to_json(outline.charge)},
@@ -73,9 +76,9 @@ Json list_of(const std::vector<Record>& records) {
 
 }  // namespace
 
-std::string outline_json(const std::vector<Outline>& outlines) {
+std::string outline_json(const std::vector<FileOutline>& files) {
   constexpr int indent = 2;
-  const Json document = {{"version", record_version}, {"inputs", list_of(outlines)}};
+  const Json document = {{"version", record_version}, {"inputs", list_of(files)}};
   // Bytes that are no UTF-8 become replacement characters.
   return document.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
 }

@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "kelp/input/bdf/explain.hpp"
 #include "outline.hpp"
 #include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
+
+using input::bdf::Outline;
 
 constexpr std::size_t longest_value = 60;
 
@@ -41,10 +44,10 @@ std::string place_text(std::size_t line) {
 /// Writes one outline.
 class TextWriter {
  public:
-  explicit TextWriter(const Outline& outline) : outline_(outline) {}
+  explicit TextWriter(const FileOutline& file) : file_(file.file), outline_(file.outline) {}
 
   std::string run() {
-    text_ = fmt::format("{}: {} input\n", displayable(outline_.file), outline_.mode);
+    text_ = fmt::format("{}: {} input\n", displayable(file_), to_string(outline_.mode));
     if (outline_.script_name) {
       add("script name", shortened(*outline_.script_name));
     }
@@ -118,14 +121,15 @@ class TextWriter {
     }
   }
 
+  const std::string& file_;
   const Outline& outline_;
   std::string text_;
 };
 
 }  // namespace
 
-std::string outline_text(const Outline& outline) {
-  return TextWriter(outline).run();
+std::string outline_text(const FileOutline& file) {
+  return TextWriter(file).run();
 }
 
 }  // namespace kelp::app

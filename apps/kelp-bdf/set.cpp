@@ -6,6 +6,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "canonical_form.hpp"
@@ -14,10 +15,11 @@
 #include "edited_input.hpp"
 #include "kelp/core/fs.hpp"
 #include "kelp/core/number.hpp"
+#include "kelp/input/bdf/molecule.hpp"
 #include "output.hpp"
 #include "rewrite.hpp"
 #include "sources.hpp"
-#include "xyz_file.hpp"
+#include "written_path.hpp"
 
 namespace kelp::app {
 namespace {
@@ -45,6 +47,14 @@ std::optional<int> read_number(const std::string& option, const std::string& tex
   return static_cast<int>(*number);
 }
 
+std::vector<input::bdf::AtomRecord> read_atoms(const std::string& file) {
+  input::bdf::XyzResult result = input::bdf::read_xyz(core::fs::read_text_file(file));
+  if (!result.error.empty()) {
+    throw std::runtime_error(fmt::format("{}:{}: {}", file, result.line, result.error));
+  }
+  return std::move(result.atoms);
+}
+
 Edit read_edit(const SetOptions& options) {
   Edit edit;
   edit.charge = read_number("--charge", options.charge, std::numeric_limits<int>::min());
@@ -59,10 +69,10 @@ Edit read_edit(const SetOptions& options) {
     edit.assignments.push_back(parse_assignment(assignment));
   }
   for (const std::string& path : options.unset) {
-    edit.unset.push_back(parse_path(path));
+    edit.unset.push_back(read_path(path));
   }
   if (!options.geometry.empty()) {
-    edit.geometry = read_xyz(options.geometry, core::fs::read_text_file(options.geometry));
+    edit.geometry = read_atoms(options.geometry);
   }
   return edit;
 }

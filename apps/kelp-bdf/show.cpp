@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "canonical_form.hpp"
-#include "checked_input.hpp"
 #include "common_options.hpp"
 #include "outline.hpp"
 #include "output.hpp"
@@ -20,17 +18,17 @@ struct ShowOptions {
   bool json = false;
 };
 
-Outline outline_of(const Source& source, const input::bdf::InputSchema& schema) {
-  const CheckedInput input(source.name, read_source(source), schema);
-  if (is_empty_input(input)) {
-    throw std::runtime_error(source.name + ": there is nothing to show: " + input.result.error);
+FileOutline outline_of(const Source& source, const input::bdf::InputSchema& schema) {
+  const input::bdf::ParsedInput input(read_source(source), schema);
+  if (input.is_empty()) {
+    throw std::runtime_error(source.name + ": there is nothing to show: BDF input is empty");
   }
-  return make_outline(input);
+  return {source.name, input::bdf::outline_of(input)};
 }
 
 ExitStatus show(const ShowOptions& options, Session& session) {
   const input::bdf::InputSchema& schema = session.schema();
-  std::vector<Outline> outlines;
+  std::vector<FileOutline> outlines;
   const ExitStatus status =
       for_each_source(expand_sources(options.inputs, session.options), [&](const Source& source) {
         outlines.push_back(outline_of(source, schema));
@@ -40,7 +38,7 @@ ExitStatus show(const ShowOptions& options, Session& session) {
     print(outline_json(outlines));
     return status;
   }
-  for (const Outline& outline : outlines) {
+  for (const FileOutline& outline : outlines) {
     print((&outline == &outlines.front() ? "" : "\n") + outline_text(outline));
   }
   return status;

@@ -53,6 +53,21 @@ TEST(Show, PrintsTheOutlineOfAModuleInput) {
             "     8  $x  (unknown)\n");
 }
 
+TEST(Show, FindsAChargeThatTheSchemaCallsSomethingElse) {
+  Program program;
+  program.write("s.yaml",
+                "schema_version: 1\n"
+                "modules: {scf: {entries: {q: {kind: scalar, aliases: [charge]}}}}\n");
+  const Outcome outcome =
+      program.run({"show", "--schema", "s.yaml", "-"}, "$scf\ncharge\n1\n$end\n");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out,
+            "<stdin>: module input\n"
+            "  charge        1  (scf.charge, line 2)\n"
+            "     1  $scf\n"
+            "     2    q  1\n");
+}
+
 TEST(Show, LongValuesAreCut) {
   Program program;
   const Outcome outcome =
