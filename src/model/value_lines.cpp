@@ -29,6 +29,17 @@ std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry) {
   return lines;
 }
 
+std::vector<ValueLine> numbered_lines(const std::vector<std::string>& values) {
+  std::vector<ValueLine> lines;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const std::string_view line = clean_value_line(values[i]);
+    if (!line.empty()) {
+      lines.push_back({i, line});
+    }
+  }
+  return lines;
+}
+
 std::string first_value(const ModuleEntry& entry) {
   for (const std::string& value : entry.values) {
     const std::string_view line = clean_value_line(value);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,15 @@ std::string_view clean_value_line(std::string_view line);
 /// Returns an entry's value lines without `#` comments and outer white space; blank ones are left
 /// out. The views point into the entry.
 std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry);
+
+/// A cleaned value line and which one it is.
+struct ValueLine {
+  std::size_t index;      ///< of the value line
+  std::string_view text;  ///< a view into it
+};
+
+/// Returns the lines that `cleaned_lines` does, numbered.
+std::vector<ValueLine> numbered_lines(const std::vector<std::string>& values);
 
 /// Returns the first of an entry's cleaned lines, normalised; empty if there is none.
 std::string first_value(const ModuleEntry& entry);

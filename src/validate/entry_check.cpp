@@ -21,107 +21,123 @@ bool holds(const ValueRequirement& requirement, Siblings& siblings) {
          (!requirement.equals || normalize_key(*requirement.equals) == first_value(*found));
 }
 
-void check_values(const ModuleEntry& entry, const EntrySpec& spec, std::string_view path,
-                  Issues& issues) {
+void check_values(const ModuleEntry& entry, const RecordId& record, const EntrySpec& spec,
+                  std::string_view path, const CheckContext& context) {
   const std::vector<std::string_view> lines = cleaned_lines(entry);
   if (!lines_match(lines, spec)) {
-    report(issues, IssueId::InvalidModuleValue, {path, core::text::join(lines, " | ")},
-           entry.location);
+    const ValueFault fault = find_value_fault(entry.values, spec);
+    report(context.sink, IssueId::InvalidModuleValue, {path, core::text::join(lines, " | ")},
+           {record, entry.location}, &fault);
   }
 }
 
 /// Checks the children of one nested block.
 class ChildrenCheck {
  public:
-  ChildrenCheck(const ModuleEntry& parent, const EntrySpec& spec, std::string_view path,
-                const ValidationOptions& options, Issues& issues)
+  ChildrenCheck(const ModuleEntry& parent, const RecordId& record, const EntrySpec& spec,
+                std::string_view path, const CheckContext& context)
       : parent_(parent),
+        record_(record),
         spec_(spec),
         path_(path),
-        options_(options),
-        issues_(issues),
-        siblings_(parent.children, spec.child_aliases) {}
+        context_(context),
+        siblings_(parent.children, spec.child_aliases, record) {}
 
   void run() {
-    for (const ModuleEntry& child : parent_.children) {
-      check_child(child);
+    for (std::size_t i = 0; i < parent_.children.size(); ++i) {
+      check_child(i);
     }
-    counts_.for_each_repeated([&](std::string_view name) {
+    repetitions_.for_each([&](std::string_view name, std::size_t first, std::size_t again) {
       const auto* const child = find_in(spec_.children, name);
       if (child != nullptr && !(*child)->repeatable) {
-        report(issues_, IssueId::DuplicateNestedEntry, {path_, name}, parent_.location);
+        report(context_.sink, IssueId::DuplicateNestedEntry, {path_, name},
+               {member_of(record_, again), parent_.location, member_of(record_, first)});
       }
     });
   }
 
  private:
-  void check_child(const ModuleEntry& child) {
+  void check_child(std::size_t index) {
+    const ModuleEntry& child = parent_.children[index];
+    const RecordId record = member_of(record_, index);
     const EntrySpec* const spec = find_child_spec(&spec_, child.name);
     if (spec == nullptr) {
-      check_unknown_child(child);
+      check_unknown_child(child, record);
       return;
     }
-    counts_.add(spec->name);
-    check_entry(child, *spec, std::string(path_) + '.' + spec->name, options_, issues_);
-    check_relations(child, *spec, path_, siblings_, nested_relations, issues_);
+    repetitions_.add(spec->name, index);
+    check_entry(child, record, *spec, std::string(path_) + '.' + spec->name, context_);
+    check_relations(child, *spec, path_, siblings_, nested_relations, context_);
   }
 
   // A blank line in a block is no entry at all.
-  void check_unknown_child(const ModuleEntry& child) {
+  void check_unknown_child(const ModuleEntry& child, const RecordId& record) {
     if (!core::text::trim_view(child.raw_line).empty()) {
-      report_unknown(issues_, options_.unknown_entries_as_errors, options_.report_unknown_entries,
-                     IssueId::UnknownNestedEntry, IssueId::UnknownNestedEntryKept,
-                     {path_, child.name}, child.location);
+      const ValidationOptions& options = context_.options;
+      report_unknown(context_.sink,
+                     {options.unknown_entries_as_errors, options.report_unknown_entries,
+                      IssueId::UnknownNestedEntry, IssueId::UnknownNestedEntryKept},
+                     {path_, child.name}, {record, child.location});
     }
   }
 
   const ModuleEntry& parent_;
+  RecordId record_;
   const EntrySpec& spec_;
   std::string_view path_;
-  const ValidationOptions& options_;
-  Issues& issues_;
+  const CheckContext& context_;
   Siblings siblings_;
-  NameCounts counts_;
+  Repetitions repetitions_;
 };
 
 }  // namespace
 
 void check_relations(const ModuleEntry& entry, const EntrySpec& spec, std::string_view parent,
-                     Siblings& siblings, const RelationIssues& ids, Issues& issues) {
+                     Siblings& siblings, const RelationIssues& ids, const CheckContext& context) {
+  const RecordId record = siblings.record_of(entry);
   for (const ValueRequirement& requirement : spec.required) {
     if (!holds(requirement, siblings)) {
       const IssueId id = requirement.equals ? ids.missing_value : ids.missing_entry;
-      report(issues, id,
+      report(context.sink, id,
              {parent, spec.name, requirement.entry, requirement.equals.value_or(std::string())},
-             entry.location);
+             {record, entry.location});
     }
   }
   for (const std::string& other : spec.conflicts) {
-    if (siblings.find(other) != nullptr) {
-      report(issues, ids.conflict, {parent, spec.name, other}, entry.location);
+    if (const ModuleEntry* const found = siblings.find(other); found != nullptr) {
+      report(context.sink, ids.conflict, {parent, spec.name, other},
+             {record, entry.location, siblings.record_of(*found)});
     }
   }
 }
 
-void check_entry(const ModuleEntry& entry, const EntrySpec& spec, std::string_view path,
-                 const ValidationOptions& options, Issues& issues) {
+void report_unknown(const FaultSink& sink, const UnknownName& what,
+                    std::initializer_list<std::string_view> names, const FaultSite& site) {
+  if (what.as_error || what.as_warning) {
+    report(sink, what.as_error ? what.error_id : what.warning_id, names, site);
+  }
+}
+
+void check_entry(const ModuleEntry& entry, const RecordId& record, const EntrySpec& spec,
+                 std::string_view path, const CheckContext& context) {
   const EntryValueKind kind = spec.kind;
   if (kind == EntryValueKind::Flag || kind == EntryValueKind::Raw) {
     return;
   }
+  const FaultSite site = {record, entry.location};
   if (entry.values.empty() && entry.children.empty()) {
-    report(issues, IssueId::MissingEntryValue, {path}, entry.location);
+    report(context.sink, IssueId::MissingEntryValue, {path}, site);
     return;
   }
   const bool is_block =
       kind == EntryValueKind::NestedBlock || kind == EntryValueKind::TerminatedBlock;
   if (is_block && !entry.terminated) {
-    report(issues, IssueId::UnterminatedEntryBlock, {path, spec.terminator}, entry.location);
+    report(context.sink, IssueId::UnterminatedEntryBlock, {path, spec.terminator}, site);
   }
   if (kind == EntryValueKind::NestedBlock) {
-    ChildrenCheck(entry, spec, path, options, issues).run();
+    ChildrenCheck(entry, record, spec, path, context).run();
   } else if (!is_block) {
-    check_values(entry, spec, path, issues);
+    check_values(entry, record, spec, path, context);
   }
 }
 

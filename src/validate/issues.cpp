@@ -1,8 +1,9 @@
-#include "validate/issues.hpp"
+// The table of all findings, and what is read from it.
 
 #include <array>
 #include <cstddef>
-#include <string>
+
+#include "validate/fault.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -74,11 +75,26 @@ constexpr bool table_is_in_order() {
 }
 static_assert(table_is_in_order());
 
-std::string fill(std::string_view message, std::initializer_list<std::string_view> texts) {
+const IssueText& text_of(IssueId id) {
+  return issue_texts[static_cast<std::size_t>(id)];
+}
+
+}  // namespace
+
+std::string_view code_of(IssueId id) {
+  return text_of(id).code;
+}
+
+ValidationSeverity severity_of(IssueId id) {
+  return text_of(id).severity;
+}
+
+std::string message_of(const Fault& fault) {
+  const std::string_view message = text_of(fault.id).message;
   std::string filled;
   for (std::size_t at = 0; at < message.size(); ++at) {
     if (message[at] == '{') {
-      filled += *(texts.begin() + (message[at + 1] - '0'));
+      filled += fault.arguments[static_cast<std::size_t>(message[at + 1] - '0')];
       at += 2;
     } else {
       filled += message[at];
@@ -87,22 +103,14 @@ std::string fill(std::string_view message, std::initializer_list<std::string_vie
   return filled;
 }
 
-}  // namespace
-
-void report(Issues& issues, IssueId id, std::initializer_list<std::string_view> texts,
-            const std::optional<SourceSpan>& location) {
-  const IssueText& text = issue_texts[static_cast<std::size_t>(id)];
-  issues.push_back({text.severity, std::string(text.code), fill(text.message, texts), location});
-}
-
-void report_unknown(Issues& issues, bool as_error, bool as_warning, IssueId error_id,
-                    IssueId warning_id, std::initializer_list<std::string_view> texts,
-                    const std::optional<SourceSpan>& location) {
-  if (as_error) {
-    report(issues, error_id, texts, location);
-  } else if (as_warning) {
-    report(issues, warning_id, texts, location);
-  }
+void report(const FaultSink& sink, IssueId id, std::initializer_list<std::string_view> arguments,
+            const FaultSite& site, const ValueFault* value) {
+  sink({id,
+        {arguments.begin(), arguments.size()},
+        site.record,
+        site.related,
+        &site.location,
+        value});
 }
 
 }  // namespace kelp::input::bdf

@@ -2,6 +2,17 @@
 
 namespace kelp::input::bdf {
 
+RecordId member_of(const RecordId& owner, std::size_t index) {
+  switch (owner.kind) {
+    case RecordKind::Module:
+      return RecordId::of_entry(owner.index, index);
+    case RecordKind::Entry:
+      return RecordId::of_child(owner.index, owner.entry, index);
+    default:
+      return owner;
+  }
+}
+
 const ModuleEntry* Siblings::find(std::string_view name) {
   if (!indexed_) {
     indexed_ = true;
@@ -13,12 +24,13 @@ const ModuleEntry* Siblings::find(std::string_view name) {
   return found == nullptr ? nullptr : *found;
 }
 
-void NameCounts::add(std::string_view name) {
-  if (const auto found = counts_.find(name); found != counts_.end()) {
-    ++found->second;
-    return;
+void Repetitions::add(std::string_view name, std::size_t index) {
+  const auto found = names_.find(name);
+  if (found == names_.end()) {
+    order_.push_back(&*names_.emplace(name, Records{index, none}).first);
+  } else if (found->second.again == none) {
+    found->second.again = index;
   }
-  order_.push_back(counts_.emplace(name, 1).first->first);
 }
 
 }  // namespace kelp::input::bdf

@@ -10,7 +10,7 @@
 #include "schema/impl.hpp"
 #include "schema/lookup.hpp"
 #include "validate/entry_check.hpp"
-#include "validate/issues.hpp"
+#include "validate/fault.hpp"
 #include "validate/siblings.hpp"
 #include "validate/value_check.hpp"
 
@@ -20,137 +20,161 @@ namespace {
 constexpr RelationIssues module_relations = {
     IssueId::MissingRequiredEntry, IssueId::MissingRequiredValue, IssueId::ConflictingEntries};
 
+const AliasMap& entry_aliases(const ModuleSpec* spec) {
+  static const AliasMap none;
+  return spec == nullptr ? none : spec->entry_aliases;
+}
+
 /// Checks one module.
 class ModuleCheck {
  public:
-  ModuleCheck(const Module& module, const ModuleSpec* spec, const ValidationOptions& options,
-              Issues& issues)
+  ModuleCheck(const Module& module, const RecordId& record, const ModuleSpec* spec,
+              const CheckContext& context)
       : module_(module),
+        record_(record),
         spec_(spec),
-        options_(options),
-        issues_(issues),
-        siblings_(module.entries, spec == nullptr ? no_aliases() : spec->entry_aliases) {}
+        context_(context),
+        siblings_(module.entries, entry_aliases(spec), record) {}
 
   void run() {
     check_frame();
-    for (const ModuleEntry& entry : module_.entries) {
-      check(entry);
+    for (std::size_t i = 0; i < module_.entries.size(); ++i) {
+      check(i);
     }
-    counts_.for_each_repeated([&](std::string_view name) {
+    repetitions_.for_each([&](std::string_view name, std::size_t first, std::size_t again) {
       const EntrySpec* const entry = find_entry_spec(spec_, name);
       if (entry != nullptr && !entry->repeatable) {
-        report(issues_, IssueId::DuplicateEntry, {module_.name, name}, module_.location);
+        report(context_.sink, IssueId::DuplicateEntry, {module_.name, name},
+               {member_of(record_, again), module_.location, member_of(record_, first)});
       }
     });
   }
 
  private:
-  static const AliasMap& no_aliases() {
-    static const AliasMap none;
-    return none;
-  }
-
   void check_frame() {
+    const FaultSite site = {record_, module_.location};
     if (!module_.known) {
-      report_unknown(issues_, options_.unknown_modules_as_errors, options_.report_unknown_modules,
-                     IssueId::UnknownModule, IssueId::UnknownModuleKept, {module_.name},
-                     module_.location);
+      const ValidationOptions& options = context_.options;
+      report_unknown(context_.sink,
+                     {options.unknown_modules_as_errors, options.report_unknown_modules,
+                      IssueId::UnknownModule, IssueId::UnknownModuleKept},
+                     {module_.name}, site);
     }
     if (!module_.terminated) {
-      report(issues_, IssueId::UnterminatedModule, {module_.name}, module_.location);
+      report(context_.sink, IssueId::UnterminatedModule, {module_.name}, site);
     }
   }
 
-  void check(const ModuleEntry& entry) {
+  void check(std::size_t index) {
+    const ModuleEntry& entry = module_.entries[index];
+    const RecordId record = member_of(record_, index);
     const EntrySpec* const spec = find_entry_spec(spec_, entry.name);
     if (spec == nullptr) {
-      report_unknown(issues_, options_.unknown_entries_as_errors, options_.report_unknown_entries,
-                     IssueId::UnknownEntry, IssueId::UnknownEntryKept, {module_.name, entry.name},
-                     entry.location);
+      const ValidationOptions& options = context_.options;
+      report_unknown(context_.sink,
+                     {options.unknown_entries_as_errors, options.report_unknown_entries,
+                      IssueId::UnknownEntry, IssueId::UnknownEntryKept},
+                     {module_.name, entry.name}, {record, entry.location});
       return;
     }
-    counts_.add(spec->name);
-    check_entry(entry, *spec, module_.name + '.' + spec->name, options_, issues_);
-    check_relations(entry, *spec, module_.name, siblings_, module_relations, issues_);
+    repetitions_.add(spec->name, index);
+    check_entry(entry, record, *spec, module_.name + '.' + spec->name, context_);
+    check_relations(entry, *spec, module_.name, siblings_, module_relations, context_);
   }
 
   const Module& module_;
+  RecordId record_;
   const ModuleSpec* spec_;
-  const ValidationOptions& options_;
-  Issues& issues_;
+  const CheckContext& context_;
   Siblings siblings_;
-  NameCounts counts_;
+  Repetitions repetitions_;
 };
 
 /// Checks one document.
 class DocumentCheck {
  public:
-  DocumentCheck(const BDFData& data, const InputSchema& schema, const ValidationOptions& options)
-      : data_(data), schema_(schema), impl_(SchemaAccess::impl(schema)), options_(options) {}
+  DocumentCheck(const BDFData& data, const InputSchema& schema, const CheckContext& context)
+      : data_(data), schema_(schema), impl_(SchemaAccess::impl(schema)), context_(context) {}
 
-  Issues run() {
+  void run() {
     if (data_.mode != InputMode::Module) {
       check_easy_input();
     }
-    for (const Module& module : data_.modules) {
-      counts_.add(canonical_name(impl_.module_aliases, module.name));
-      ModuleCheck(module, find_module_spec(impl_, module.name), options_, issues_).run();
+    for (std::size_t i = 0; i < data_.modules.size(); ++i) {
+      const Module& module = data_.modules[i];
+      repetitions_.add(canonical_name(impl_.module_aliases, module.name), i);
+      ModuleCheck(module, RecordId::of_module(i), find_module_spec(impl_, module.name), context_)
+          .run();
     }
-    counts_.for_each_repeated([&](std::string_view name) {
+    repetitions_.for_each([&](std::string_view name, std::size_t first, std::size_t again) {
       const ModuleSpec* const spec = find_in(impl_.modules, name);
       if (spec != nullptr && !spec->repeatable) {
-        report(issues_, IssueId::DuplicateModule, {name}, std::nullopt);
+        report(context_.sink, IssueId::DuplicateModule, {name},
+               {RecordId::of_module(again), nowhere_, RecordId::of_module(first)});
       }
     });
-    return std::move(issues_);
   }
 
  private:
   void check_easy_input() {
     bool has_method = false;
-    for (const EasyToken& token : data_.easy_tokens) {
+    for (std::size_t i = 0; i < data_.easy_tokens.size(); ++i) {
+      const EasyToken& token = data_.easy_tokens[i];
       const std::string& name = token.canonical.empty() ? token.text : token.canonical;
       has_method = has_method || schema_.easy_token_category(name) == "method_spec";
-      check_easy_value(token, name);
+      check_easy_value(name, {RecordId::of(RecordKind::EasyToken, i), token.location});
     }
     if (!has_method) {
-      report(issues_, IssueId::MissingMethod, {}, std::nullopt);
+      report(context_.sink, IssueId::MissingMethod, {}, {{}, nowhere_});
     }
     check_geometry();
   }
 
-  void check_easy_value(const EasyToken& token, std::string_view name) {
+  void check_easy_value(std::string_view name, const FaultSite& site) {
     const auto [keyword, value] = split_at_equals(name);
     const ValueSpec* const spec = find_keyword_spec(impl_, keyword);
     if (spec != nullptr && value && !value->empty() && !value_matches({*value}, *spec)) {
-      report(issues_, IssueId::InvalidEasyValue, {keyword, *value}, token.location);
+      const ValueFault fault = find_header_value_fault(*value, *spec);
+      report(context_.sink, IssueId::InvalidEasyValue, {keyword, *value}, site, &fault);
     }
   }
 
   void check_geometry() {
+    const FaultSite site = {data_.has_geometry ? RecordId::of(RecordKind::Geometry, 0) : RecordId{},
+                            data_.geometry_location};
     const bool present =
         data_.has_geometry && !(data_.atoms.empty() && data_.geometry_lines.empty());
     if (!present) {
-      report(issues_, IssueId::MissingGeometry, {}, data_.geometry_location);
+      report(context_.sink, IssueId::MissingGeometry, {}, site);
     }
     if (data_.has_geometry && !data_.geometry_terminated) {
-      report(issues_, IssueId::UnterminatedGeometry, {}, data_.geometry_location);
+      report(context_.sink, IssueId::UnterminatedGeometry, {}, site);
     }
   }
 
   const BDFData& data_;
   const InputSchema& schema_;
   const InputSchema::Impl& impl_;
-  const ValidationOptions& options_;
-  Issues issues_;
-  NameCounts counts_;
+  const CheckContext& context_;
+  const std::optional<SourceSpan> nowhere_;
+  Repetitions repetitions_;
 };
 
 }  // namespace
 
+void find_faults(const BDFData& data, const InputSchema& schema, const ValidationOptions& options,
+                 const FaultSink& sink) {
+  DocumentCheck(data, schema, {options, sink}).run();
+}
+
 std::vector<ValidationIssue> InputSchema::validate(const BDFData& data,
                                                    const ValidationOptions& options) const {
-  return DocumentCheck(data, *this, options).run();
+  std::vector<ValidationIssue> issues;
+  find_faults(data, *this, options, [&](const Fault& fault) {
+    issues.push_back({severity_of(fault.id), std::string(code_of(fault.id)), message_of(fault),
+                      *fault.location});
+  });
+  return issues;
 }
 
 }  // namespace kelp::input::bdf

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "kelp/input/bdf/schema.hpp"
+#include "validate/fault.hpp"
 
 namespace kelp::input::bdf {
 
@@ -21,5 +23,13 @@ bool lines_match(const std::vector<std::string_view>& lines, const EntrySchemaIn
 /// Tells whether one field is of a type (string, any, integer, float, number) and within the
 /// description's bounds; every field is of any other type.
 bool token_matches_type(std::string_view token, std::string_view type, const EntrySchemaInfo& info);
+
+/// Returns what is wrong about the value lines of an entry that does not agree with its
+/// description: the first field or row that is wrong by itself, else all of the value or, of rows,
+/// the line that counts them.
+ValueFault find_value_fault(const std::vector<std::string>& values, const EntrySchemaInfo& info);
+
+/// The same for a value of the header, whatever the description's kind is.
+ValueFault find_header_value_fault(std::string_view value, const EntrySchemaInfo& info);
 
 }  // namespace kelp::input::bdf
