@@ -7,6 +7,9 @@
 
 namespace kelp::input::bdf {
 
+/// What is said of an input that holds nothing but comments and blank lines.
+inline constexpr const char* empty_input_message = "BDF input is empty";
+
 /// Reads a whole input into a document. Returns false, with the comments read, when there is
 /// nothing but comments and blank lines. `options` decide only about lines that the schema does not
 /// know; nothing is validated.

@@ -54,7 +54,7 @@ ParseResult BDFParser::parse_string(std::string_view text, const InputSchema& sc
   const Lines lines = split_lines(text);
   LineReader reader(lines);
   if (!read_input(reader, schema, options, result.data)) {
-    result.error = "BDF input is empty";
+    result.error = empty_input_message;
     return result;
   }
   finish(schema, options, result);

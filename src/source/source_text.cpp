@@ -116,9 +116,11 @@ TextRange SourceText::full_line_range(std::size_t number) const {
 
 TextRange SourceText::line_range(std::size_t number) const {
   TextRange range = full_line_range(number);
-  std::string_view rest = text_of(range);
-  if (!rest.empty()) {
-    range.end = range.begin + core::text::take_line(rest).size();
+  // Only the ends are looked at: a line may be as long as the text, and be asked for often.
+  for (const char end : {'\n', '\r'}) {
+    if (!range.empty() && text()[range.end - 1] == end) {
+      --range.end;
+    }
   }
   return range;
 }

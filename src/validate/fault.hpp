@@ -93,8 +93,8 @@ void find_faults(const BDFData& data, const InputSchema& schema, const Validatio
 std::string_view code_of(IssueId id);
 /// Returns how grave a finding is.
 ValidationSeverity severity_of(IssueId id);
-/// Returns the message of a finding, an English sentence.
-std::string message_of(const Fault& fault);
+/// Returns the message of a finding, an English sentence, with `arguments` in its placeholders.
+std::string message_of(IssueId id, std::span<const std::string_view> arguments);
 
 /// The records that a finding is about.
 struct FaultSite {

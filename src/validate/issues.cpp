@@ -89,12 +89,12 @@ ValidationSeverity severity_of(IssueId id) {
   return text_of(id).severity;
 }
 
-std::string message_of(const Fault& fault) {
-  const std::string_view message = text_of(fault.id).message;
+std::string message_of(IssueId id, std::span<const std::string_view> arguments) {
+  const std::string_view message = text_of(id).message;
   std::string filled;
   for (std::size_t at = 0; at < message.size(); ++at) {
     if (message[at] == '{') {
-      filled += fault.arguments[static_cast<std::size_t>(message[at + 1] - '0')];
+      filled += arguments[static_cast<std::size_t>(message[at + 1] - '0')];
       at += 2;
     } else {
       filled += message[at];

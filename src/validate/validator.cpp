@@ -171,8 +171,8 @@ std::vector<ValidationIssue> InputSchema::validate(const BDFData& data,
                                                    const ValidationOptions& options) const {
   std::vector<ValidationIssue> issues;
   find_faults(data, *this, options, [&](const Fault& fault) {
-    issues.push_back({severity_of(fault.id), std::string(code_of(fault.id)), message_of(fault),
-                      *fault.location});
+    issues.push_back({severity_of(fault.id), std::string(code_of(fault.id)),
+                      message_of(fault.id, fault.arguments), *fault.location});
   });
   return issues;
 }

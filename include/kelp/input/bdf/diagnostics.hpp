@@ -1,0 +1,97 @@
+#pragma once
+
+/// @file
+/// Findings about an input, with everything that a tool shows of them: the words at fault, what is
+/// wrong about them, what to do, and the edits that would do it.
+///
+///     const ParsedInput input(text, default_schema());
+///     for (const Diagnostic& diagnostic : diagnose(input)) {
+///       log(concise_text(diagnostic, input.source(), "a.inp"));
+///     }
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/parsed_input.hpp"
+#include "kelp/input/bdf/record.hpp"
+#include "kelp/input/bdf/source.hpp"
+
+namespace kelp::input::bdf {
+
+/// How grave a diagnostic is.
+enum class Severity : std::int32_t {
+  Note = 0,     ///< worth knowing; never a reason to fail
+  Warning = 1,  ///< probably not what was meant
+  Error = 2,    ///< will not run, or not as written
+};
+
+/// Returns "note", "warning" or "error"; "unknown" for a number that is none. The view lives for
+/// ever.
+KELP_BDF_INP_EXPORT std::string_view to_string(Severity severity) noexcept;
+
+/// Another part of the text that matters for a diagnostic.
+struct RelatedRange {
+  TextRange range;      ///< in the same text
+  std::string message;  ///< what it has to do with it, in few words
+};
+
+/// A way to mend what is wrong.
+struct Fix {
+  std::string title;            ///< what it does, for a menu: "write 'occupied'"
+  std::vector<TextEdit> edits;  ///< in the order of the text, not overlapping
+  bool is_safe = false;  ///< there is no other sensible reading, so it can be applied unasked
+};
+
+/// One finding about one input.
+struct Diagnostic {
+  std::string code;                       ///< stable dotted code, `bdf.unknown_entry`
+  Severity severity = Severity::Warning;  ///< how grave it is
+  std::string message;                    ///< an English sentence
+  std::vector<std::string> arguments;     ///< the names and values that the message holds
+  std::optional<TextRange> range;         ///< what is at fault; unset for the input as a whole
+  std::string label;                      ///< what is wrong about the range; may be empty
+  std::vector<RelatedRange> related;      ///< other parts of the text that matter
+  std::vector<std::string> help;          ///< what to do about it, a sentence each
+  std::vector<std::string> suggestions;   ///< names that may have been meant, the nearest first
+  std::vector<Fix> fixes;                 ///< edits that mend it, the likeliest first
+  std::string path;                       ///< of the record, `scf#2.charge`; may be empty
+  RecordId record;                        ///< the record that it is about
+};
+
+/// What is done about names that the schema does not know.
+enum class UnknownNames : std::int32_t {
+  Ignore = 0,  ///< nothing
+  Warn = 1,    ///< warnings
+  Error = 2,   ///< errors
+};
+
+/// What to look for.
+struct DiagnoseOptions {
+  UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries and nested entries
+};
+
+/// Returns everything that is to be said about an input, in the order in which
+/// `InputSchema::validate` finds it. Comments and blank lines within modules, which that reports as
+/// unknown entries, are left out; an input that holds nothing else has the one finding
+/// `bdf.empty_input`. Safe to call from any number of threads. Only a failed allocation throws.
+KELP_BDF_INP_EXPORT std::vector<Diagnostic> diagnose(const ParsedInput& input,
+                                                     const DiagnoseOptions& options = {});
+
+/// The same, one by one as they are found: an input can have more of them than fit into memory.
+/// What `use` throws is passed on.
+KELP_BDF_INP_EXPORT void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
+                                  const std::function<void(const Diagnostic&)>& use);
+
+/// Returns a diagnostic as one line without a line end, `file:line:column: severity: message
+/// [code]`, for logs and for editors that read such lines. Columns count code points; without a
+/// range it is 1:1. What a terminal would obey is shown as a replacement character, and a very long
+/// message without its middle.
+KELP_BDF_INP_EXPORT std::string concise_text(const Diagnostic& diagnostic, const SourceText& source,
+                                             std::string_view file);
+
+}  // namespace kelp::input::bdf

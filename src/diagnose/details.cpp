@@ -1,0 +1,262 @@
+// What there is to say of each finding beside its message: the words at fault, what is wrong about
+// them, what to do.
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "diagnose/draft.hpp"
+#include "kelp/core/number.hpp"
+#include "kelp/core/unicode.hpp"
+#include "validate/value_check.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+// Moves a line number back to the last line that is not blank.
+std::size_t without_blanks(const ParsedInput& input, std::size_t line) {
+  while (line > 1 && input.line(line).role == LineRole::Blank) {
+    --line;
+  }
+  return line;
+}
+
+// -- the header and the geometry
+
+void complete_header_value(Draft& draft) {
+  const std::size_t index = draft.fault.record.index;
+  const EasyToken& token = draft.input.data().easy_tokens[index];
+  const TextRange value = draft.input.token_ranges(index).value;
+  draft.mark(value);
+  const auto info = draft.input.schema().easy_keyword_info(token.key);
+  if (info) {
+    draft.suggest(similar_names(token.value, info->allowed), "value", "values", value);
+  }
+  draft.expect(info);
+}
+
+void complete_missing_method(Draft& draft) {
+  const std::size_t line = draft.input.first_line(RecordId::of(RecordKind::EasyToken, 0));
+  if (line != 0) {
+    draft.mark(draft.source.content(line), "no method, functional or basis here");
+  }
+  draft.help("write for example 'B3LYP/def2-SVP' on the first line");
+}
+
+void complete_missing_geometry(Draft& draft) {
+  draft.mark_word("no atom follows");
+  draft.help("put the atoms between a line 'Geometry' and a line 'End Geometry'");
+}
+
+// A block without its end takes all lines that follow; the atoms in a row are what is meant.
+void complete_unterminated_geometry(Draft& draft) {
+  draft.mark_word("begins here");
+  draft.help("add a line 'End Geometry' after the last atom");
+  std::size_t last = draft.input.first_line(RecordId::of(RecordKind::Atom, 0));
+  while (last != 0 && draft.input.line(last + 1).role == LineRole::Atom) {
+    ++last;
+  }
+  if (last != 0) {
+    draft.fix_by_line("End Geometry", last);
+  }
+}
+
+// -- names that the schema does not know
+
+void complete_unknown_module(Draft& draft) {
+  const SourceText& source = draft.source;
+  const TextRange header = source.content(draft.line);
+  const TextRange word = source.first_word(draft.line);
+  const std::string name(source.text_of(word));
+  if (header.end > word.end && draft.input.schema().is_known_module(name)) {
+    const TextRange rest = source.trimmed({word.end, header.end});
+    const std::string_view text = source.text_of(rest);
+    draft.mark(rest, "taken as part of the name");
+    draft.help("only '" + name + "' may stand on this line; put remarks on a line of their own");
+    const bool is_comment = text.front() == '#' || text.front() == '*';
+    std::string line(draft.line_end());
+    line.append(is_comment ? "" : "# ").append(text);
+    draft.fix("put it on a line of its own, as a comment", {word.end, rest.end}, std::move(line),
+              is_comment);
+    return;
+  }
+  draft.mark(header, "not a module");
+  draft.suggest(similar_names(draft.module->name, draft.context.names().modules()), "module",
+                "modules", {std::min(header.begin + 1, header.end), header.end});
+}
+
+// "charge=1" in a module, as one would write it in the header.
+bool explain_header_form(Draft& draft) {
+  const InputSchema& schema = draft.input.schema();
+  const std::string& module = draft.module->name;
+  const std::string_view word = draft.entry->name;
+  const std::size_t equals = word.find('=');
+  if (equals == std::string_view::npos || !schema.is_known_entry(module, word.substr(0, equals))) {
+    return false;
+  }
+  const std::string name = schema.canonical_entry(module, word.substr(0, equals));
+  draft.help("write '" + name + "' and on the next line its value");
+  const TextRange range = draft.source.first_word(draft.line);
+  const std::string_view written = draft.source.text_of(range);
+  if (equals + 1 < written.size()) {
+    draft.fix(
+        "write the value on the next line", range,
+        name + std::string(draft.line_end()) + "  " + std::string(written.substr(equals + 1)));
+  }
+  return true;
+}
+
+bool explain_number(Draft& draft) {
+  if (!core::number::parse_float(draft.entry->name)) {
+    return false;
+  }
+  draft.help("no keyword above takes this line as a value");
+  return true;
+}
+
+void name_other_modules(Draft& draft) {
+  std::vector<std::string> others = draft.context.names().modules_with_entry(draft.entry->name);
+  for (std::string& other : others) {
+    other.insert(0, "$");
+  }
+  if (!others.empty()) {
+    draft.help("it is an entry of " + quoted_choice(others));
+  }
+}
+
+void complete_unknown_entry(Draft& draft) {
+  const std::string& module = draft.module->name;
+  draft.mark_word("not an entry of $" + core::unicode::abridged(module));
+  if (!draft.input.schema().is_known_module(module) || explain_header_form(draft) ||
+      explain_number(draft)) {
+    return;
+  }
+  draft.suggest(similar_names(draft.entry->name, draft.context.names().entries(module)), "entry",
+                "entries", *draft.diagnostic.range);
+  if (draft.diagnostic.suggestions.empty()) {
+    name_other_modules(draft);
+  }
+}
+
+void complete_unknown_nested_entry(Draft& draft) {
+  const std::string& block = draft.entry->name;
+  draft.mark_word("not an entry of the block '" + block + "'");
+  draft.suggest(similar_names(draft.child->name,
+                              draft.context.names().nested_entries(draft.module->name, block)),
+                "entry", "entries", *draft.diagnostic.range);
+}
+
+// -- how modules, entries and blocks stand together
+
+void complete_unterminated_module(Draft& draft) {
+  draft.mark(draft.source.content(draft.line), "begins here");
+  draft.help("add a line '$end' after its last entry");
+  draft.fix_by_line("$end", without_blanks(draft.input, draft.input.last_line(draft.fault.record)));
+}
+
+void complete_unterminated_block(Draft& draft) {
+  draft.mark_word("begins here");
+  const ModuleEntry& record = draft.child == nullptr ? *draft.entry : *draft.child;
+  if (!record.terminator.empty()) {
+    draft.help("add a line '" + record.terminator + "' after its last line");
+    draft.fix_by_line(record.terminator,
+                      without_blanks(draft.input, draft.input.last_line(draft.fault.record)));
+  }
+}
+
+void complete_repetition(Draft& draft) {
+  const std::size_t first = draft.input.first_line(draft.fault.related);
+  draft.mark_word("first given on line " + std::to_string(first));
+  draft.relate(draft.fault.related, "first given here");
+}
+
+void complete_conflict(Draft& draft) {
+  const std::size_t other = draft.input.first_line(draft.fault.related);
+  draft.mark_word("not beside line " + std::to_string(other));
+  draft.relate(draft.fault.related, "conflicts with this");
+}
+
+// -- values
+
+void complete_missing_value(Draft& draft) {
+  const SourceText& source = draft.source;
+  const TextRange word = source.first_word(draft.line);
+  const TextRange rest = source.trimmed({word.end, source.line_range(draft.line).end});
+  const auto info = draft.description();
+  if (rest.empty() || source.text_of(rest).front() == '#') {
+    draft.mark(word, "no value follows");
+    draft.expect(info);
+    return;
+  }
+  draft.mark(rest, "not read here");
+  draft.help("write the value on the next line; what stands behind a keyword is not read");
+  const TextRange value = draft.input.behind_keyword(draft.fault.record);
+  draft.fix("write the value on the next line", {word.end, rest.begin},
+            std::string(draft.line_end()) + "  ",
+            info && lines_match({source.text_of(value)}, *info));
+}
+
+void complete_invalid_value(Draft& draft) {
+  const ValueFault& fault = *draft.fault.value;
+  const auto info = draft.description();
+  if (!fault.line) {
+    draft.mark_word();
+  } else {
+    const std::size_t begin = draft.input.value_range(draft.fault.record, *fault.line).begin;
+    const TextRange range = {begin + fault.begin, begin + fault.end};
+    draft.mark(range);
+    if (info) {
+      draft.suggest(similar_names(draft.source.text_of(range), info->allowed), "value", "values",
+                    range);
+    }
+  }
+  draft.expect(info);
+}
+
+}  // namespace
+
+void complete(Draft& draft) {
+  switch (draft.fault.id) {
+    case IssueId::InvalidEasyValue:
+      return complete_header_value(draft);
+    case IssueId::MissingMethod:
+      return complete_missing_method(draft);
+    case IssueId::MissingGeometry:
+      return complete_missing_geometry(draft);
+    case IssueId::UnterminatedGeometry:
+      return complete_unterminated_geometry(draft);
+    case IssueId::UnknownModule:
+    case IssueId::UnknownModuleKept:
+      return complete_unknown_module(draft);
+    case IssueId::UnterminatedModule:
+      return complete_unterminated_module(draft);
+    case IssueId::UnknownEntry:
+    case IssueId::UnknownEntryKept:
+      return complete_unknown_entry(draft);
+    case IssueId::UnknownNestedEntry:
+    case IssueId::UnknownNestedEntryKept:
+      return complete_unknown_nested_entry(draft);
+    case IssueId::MissingRequiredEntry:
+    case IssueId::MissingRequiredValue:
+    case IssueId::MissingRequiredNestedEntry:
+    case IssueId::MissingRequiredNestedValue:
+      return draft.mark_word();
+    case IssueId::ConflictingEntries:
+    case IssueId::ConflictingNestedEntries:
+      return complete_conflict(draft);
+    case IssueId::DuplicateEntry:
+    case IssueId::DuplicateModule:
+    case IssueId::DuplicateNestedEntry:
+      return complete_repetition(draft);
+    case IssueId::MissingEntryValue:
+      return complete_missing_value(draft);
+    case IssueId::UnterminatedEntryBlock:
+      return complete_unterminated_block(draft);
+    case IssueId::InvalidModuleValue:
+      return complete_invalid_value(draft);
+  }
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,218 @@
+// The validator tells of each finding which records it is about, and of a value which part of it is
+// at fault; the input knows where these stand. A diagnostic is put together from the two, one after
+// the other, so that any number of them needs no memory.
+
+#include <unordered_map>
+#include <utility>
+
+#include "diagnose/draft.hpp"
+#include "kelp/core/unicode.hpp"
+#include "kelp/input/bdf/diagnostics.hpp"
+#include "kelp/input/bdf/explain.hpp"
+#include "parser/frame.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+ValidationOptions validation_options(const DiagnoseOptions& options) {
+  ValidationOptions validation;
+  validation.report_unknown_modules = options.unknown == UnknownNames::Warn;
+  validation.report_unknown_entries = options.unknown == UnknownNames::Warn;
+  validation.unknown_modules_as_errors = options.unknown == UnknownNames::Error;
+  validation.unknown_entries_as_errors = options.unknown == UnknownNames::Error;
+  return validation;
+}
+
+Severity severity_from(ValidationSeverity severity) {
+  return severity == ValidationSeverity::Error ? Severity::Error : Severity::Warning;
+}
+
+// A module keeps its comments and blank lines as entries, like any other line that is no keyword.
+bool is_about_comment(const Fault& fault, const ParsedInput& input) {
+  switch (fault.id) {
+    case IssueId::UnknownEntry:
+    case IssueId::UnknownEntryKept:
+    case IssueId::UnknownNestedEntry:
+    case IssueId::UnknownNestedEntryKept: {
+      const LineRole role = input.line(input.first_line(fault.record)).role;
+      return role == LineRole::Comment || role == LineRole::Blank;
+    }
+    default:
+      return false;
+  }
+}
+
+Diagnostic empty_input() {
+  Diagnostic diagnostic;
+  diagnostic.code = "bdf.empty_input";
+  diagnostic.severity = Severity::Error;
+  diagnostic.message = empty_input_message;
+  return diagnostic;
+}
+
+}  // namespace
+
+RecordPaths::RecordPaths(const BDFData& data) : data_(data) {
+  std::unordered_map<std::string_view, std::size_t> counts;
+  numbers_.reserve(data.modules.size());
+  for (const Module& module : data.modules) {
+    numbers_.push_back(++counts[module.name]);
+  }
+}
+
+std::string RecordPaths::path_of(const RecordId& record) const {
+  if (record.kind == RecordKind::Geometry) {
+    return "geometry";
+  }
+  if (record.kind == RecordKind::EasyToken) {
+    return "easy." + data_.easy_tokens[record.index].key;
+  }
+  const Module* const module = module_of(data_, record);
+  if (module == nullptr) {
+    return {};
+  }
+  std::string path = module->name;
+  if (const std::size_t number = numbers_[record.index]; number > 1) {
+    path += '#' + std::to_string(number);
+  }
+  if (const ModuleEntry* const entry = entry_of(data_, record); entry != nullptr) {
+    path += '.' + entry->name;
+  }
+  if (record.kind == RecordKind::Child) {
+    path += '.' + entry_or_child(data_, record)->name;
+  }
+  return path;
+}
+
+Draft::Draft(const Fault& about, DiagnoseContext& known)
+    : fault(about),
+      context(known),
+      input(known.input),
+      source(known.input.source()),
+      line(input.first_line(about.record)),
+      module(module_of(input.data(), about.record)),
+      entry(entry_of(input.data(), about.record)),
+      child(about.record.kind == RecordKind::Child ? entry_or_child(input.data(), about.record)
+                                                   : nullptr) {
+  diagnostic.code = code_of(fault.id);
+  diagnostic.severity = severity_from(severity_of(fault.id));
+  diagnostic.message = message_of(fault.id, fault.arguments);
+  diagnostic.arguments.assign(fault.arguments.begin(), fault.arguments.end());
+  diagnostic.record = fault.record;
+  diagnostic.path = context.paths.path_of(fault.record);
+}
+
+std::optional<EntrySchemaInfo> Draft::description() const {
+  if (child != nullptr) {
+    return input.schema().nested_entry_info(module->name, entry->name, child->name);
+  }
+  return entry == nullptr ? std::nullopt : input.schema().entry_info(module->name, entry->name);
+}
+
+void Draft::mark(const TextRange& range, std::string label) {
+  diagnostic.range = range;
+  diagnostic.label = std::move(label);
+}
+
+void Draft::mark_word(std::string label) {
+  if (line != 0) {
+    mark(source.first_word(line), std::move(label));
+  }
+}
+
+void Draft::relate(const RecordId& other, std::string message) {
+  diagnostic.related.push_back({source.first_word(input.first_line(other)), std::move(message)});
+}
+
+void Draft::expect(const std::optional<EntrySchemaInfo>& description) {
+  const std::string expected = description ? expected_value(*description) : std::string();
+  if (!expected.empty()) {
+    help("expected: " + expected);
+  }
+}
+
+void Draft::suggest(std::vector<std::string> names, std::string_view thing, std::string_view things,
+                    const TextRange& range) {
+  if (names.empty()) {
+    return;
+  }
+  std::string text = names.size() == 1 ? "a similar " : "similar ";
+  text += names.size() == 1 ? thing : things;
+  text += names.size() == 1 ? " exists: " : " exist: ";
+  help(text + quoted_choice(names));
+  for (const std::string& name : names) {
+    fix("write '" + name + "'", range, name);
+  }
+  diagnostic.suggestions = std::move(names);
+}
+
+void Draft::fix(std::string title, const TextRange& range, std::string text, bool is_safe) {
+  Fix offer;
+  offer.title = std::move(title);
+  offer.edits.push_back({range, std::move(text)});
+  offer.is_safe = is_safe;
+  diagnostic.fixes.push_back(std::move(offer));
+}
+
+void Draft::fix_by_line(const std::string& text, std::size_t behind) {
+  const std::size_t at = source.full_line_range(behind).end;
+  const bool is_ended = !source.line_end(behind).empty();
+  std::string added = is_ended ? text : std::string(line_end()) + text;
+  if (is_ended) {
+    added += line_end();
+  }
+  fix("add the line '" + text + "'", {at, at}, std::move(added));
+}
+
+std::string_view Draft::line_end() const {
+  const std::string_view end = source.line_end(1);
+  return end == "\r\n" ? end : std::string_view("\n");
+}
+
+void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
+              const std::function<void(const Diagnostic&)>& use) {
+  if (input.is_empty()) {
+    use(empty_input());
+    return;
+  }
+  DiagnoseContext context(input);
+  find_faults(input.data(), input.schema(), validation_options(options), [&](const Fault& fault) {
+    if (!is_about_comment(fault, input)) {
+      Draft draft(fault, context);
+      complete(draft);
+      use(draft.diagnostic);
+    }
+  });
+}
+
+std::vector<Diagnostic> diagnose(const ParsedInput& input, const DiagnoseOptions& options) {
+  std::vector<Diagnostic> found;
+  diagnose(input, options, [&](const Diagnostic& diagnostic) { found.push_back(diagnostic); });
+  return found;
+}
+
+std::string_view to_string(Severity severity) noexcept {
+  switch (severity) {
+    case Severity::Note:
+      return "note";
+    case Severity::Warning:
+      return "warning";
+    case Severity::Error:
+      return "error";
+  }
+  return "unknown";
+}
+
+std::string concise_text(const Diagnostic& diagnostic, const SourceText& source,
+                         std::string_view file) {
+  using core::unicode::displayable;
+  const TextPosition start =
+      diagnostic.range ? source.position(diagnostic.range->begin) : TextPosition{};
+  std::string text = displayable(file);
+  text += ':' + std::to_string(start.line) + ':' + std::to_string(start.column) + ": ";
+  text += to_string(diagnostic.severity);
+  text += ": " + displayable(core::unicode::abridged(diagnostic.message));
+  return text + " [" + diagnostic.code + ']';
+}
+
+}  // namespace kelp::input::bdf

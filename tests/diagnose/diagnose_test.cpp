@@ -1,0 +1,141 @@
+// Which findings there are, in which order, and how they are handed over.
+
+#include "diagnose/diagnosing.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+using ::testing::IsEmpty;
+
+constexpr std::string_view much_wrong =
+    "charge=x\nGeometry\nEnd Geometry\n$scff\n$end\n$scf\nocupied\nalpha\n x\nrhf\nuhf\ncharge\n"
+    "charge\n$bdfopt\nscan\n 1\nneb-block\ncrud\ncrude\ncrude\nnimage\n 0\n$end\n$bdfopt\n$end\n"
+    "$compass\nbasis-block\n";
+
+TEST(Diagnose, TellsWhatValidationDoesInItsWordsAndOrder) {
+  ValidationOptions options;
+  options.report_unknown_modules = true;
+  options.report_unknown_entries = true;
+  const ParsedInput input = parse(much_wrong);
+  const auto issues = schema_of_tests().validate(input.data(), options);
+  const auto diagnostics = diagnose(input);
+  ASSERT_EQ(diagnostics.size(), issues.size());
+  EXPECT_GT(issues.size(), 14U);
+  for (std::size_t i = 0; i < issues.size(); ++i) {
+    EXPECT_EQ(diagnostics[i].code, issues[i].code);
+    EXPECT_EQ(diagnostics[i].message, issues[i].message);
+    EXPECT_EQ(diagnostics[i].severity == Severity::Error,
+              issues[i].severity == ValidationSeverity::Error);
+  }
+}
+
+TEST(Diagnose, FindsNothingWhereAllIsWell) {
+  EXPECT_THAT(diagnose(parse("$scf\nrhf\ncharge\n 1\n$end\n")), IsEmpty());
+}
+
+TEST(Diagnose, DoesWithUnknownNamesWhatIsAskedFor) {
+  const ParsedInput input = parse("$scff\n$end\n$bdfopt\nodd\nneb-block\ncrud\nend neb\n$end\n");
+  const auto severities = [&](UnknownNames unknown) {
+    std::string text;
+    for (const Diagnostic& diagnostic : diagnose(input, {unknown})) {
+      text += std::string(to_string(diagnostic.severity)) + " ";
+    }
+    return text;
+  };
+  EXPECT_EQ(severities(UnknownNames::Ignore), "");
+  EXPECT_EQ(severities(UnknownNames::Warn), "warning warning warning ");
+  EXPECT_EQ(severities(UnknownNames::Error), "error error error ");
+}
+
+TEST(Diagnose, PassesOverCommentsAndBlankLines) {
+  const ParsedInput input = parse(
+      "$scf\n# c\n\n * d\n \t\n\frhf # e\n#rhf\n$end\n"
+      "$bdfopt\nneb-block\n# c\n\n*d\nend neb\n$end\n");
+  for (const UnknownNames unknown : {UnknownNames::Warn, UnknownNames::Error}) {
+    EXPECT_THAT(diagnose(input, {unknown}), IsEmpty());
+  }
+  ValidationOptions options;
+  options.report_unknown_entries = true;
+  EXPECT_THAT(schema_of_tests().validate(input.data(), options), ::testing::Not(IsEmpty()));
+}
+
+TEST(Diagnose, TakesALineForACommentByWhatItIsNotByItsLooks) {
+  // Behind a keyword that the schema does not know, indented lines and comments are its values.
+  EXPECT_EQ(codes_of(diagnose(parse("$scf\nodd\n # c\n  1\n$end\n"))),
+            std::vector<std::string>{"bdf.unknown_entry"});
+}
+
+TEST(Diagnose, NamesTheRecordAtFault) {
+  const ParsedInput input = parse("$scf\nrhf\n$end\n$bdfopt\nneb-block\ncrude\ncrud\nend neb\n");
+  std::vector<RecordId> records;
+  diagnose(input, {}, [&](const Diagnostic& found) { records.push_back(found.record); });
+  EXPECT_EQ(records, (std::vector<RecordId>{RecordId::of_module(1), RecordId::of_child(1, 0, 1)}));
+}
+
+TEST(Diagnose, HandsOverOneByOneWhatItReturnsTogether) {
+  const ParsedInput input = parse(much_wrong);
+  std::vector<std::string> one_by_one;
+  diagnose(input, {},
+           [&](const Diagnostic& found) { one_by_one.push_back(to_text(found, input.source())); });
+  EXPECT_EQ(one_by_one, texts_of(input));
+}
+
+TEST(Diagnose, PassesOnWhatTheHostThrows) {
+  int count = 0;
+  const auto stop = [&](const Diagnostic&) {
+    ++count;
+    throw 1;
+  };
+  EXPECT_THROW(diagnose(parse(much_wrong), {}, stop), int);
+  EXPECT_THROW(diagnose(parse(""), {}, stop), int);
+  EXPECT_EQ(count, 2);
+}
+
+TEST(Diagnose, FindsTheSameWithCarriageReturnsAndWithoutALastLineEnd) {
+  const std::string text = "$scf\n ocupied \ncharge\n one\n$end";
+  std::string windows;
+  for (const char byte : text) {
+    windows += byte == '\n' ? std::string("\r\n") : std::string(1, byte);
+  }
+  const auto expected = texts_of(parse(text));
+  EXPECT_EQ(expected.size(), 2U);
+  EXPECT_EQ(texts_of(parse(windows)), expected);
+  EXPECT_EQ(texts_of(parse(text + "\n")), expected);
+  EXPECT_EQ(texts_of(parse(windows + "\r\n")), expected);
+}
+
+TEST(Diagnose, PutsEveryRangeWithinOneLine) {
+  const ParsedInput input = parse(much_wrong);
+  for (const Diagnostic& diagnostic : diagnose(input)) {
+    if (diagnostic.range) {
+      EXPECT_LT(diagnostic.range->begin, diagnostic.range->end) << diagnostic.message;
+      EXPECT_EQ(input.source().text_of(*diagnostic.range).find('\n'), std::string_view::npos);
+    }
+  }
+}
+
+TEST(Diagnose, FindsThePlacesOfManyFindingsOnALongLine) {
+  std::string header = "HF/sto-3g";
+  for (int i = 0; i < 3000; ++i) {
+    header += " \u6C34 charge=x";
+  }
+  const ParsedInput input = parse(header + "\nGeometry\nH 0 0 0\nEnd Geometry\n");
+  const auto diagnostics = diagnose(input);
+  ASSERT_EQ(diagnostics.size(), 3000U);
+  const auto column = [&](std::size_t index) {
+    return input.source().position(diagnostics[index].range->begin).column;
+  };
+  EXPECT_EQ(column(0), 20U);
+  EXPECT_EQ(column(1), 31U);
+  EXPECT_EQ(column(2999), 33009U);
+}
+
+TEST(SeverityNames, AreWords) {
+  EXPECT_EQ(to_string(Severity::Note), "note");
+  EXPECT_EQ(to_string(Severity::Warning), "warning");
+  EXPECT_EQ(to_string(Severity::Error), "error");
+  EXPECT_EQ(to_string(static_cast<Severity>(7)), "unknown");
+}
+
+}  // namespace
+}  // namespace kelp::input::bdf

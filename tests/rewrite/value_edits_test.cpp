@@ -1,0 +1,222 @@
+// One value is changed, and one value only.
+
+#include "rewrite/edit_table.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+TEST(ValueEdits, AValueKeepsTheLayoutOfItsLine) {
+  expect_edits({
+      {"indentation and comment",
+       "$scf\n  charge\n\t0   # neutral\n$end\n",
+       {"scf.charge=1"},
+       "$scf\n  charge\n\t1   # neutral\n$end\n"},
+      {"CR LF",
+       "$scf\r\ncharge\r\n0\r\n$end\r\n",
+       {"scf.charge=1"},
+       "$scf\r\ncharge\r\n1\r\n$end\r\n"},
+      {"no line end at the end",
+       "$scf\ncharge\n0\n$end",
+       {"scf.charge=1"},
+       "$scf\ncharge\n1\n$end"},
+      {"the case of keywords",
+       "$SCF\n Charge\n  0\n$END\n",
+       {"scf.charge=1"},
+       "$SCF\n Charge\n  1\n$END\n"},
+      {"mixed line ends",
+       "$scf\ncharge\r\n0\r\n$end\n",
+       {"scf.charge=-2"},
+       "$scf\ncharge\r\n-2\r\n$end\n"},
+  });
+}
+
+TEST(ValueEdits, WhatIsThereAlreadyChangesNoByte) {
+  for (const std::string assignment :
+       {"scf.charge=1", "scf.charge=+1", "xuanyuan.rs=0.3", "scf.dft=b3lyp", "scf.dft=B3LYP"}) {
+    const std::string before =
+        "$xuanyuan\nRSOmega\n 3.0D-1\n$end\n$scf\n charge\n  1 # c\ndft functional\n b3LYP\n"
+        "$end\n";
+    const Rewrite rewrite = edited(before, edit_of({assignment}));
+    EXPECT_EQ(rewrite.text, before) << assignment;
+    EXPECT_TRUE(rewrite.edits.empty()) << assignment;
+  }
+}
+
+TEST(ValueEdits, AValueBehindItsKeywordStaysThere) {
+  expect_edits({
+      {"one word",
+       "$tddft\niroot -4  # c\n$end\n",
+       {"tddft.iroot=6"},
+       "$tddft\niroot 6  # c\n$end\n"},
+      {"a word that is no value",
+       "$scf\ndft functional\n b3lyp\n$end\n",
+       {"scf.dft=pbe0"},
+       "$scf\ndft functional\n pbe0\n$end\n"},
+  });
+}
+
+TEST(ValueEdits, RowsAreAddedAndTakenOutAtTheirPlace) {
+  expect_edits({
+      {"one line",
+       "$tddft\nnroot\n 1 2\nitda\n 1\n$end\n",
+       {"tddft.nroot=3 2"},
+       "$tddft\nnroot\n 3 2\nitda\n 1\n$end\n"},
+      {"more lines",
+       "$tddft\nnroot\n 1 # x\n 2\n 3\n$end\n",
+       {"tddft.nroot=1\\n4\\n5\\n3"},
+       "$tddft\nnroot\n 1 # x\n 4\n 5\n 3\n$end\n"},
+      {"fewer lines",
+       "$tddft\nnroot\n 1 # x\n 2\n 3\n$end\n",
+       {"tddft.nroot=1\\n3"},
+       "$tddft\nnroot\n 1 # x\n 3\n$end\n"},
+  });
+}
+
+TEST(ValueEdits, ANewEntryFollowsTheOthersAndIsIndentedLikeThem) {
+  expect_edits({
+      {"at the margin",
+       "$scf\nrhf\nspinmulti\n1\n# end\n$end\n",
+       {"scf.charge=1"},
+       "$scf\nrhf\nspinmulti\n1\ncharge\n1\n# end\n$end\n"},
+      {"with a tab",
+       "$scf\n\trhf\n\tspinmulti\n\t\t1\n\n$end\n",
+       {"scf.charge=1"},
+       "$scf\n\trhf\n\tspinmulti\n\t\t1\n\tcharge\n\t\t1\n\n$end\n"},
+      {"in an empty module", "$scf\n$end\n", {"scf.charge=1"}, "$scf\n  charge\n    1\n$end\n"},
+      {"without a value", "$scf\nrhf\n$end", {"scf.d3="}, "$scf\nrhf\nd3\n$end"},
+      {"in a module without an end", "$scf\nrhf", {"scf.charge=1"}, "$scf\nrhf\ncharge\n  1"},
+      {"CR LF", "$scf\r\nrhf\r\n$end\r\n", {"scf.d3="}, "$scf\r\nrhf\r\nd3\r\n$end\r\n"},
+  });
+}
+
+TEST(ValueEdits, WhatIsTakenOutTakesItsLinesAndTheCommentAboveAlong) {
+  expect_edits({
+      {"an entry",
+       "$scf\nrhf\n# c\ncharge\n1\n\n# d\nd3\n$end\n",
+       {"-scf.charge"},
+       "$scf\nrhf\n\n# d\nd3\n$end\n"},
+      {"a comment that the values above have swallowed",
+       "$compass\nbasis\n a\n# c\nnosymm\n$end\n",
+       {"-compass.nosymm"},
+       "$compass\nbasis\n a\n$end\n"},
+      {"the last line", "$scf\nrhf\nd3", {"-scf.d3"}, "$scf\nrhf"},
+      {"an entry with a comment for the next one below",
+       "$compass\nbasis\n a\n# c\nnosymm\n$end\n",
+       {"-compass.basis"},
+       "$compass\n# c\nnosymm\n$end\n"},
+      {"a module",
+       "# top\n$compass\n$end\n\n# c\n$scf\nrhf\n$end\n%ls\n",
+       {"-scf"},
+       "# top\n$compass\n$end\n\n%ls\n"},
+  });
+}
+
+TEST(ValueEdits, EntriesOfBlocksAreSetToo) {
+  expect_edits({
+      {"there",
+       "$bdfopt\nneb-block\n nimage # n\n  4\nend neb\n$end\n",
+       {"bdfopt.neb-block.nimage=5"},
+       "$bdfopt\nneb-block\n nimage # n\n  5\nend neb\n$end\n"},
+      {"not there",
+       "$bdfopt\nneb-block\n nimage\n  4\nend neb\n$end\n",
+       {"bdfopt.neb-block.crude="},
+       "$bdfopt\nneb-block\n nimage\n  4\n crude\nend neb\n$end\n"},
+      {"no block",
+       "$bdfopt\nsolver\n 1\n$end\n",
+       {"bdfopt.neb-block.nimage=5"},
+       "$bdfopt\nsolver\n 1\nneb-block\n  nimage\n    5\nend neb\n$end\n"},
+      {"taken out",
+       "$bdfopt\nneb-block\n nimage\n  4\n crude\nend neb\n$end\n",
+       {"-bdfopt.neb-block.nimage"},
+       "$bdfopt\nneb-block\n crude\nend neb\n$end\n"},
+  });
+}
+
+TEST(ValueEdits, AModuleWithACommentBehindItsNameIsThatModule) {
+  expect_edits({
+      {"comment",
+       "$scf   # ground state\nrhf\n$end\n",
+       {"scf.charge=1"},
+       "$scf   # ground state\nrhf\ncharge\n  1\n$end\n"},
+      {"byte order mark",
+       "\xEF\xBB\xBF$scf\nrhf\n$end\n",
+       {"scf.d3="},
+       "\xEF\xBB\xBF$scf\nrhf\nd3\n$end\n"},
+  });
+}
+
+TEST(ValueEdits, TheNthModuleIsItsOwn) {
+  expect_edits({
+      {"second",
+       "$scf\ncharge\n0\n$end\n$scf\ncharge\n0\n$end\n",
+       {"scf#2.charge=1"},
+       "$scf\ncharge\n0\n$end\n$scf\ncharge\n1\n$end\n"},
+      {"a new one",
+       "$scf\nrhf\n$end\n\n%ls\n",
+       {"scf#2.uhf="},
+       "$scf\nrhf\n$end\n\n$scf\nuhf\n$end\n\n%ls\n"},
+  });
+}
+
+TEST(ModuleOrder, ANewModuleGoesWhereItRuns) {
+  const std::string job = "$compass\n$end\n\n$xuanyuan\n$end\n\n$scf\nrhf\n$end\n";
+  expect_edits({
+      {"behind the others", job, {"tddft.iroot=4"}, job + "\n$tddft\niroot\n  4\n$end\n"},
+      {"not behind the optimiser",
+       job + "\n$bdfopt\nsolver\n 1\n$end\n",
+       {"tddft.iroot=4"},
+       job + "\n$tddft\niroot\n 4\n$end\n\n$bdfopt\nsolver\n 1\n$end\n"},
+      {"in its order",
+       "$compass\n$end\n$scf\nrhf\n$end\n",
+       {"xuanyuan.rsomega=0.33"},
+       "$compass\n$end\n\n$xuanyuan\nrsomega\n  0.33\n$end\n$scf\nrhf\n$end\n"},
+      {"among those that the optimiser calls",
+       "$compass\n$end\n\n$bdfopt\nsolver\n 1\n$end\n\n$xuanyuan\n$end\n",
+       {"scf.rhf="},
+       "$compass\n$end\n\n$bdfopt\nsolver\n 1\n$end\n\n$xuanyuan\n$end\n\n$scf\nrhf\n$end\n"},
+  });
+}
+
+TEST(ModuleOrder, AnEasyInputGetsItsModulesBehindTheGeometry) {
+  const std::string job = "#! j\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry";
+  expect_edits({
+      {"bare", job, {"scf.d3="}, job + "\n\n$scf\n  d3\n$end"},
+      {"in the wrapper",
+       job + "\nModule Setting\nEnd Setting\n",
+       {"scf.d3="},
+       job + "\nModule Setting\n\n$scf\n  d3\n$end\nEnd Setting\n"},
+  });
+}
+
+TEST(RefusedEdits, NameWhatIsWrongAndChangeNothing) {
+  struct Row {
+    std::string before;
+    std::string assignment;
+    std::string reason;
+  };
+  const std::string job = "$scf\nrhf\n$end\n";
+  for (const Row& row :
+       std::vector<Row>{{job, "scf.maxitre=77", "did you mean 'maxiter'?"},
+                        {job, "foo.bar=1", "there is no module 'foo'"},
+                        {job, "scf#3.charge=1", "there is 1 $scf, so that the next one is scf#2"},
+                        {"$sfc\nrhf\n$end\n", "scf.charge=1", "line 1"},
+                        {job, "scf=1", "it names a module"},
+                        {job, "geometry=1", "atoms come from a file"},
+                        {job, "scf.rhf=1", "it takes no value"},
+                        {job, "easy.charge=1", "no header"},
+                        {"", "scf.charge=1", "empty"}}) {
+    const Rewrite rewrite = edited(row.before, edit_of({row.assignment}));
+    EXPECT_THAT(rewrite.error, ::testing::HasSubstr(row.reason)) << row.assignment;
+    EXPECT_EQ(rewrite.text, row.before);
+    EXPECT_TRUE(rewrite.edits.empty());
+  }
+}
+
+TEST(RefusedEdits, UnknownNamesAreWrittenWhenAllowed) {
+  Edit edit = edit_of({"scf.oddity=77"});
+  edit.allow_unknown_names = true;
+  EXPECT_EQ(edited("$scf\nrhf\n$end\n", edit).text, "$scf\nrhf\noddity\n    77\n$end\n");
+}
+
+}  // namespace
+}  // namespace kelp::input::bdf
