@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "checked_input.hpp"
 #include "common_options.hpp"
-#include "make_finding.hpp"
+#include "kelp/input/bdf/diagnostics.hpp"
 #include "output.hpp"
 #include "report.hpp"
 #include "sources.hpp"
@@ -15,9 +14,11 @@
 namespace kelp::app {
 namespace {
 
-using input::bdf::ValidationIssue;
-using input::bdf::ValidationOptions;
-using input::bdf::ValidationSeverity;
+using input::bdf::DiagnoseOptions;
+using input::bdf::Diagnostic;
+using input::bdf::ParsedInput;
+using input::bdf::Severity;
+using input::bdf::UnknownNames;
 
 struct CheckOptions {
   std::vector<std::string> inputs;
@@ -26,19 +27,14 @@ struct CheckOptions {
   bool strict = false;
 };
 
-ValidationOptions validation_options(const std::string& unknown) {
-  ValidationOptions options;
-  options.report_unknown_modules = unknown == "warn";
-  options.report_unknown_entries = unknown == "warn";
-  options.unknown_modules_as_errors = unknown == "error";
-  options.unknown_entries_as_errors = unknown == "error";
+DiagnoseOptions diagnose_options(const std::string& unknown) {
+  DiagnoseOptions options;
+  if (unknown == "ignore") {
+    options.unknown = UnknownNames::Ignore;
+  } else if (unknown == "error") {
+    options.unknown = UnknownNames::Error;
+  }
   return options;
-}
-
-// An input without a single significant line has neither modules nor a header to speak of.
-bool holds_nothing(const input::bdf::ParseResult& result) {
-  return !result.ok && result.data.statements.empty() && result.data.easy_tokens.empty() &&
-         result.error == "BDF input is empty";
 }
 
 /// One run of the command.
@@ -47,8 +43,7 @@ class Check {
   Check(const CheckOptions& options, Session& session)
       : options_(options),
         session_(session),
-        colour_(use_colour(session.options.colour)),
-        human_(options.format == "human") {}
+        form_{options.format == "human", use_colour(session.options.colour)} {}
 
   ExitStatus run() {
     session_.schema();
@@ -62,7 +57,7 @@ class Check {
       }
       check(source);
     }
-    if (human_ && !session_.options.quiet) {
+    if (form_.human && !session_.options.quiet) {
       print(human_summary(totals_));
     }
     return status_;
@@ -76,47 +71,38 @@ class Check {
 
   void check(const Source& source) {
     try {
-      const CheckedInput input(source.name, read_source(source), session_.schema());
+      const ParsedInput input(read_source(source), session_.schema());
       ++totals_.files_checked;
-      totals_.files_with_findings += report_all(input) ? 1 : 0;
+      totals_.files_with_findings += report_all(input, source.name) ? 1 : 0;
     } catch (const std::exception& error) {
       fail(error.what());
     }
   }
 
   // Findings are printed as they are made: there may be more of them than fit into memory.
-  bool report_all(const CheckedInput& input) {
-    if (holds_nothing(input.result)) {
-      report(make_empty_input_finding(input));
-      return true;
-    }
+  bool report_all(const ParsedInput& input, const std::string& name) {
     bool found = false;
-    FindingMaker maker(input);
-    const ValidationOptions options = validation_options(options_.unknown);
-    for (const ValidationIssue& issue : input.schema.validate(input.result.data, options)) {
-      if (!is_about_remark(issue, input)) {
-        report(maker.make(issue));
-        found = true;
+    diagnose(input, diagnose_options(options_.unknown), [&](const Diagnostic& diagnostic) {
+      count(diagnostic.severity);
+      if (!session_.options.quiet) {
+        print(report_text(diagnostic, input.source(), name, form_));
       }
-    }
+      found = true;
+    });
     return found;
   }
 
-  void report(const Finding& finding) {
-    const bool is_error = finding.severity == ValidationSeverity::Error;
-    ++(is_error ? totals_.errors : totals_.warnings);
-    if (is_error || options_.strict) {
+  void count(Severity severity) {
+    totals_.errors += severity == Severity::Error ? 1 : 0;
+    totals_.warnings += severity == Severity::Warning ? 1 : 0;
+    if (severity == Severity::Error || (severity == Severity::Warning && options_.strict)) {
       status_ = worse_of(status_, ExitStatus::Findings);
-    }
-    if (!session_.options.quiet) {
-      print(human_ ? human_report(finding, colour_) : concise_report(finding));
     }
   }
 
   const CheckOptions& options_;
   Session& session_;
-  bool colour_;
-  bool human_;
+  ReportForm form_;
   Totals totals_;
   ExitStatus status_ = ExitStatus::Success;
 };

@@ -10,14 +10,14 @@
 
 #include "line_diff.hpp"
 #include "line_index.hpp"
-#include "make_finding.hpp"
 #include "reading.hpp"
 
 namespace kelp::app {
 namespace {
 
-using input::bdf::ValidationIssue;
-using input::bdf::ValidationSeverity;
+using input::bdf::Diagnostic;
+using input::bdf::ParsedInput;
+using input::bdf::Severity;
 using Meanings = std::vector<std::string_view>;
 
 Meanings meanings_of(const std::vector<Piece>& pieces) {
@@ -92,19 +92,17 @@ std::string_view code_of(DepartureKind kind) {
   }
 }
 
-Finding finding_of(const Departure& departure, const CheckedInput& input, const LineIndex& lines) {
-  Finding finding;
-  finding.file = input.name;
-  finding.code = code_of(departure.kind);
-  finding.severity = ValidationSeverity::Error;
-  finding.message = departure.message;
-  place_finding(finding, input.source, departure.part);
-  finding.label = departure.label;
+Diagnostic diagnostic_of(const Departure& departure, const SourceText& source) {
+  Diagnostic diagnostic;
+  diagnostic.code = code_of(departure.kind);
+  diagnostic.severity = Severity::Error;
+  diagnostic.message = departure.message;
+  diagnostic.range = source.range(departure.part);
+  diagnostic.label = departure.label;
   if (!departure.help.empty()) {
-    finding.help.push_back(departure.help);
+    diagnostic.help.push_back(departure.help);
   }
-  finding.path = lines.path(lines.place(departure.part.line));
-  return finding;
+  return diagnostic;
 }
 
 }  // namespace
@@ -122,30 +120,33 @@ std::vector<Finding> find_departures(const CheckedInput& before, const CheckedIn
   std::vector<Finding> findings;
   findings.reserve(departures.size());
   for (const Departure& departure : departures) {
-    findings.push_back(finding_of(departure, before, lines));
+    Diagnostic diagnostic = diagnostic_of(departure, before.source);
+    diagnostic.path = lines.path(lines.place(departure.part.line));
+    findings.push_back({before.name, before.source.source(), std::move(diagnostic)});
   }
   return findings;
 }
 
 std::vector<Finding> find_added_errors(const CheckedInput& before, const CheckedInput& after) {
+  const input::bdf::DiagnoseOptions options{input::bdf::UnknownNames::Ignore};
   std::map<std::pair<std::string, std::string>, std::size_t> known;
-  for (const ValidationIssue& issue : before.schema.validate(before.result.data, {})) {
-    ++known[{issue.code, issue.message}];
-  }
-  FindingMaker maker(after);
+  const ParsedInput old_input(std::string(before.source.text()), before.schema);
+  diagnose(old_input, options, [&](const Diagnostic& diagnostic) {
+    ++known[{diagnostic.code, diagnostic.message}];
+  });
+  const ParsedInput new_input(std::string(after.source.text()), after.schema);
   std::vector<Finding> findings;
-  for (const ValidationIssue& issue : after.schema.validate(after.result.data, {})) {
-    if (issue.severity != ValidationSeverity::Error) {
-      continue;
+  diagnose(new_input, options, [&](const Diagnostic& diagnostic) {
+    std::size_t& count = known[{diagnostic.code, diagnostic.message}];
+    if (diagnostic.severity != Severity::Error) {
+      return;
     }
-    Finding finding = maker.make(issue);
-    std::size_t& count = known[{issue.code, issue.message}];
     if (count > 0) {
       --count;
     } else {
-      findings.push_back(std::move(finding));
+      findings.push_back({after.name, new_input.source(), diagnostic});
     }
-  }
+  });
   return findings;
 }
 

@@ -25,7 +25,6 @@ namespace {
 using input::bdf::BDFData;
 using input::bdf::BDFEditor;
 using input::bdf::InputSchema;
-using input::bdf::ValidationSeverity;
 using input::bdf::ValuePath;
 using Kind = input::bdf::PathKind;
 using LineNumbers = std::set<std::size_t>;
@@ -66,10 +65,11 @@ std::vector<Finding> departures_that_stay(const CheckedInput& before, const BDFD
   const TakenLines taken(before, edited, new_geometry);
   std::erase_if(findings, [&](const Finding& finding) {
     // Without a path, what would be added is the geometry that was missing.
+    const input::bdf::Diagnostic& diagnostic = finding.diagnostic;
+    const std::size_t line = finding.source.line_at(diagnostic.range->begin);
     const bool is_given =
-        new_geometry && finding.code == "bdf.format_addition" && finding.path.empty();
-    return is_given || taken.holds(finding.range->start.line) ||
-           (change && !change->replaced.contains(finding.range->start.line));
+        new_geometry && diagnostic.code == "bdf.format_addition" && diagnostic.path.empty();
+    return is_given || taken.holds(line) || (change && !change->replaced.contains(line));
   });
   return findings;
 }
@@ -77,10 +77,11 @@ std::vector<Finding> departures_that_stay(const CheckedInput& before, const BDFD
 Finding reason(const CheckedInput& input, std::string code, std::string message, std::string help) {
   Finding finding;
   finding.file = input.name;
-  finding.code = std::move(code);
-  finding.severity = ValidationSeverity::Error;
-  finding.message = std::move(message);
-  finding.help.push_back(std::move(help));
+  finding.source = input.source.source();
+  finding.diagnostic.code = std::move(code);
+  finding.diagnostic.severity = input::bdf::Severity::Error;
+  finding.diagnostic.message = std::move(message);
+  finding.diagnostic.help.push_back(std::move(help));
   return finding;
 }
 
@@ -153,7 +154,7 @@ void check_values(const Edit& edit, const CheckedInput& after, std::vector<Findi
           fmt::format("The value given for '{}' would not be read back.", assignment.path.text),
           found ? fmt::format("read back would be: '{}'", fmt::join(*found, "\\n"))
                 : "nothing would be read back");
-      finding.path = assignment.path.text;
+      finding.diagnostic.path = assignment.path.text;
       reasons.push_back(std::move(finding));
     }
   }
@@ -167,7 +168,7 @@ Rewrite edit_input(const CheckedInput& before, const Edit& edit) {
   apply_edit(edit, editor, before.schema);
   const std::string edited = editor.render();
   if (edited == unchanged) {
-    return {before.source.text(), {}};
+    return {std::string(before.source.text()), {}};
   }
   const std::optional<LineChange> change = change_lines(before, unchanged, edited);
   Rewrite rewrite;

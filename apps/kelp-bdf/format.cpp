@@ -8,7 +8,6 @@
 #include "canonical_form.hpp"
 #include "common_options.hpp"
 #include "departures.hpp"
-#include "make_finding.hpp"
 #include "output.hpp"
 #include "rewrite.hpp"
 #include "sources.hpp"

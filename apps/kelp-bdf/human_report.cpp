@@ -4,14 +4,15 @@
 #include <algorithm>
 #include <string_view>
 
-#include "kelp/input/bdf/explain.hpp"
 #include "report.hpp"
 #include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
 
-using input::bdf::ValidationSeverity;
+using input::bdf::Diagnostic;
+using input::bdf::Severity;
+using input::bdf::TextRange;
 
 constexpr std::size_t widest_line = 160;
 constexpr std::size_t context_before = 40;
@@ -22,10 +23,8 @@ class Painter {
  public:
   explicit Painter(bool colour) : colour_(colour) {}
 
-  std::string severity(ValidationSeverity severity, std::string_view text) const {
-    return paint(text, fmt::emphasis::bold | fmt::fg(severity == ValidationSeverity::Error
-                                                         ? fmt::terminal_color::red
-                                                         : fmt::terminal_color::yellow));
+  std::string severity(Severity severity, std::string_view text) const {
+    return paint(text, fmt::emphasis::bold | fmt::fg(colour_of(severity)));
   }
   std::string frame(std::string_view text) const {
     return paint(text, fmt::emphasis::bold | fmt::fg(fmt::terminal_color::blue));
@@ -33,6 +32,13 @@ class Painter {
   std::string strong(std::string_view text) const { return paint(text, fmt::emphasis::bold); }
 
  private:
+  static fmt::terminal_color colour_of(Severity severity) {
+    if (severity == Severity::Note) {
+      return fmt::terminal_color::cyan;
+    }
+    return severity == Severity::Error ? fmt::terminal_color::red : fmt::terminal_color::yellow;
+  }
+
   std::string paint(std::string_view text, const fmt::text_style& style) const {
     return colour_ ? fmt::format(style, "{}", text) : std::string(text);
   }
@@ -65,21 +71,59 @@ Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end) {
   return excerpt;
 }
 
-std::string source_excerpt(const Finding& finding, const Painter& painter, std::size_t gutter) {
-  const Range range = finding.range.value_or(Range{});
-  const std::size_t begin = range.start.byte - finding.source_line_byte;
-  const std::size_t end = begin + (range.end.byte - range.start.byte);
-  const Excerpt excerpt = cut_excerpt(finding.source_line, begin, end);
-  const std::size_t carets = std::max<std::size_t>(1, display_width(excerpt.marked));
-  const std::string underline =
-      std::string(carets, '^') + (finding.label.empty() ? "" : " " + displayable(finding.label));
-  const std::string bar = painter.frame(fmt::format("{:{}} |", "", gutter));
-  return fmt::format("{}\n{} {}{}{}\n{} {}{}\n", bar,
-                     painter.frame(fmt::format("{:>{}} |", range.start.line, gutter)),
-                     excerpt.before, excerpt.marked, excerpt.after, bar,
-                     std::string(display_width(excerpt.before), ' '),
-                     painter.severity(finding.severity, underline));
-}
+/// Writes one diagnostic down with the line at fault.
+class HumanReport {
+ public:
+  HumanReport(const Diagnostic& diagnostic, const input::bdf::SourceText& source, bool colour)
+      : diagnostic_(diagnostic), source_(source), painter_(colour) {
+    if (diagnostic.range) {
+      start_ = source.position(diagnostic.range->begin);
+    }
+    gutter_ = fmt::formatted_size("{}", start_.line);
+  }
+
+  std::string text(std::string_view file) const {
+    const std::string_view severity = to_string(diagnostic_.severity);
+    std::string text = fmt::format(
+        "{}{}\n",
+        painter_.severity(diagnostic_.severity, fmt::format("{}[{}]", severity, diagnostic_.code)),
+        painter_.strong(": " + displayable(abridged(diagnostic_.message))));
+    text += fmt::format("{:{}}{} {}", "", gutter_, painter_.frame("-->"), displayable(file));
+    if (diagnostic_.range) {
+      text += fmt::format(":{}:{}\n", start_.line, start_.column) + excerpt(*diagnostic_.range);
+    } else {
+      text += '\n';
+    }
+    for (const std::string& help : diagnostic_.help) {
+      text += fmt::format("{:{}} {} {}: {}\n", "", gutter_, painter_.frame("="),
+                          painter_.strong("help"), displayable(help));
+    }
+    return text + '\n';
+  }
+
+ private:
+  std::string excerpt(const TextRange& range) const {
+    const TextRange line = source_.line_range(start_.line);
+    const Excerpt excerpt =
+        cut_excerpt(source_.text_of(line), range.begin - line.begin, range.end - line.begin);
+    const std::size_t carets = std::max<std::size_t>(1, display_width(excerpt.marked));
+    const std::string underline =
+        std::string(carets, '^') +
+        (diagnostic_.label.empty() ? "" : " " + displayable(diagnostic_.label));
+    const std::string bar = painter_.frame(fmt::format("{:{}} |", "", gutter_));
+    return fmt::format("{}\n{} {}{}{}\n{} {}{}\n", bar,
+                       painter_.frame(fmt::format("{:>{}} |", start_.line, gutter_)),
+                       excerpt.before, excerpt.marked, excerpt.after, bar,
+                       std::string(display_width(excerpt.before), ' '),
+                       painter_.severity(diagnostic_.severity, underline));
+  }
+
+  const Diagnostic& diagnostic_;
+  const input::bdf::SourceText& source_;
+  Painter painter_;
+  input::bdf::TextPosition start_;
+  std::size_t gutter_;
+};
 
 std::string counted(std::size_t count, std::string_view thing) {
   return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
@@ -87,27 +131,14 @@ std::string counted(std::size_t count, std::string_view thing) {
 
 }  // namespace
 
-std::string human_report(const Finding& finding, bool colour) {
-  const Painter painter(colour);
-  const std::size_t gutter =
-      finding.range ? fmt::formatted_size("{}", finding.range->start.line) : 1;
-  std::string text = fmt::format(
-      "{}{}\n",
-      painter.severity(finding.severity,
-                       fmt::format("{}[{}]", to_string(finding.severity), finding.code)),
-      painter.strong(": " + displayable(abridged(finding.message))));
-  text += fmt::format("{:{}}{} {}", "", gutter, painter.frame("-->"), displayable(finding.file));
-  if (finding.range) {
-    text += fmt::format(":{}:{}\n", finding.range->start.line, finding.range->start.column);
-    text += source_excerpt(finding, painter, gutter);
-  } else {
-    text += '\n';
-  }
-  for (const std::string& help : finding.help) {
-    text += fmt::format("{:{}} {} {}: {}\n", "", gutter, painter.frame("="), painter.strong("help"),
-                        displayable(help));
-  }
-  return text + '\n';
+std::string report_text(const Diagnostic& diagnostic, const input::bdf::SourceText& source,
+                        std::string_view file, const ReportForm& form) {
+  return form.human ? HumanReport(diagnostic, source, form.colour).text(file)
+                    : concise_text(diagnostic, source, file) + '\n';
+}
+
+std::string report_text(const Finding& finding, const ReportForm& form) {
+  return report_text(finding.diagnostic, finding.source, finding.file, form);
 }
 
 std::string human_summary(const Totals& totals) {
@@ -123,13 +154,6 @@ std::string human_summary(const Totals& totals) {
   }
   return fmt::format("{} in {} ({} checked)\n", counts, counted(totals.files_with_findings, "file"),
                      totals.files_checked);
-}
-
-std::string concise_report(const Finding& finding) {
-  const Position start = finding.range ? finding.range->start : Position{};
-  return fmt::format("{}:{}:{}: {}: {} [{}]\n", displayable(finding.file), start.line, start.column,
-                     to_string(finding.severity), displayable(abridged(finding.message)),
-                     finding.code);
 }
 
 }  // namespace kelp::app

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "finding.hpp"
 
@@ -16,13 +16,19 @@ struct Totals {
   std::size_t files_checked = 0;
 };
 
-/// Returns a finding with the line at fault, as people like to read it.
-std::string human_report(const Finding& finding, bool colour);
+/// How a report on a diagnostic is written.
+struct ReportForm {
+  bool human = true;  ///< with the line at fault, as people like to read it; else on one line
+  bool colour = false;
+};
+
+/// Returns a diagnostic about a text in such a form.
+std::string report_text(const input::bdf::Diagnostic& diagnostic,
+                        const input::bdf::SourceText& source, std::string_view file,
+                        const ReportForm& form);
+std::string report_text(const Finding& finding, const ReportForm& form);
 
 /// Returns the line that closes a human report; empty when there was nothing to report.
 std::string human_summary(const Totals& totals);
-
-/// Returns a finding as one line: file:line:col: severity: message [code].
-std::string concise_report(const Finding& finding);
 
 }  // namespace kelp::app

@@ -16,17 +16,17 @@ namespace kelp::app {
 namespace {
 
 namespace stdfs = std::filesystem;
-using input::bdf::ValidationSeverity;
 
 // Standard output belongs to the new text.
 void report_reasons(std::vector<Finding>& reasons, const RewriteOptions& options,
                     const Session& session) {
-  const bool colour = use_colour(session.options.colour, core::console::Stream::Error);
+  const ReportForm form = {options.format == "human",
+                           use_colour(session.options.colour, core::console::Stream::Error)};
   for (Finding& reason : reasons) {
     if (options.force) {
-      reason.severity = ValidationSeverity::Warning;
+      reason.diagnostic.severity = input::bdf::Severity::Warning;
     }
-    print_aside(options.format == "human" ? human_report(reason, colour) : concise_report(reason));
+    print_aside(report_text(reason, form));
   }
 }
 

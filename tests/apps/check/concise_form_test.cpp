@@ -1,11 +1,8 @@
 // One line for each finding, for grep and editors.
 
-#include <algorithm>
-#include <sstream>
 #include <string>
 
 #include "check/check_fixture.hpp"
-#include "kelp/input/bdf.hpp"
 
 namespace kelp::test {
 namespace {
@@ -25,37 +22,6 @@ TEST_F(ConciseForm, HasALineForEachFindingAndNothingElse) {
             "singular. [bdf.duplicate_module]\n");
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.status, 1);
-}
-
-TEST_F(ConciseForm, GivesTheLibrarysMessagesWordForWordInItsOrder) {
-  using namespace kelp::input::bdf;
-  const std::string input =
-      "charge=x\nGeometry\nEnd Geometry\n$scff\n$end\n$scf\nocupied\nalpha\n "
-      "x\nrhf\nuhf\ncharge\ncharge\n"
-      "$bdfopt\nscan\n 1\nneb-block\ncrud\ncrude\ncrude\nnimage\n 0\n$end\n$bdfopt\n$end\n"
-      "$compass\nbasis-block\n";
-  const InputSchema schema = InputSchema::from_yaml(test_schema);
-  ValidationOptions options;
-  options.report_unknown_modules = true;
-  options.report_unknown_entries = true;
-  std::string expected;
-  for (const ValidationIssue& issue :
-       schema.validate(BDFParser::parse_string(input, schema, {}).data, options)) {
-    expected += issue.severity == ValidationSeverity::Error ? "error: " : "warning: ";
-    expected += issue.message + " [" + issue.code + "]\n";
-  }
-  std::istringstream lines(check(input, {"--format=concise"}).out);
-  std::string given;
-  for (std::string line; std::getline(lines, line);) {
-    given += line.substr(line.find(": ") + 2) + "\n";
-  }
-  EXPECT_EQ(given, expected);
-  EXPECT_GT(std::count(given.begin(), given.end(), '\n'), 14);
-}
-
-TEST_F(ConciseForm, PutsAFindingAboutTheWholeFileAtItsBeginning) {
-  const Outcome outcome = check(" \n\n", {"--format=concise"});
-  EXPECT_EQ(outcome.out, "a.inp:1:1: error: BDF input is empty [bdf.empty_input]\n");
 }
 
 TEST_F(ConciseForm, IsSilentWhenAllIsWell) {

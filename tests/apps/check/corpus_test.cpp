@@ -3,8 +3,12 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "check/check_fixture.hpp"
+#include "support/files.hpp"
+#include "support/process.hpp"
+#include "support/published_inputs.hpp"
 
 namespace kelp::test {
 namespace {
@@ -29,6 +33,32 @@ TEST_F(Corpus, IsCheckedToItsEnd) {
   EXPECT_LE(outcome.status, 1);
   const std::string checked = "(" + std::to_string(count_inputs(KELP_CORPUS_DIR)) + " checked)\n";
   EXPECT_THAT(outcome.out, ::testing::EndsWith(checked));
+}
+
+TEST_F(Corpus, IsCheckedByTheExampleAsByTheCommand) {
+  const std::vector<std::filesystem::path> files = published_inputs();
+  if (files.empty()) {
+    GTEST_SKIP() << "no published inputs at " << KELP_CORPUS_DIR;
+  }
+  std::vector<std::string> names;
+  for (const std::filesystem::path& file : files) {
+    names.push_back(utf8(file));
+  }
+  const TemporaryFolder folder;
+  ProcessSetup setup;
+  setup.program = KELP_EXAMPLE_CHECK;
+  setup.arguments = names;
+  setup.folder = folder.path();
+  setup.input = folder / "input";
+  setup.output = folder / "output";
+  setup.errors = folder / "errors";
+  setup.variables = {{"KELP_BDF_INP_SCHEMA_YAML", KELP_SCHEMA_FILE}};
+  write_file(setup.input, "");
+  ASSERT_EQ(run_process(setup), 0) << file_bytes(setup.errors);
+  program.set_variable("KELP_BDF_INP_SCHEMA_YAML", KELP_SCHEMA_FILE);
+  const Outcome outcome = check_named({"--format=concise"}, names);
+  EXPECT_NE(outcome.out, "");
+  EXPECT_EQ(file_bytes(setup.output), outcome.out);
 }
 
 }  // namespace

@@ -109,7 +109,7 @@ struct Counts {
   std::size_t added = 0;
 };
 
-Counts count_changes(const std::string& before, const std::string& after) {
+Counts count_changes(std::string_view before, std::string_view after) {
   Counts counts;
   for (const app::Change& change :
        app::find_changes(app::lines_with_ends(before), app::lines_with_ends(after))) {
