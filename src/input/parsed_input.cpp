@@ -42,7 +42,7 @@ struct ParsedInput::Impl {
       lines.push_back(source.line(number));
     }
     map.lines.resize(lines.size() + 1);
-    LineReader reader(lines, source.text(), Reading::Literal, map);
+    LineReader reader(lines, source.text(), Reading::AsByProgram, map);
     holds_something = read_input(reader, schema, keep_everything(), data);
     for (std::size_t number = 1; number < map.lines.size(); ++number) {
       const RecordKind kind = map.lines[number].record.kind;
@@ -54,8 +54,51 @@ struct ParsedInput::Impl {
     }
   }
 
-  std::size_t first_line(const RecordId& record) const;
-  std::size_t last_line(const RecordId& record) const;
+  std::size_t first_line(const RecordId& record) const {
+    const auto number_in = [&](const std::vector<std::size_t>& numbers) {
+      return record.index < numbers.size() ? numbers[record.index] : 0;
+    };
+    const auto line_in = [&](const auto& records) {
+      return record.index < records.size() ? line_of(records[record.index].location) : 0;
+    };
+    switch (record.kind) {
+      case RecordKind::None:
+        return 0;
+      case RecordKind::EasyToken:
+        return line_in(data.easy_tokens);
+      case RecordKind::Geometry:
+        return line_of(data.geometry_location);
+      case RecordKind::Atom:
+        return line_in(data.atoms);
+      case RecordKind::GeometryLine:
+        return number_in(geometry_lines);
+      case RecordKind::LeadingLine:
+        return number_in(leading_lines);
+      case RecordKind::Module:
+        return line_in(data.modules);
+      case RecordKind::Statement:
+        return line_in(data.statements);
+      case RecordKind::Entry:
+      case RecordKind::Child:
+        break;
+    }
+    const ModuleEntry* const entry = entry_or_child(data, record);
+    return entry == nullptr ? 0 : line_of(entry->location);
+  }
+
+  std::size_t last_line(const RecordId& record) const {
+    std::size_t last = first_line(record);
+    if (last == 0 || record.kind == RecordKind::EasyToken) {
+      return last;
+    }
+    if (record.kind == RecordKind::Module) {
+      return map.last_line[record.index];
+    }
+    while (last + 1 < map.lines.size() && is_within(map.lines[last + 1].record, record)) {
+      ++last;
+    }
+    return last;
+  }
   // Whether a record's value stands behind its keyword.
   bool has_inline_value(const RecordId& record) const {
     return std::binary_search(map.inline_values.begin(), map.inline_values.end(),
@@ -74,52 +117,6 @@ struct ParsedInput::Impl {
   std::vector<std::size_t> geometry_lines;
   std::vector<std::size_t> leading_lines;
 };
-
-std::size_t ParsedInput::Impl::first_line(const RecordId& record) const {
-  const auto number_in = [&](const std::vector<std::size_t>& numbers) {
-    return record.index < numbers.size() ? numbers[record.index] : 0;
-  };
-  const auto line_in = [&](const auto& records) {
-    return record.index < records.size() ? line_of(records[record.index].location) : 0;
-  };
-  switch (record.kind) {
-    case RecordKind::None:
-      return 0;
-    case RecordKind::EasyToken:
-      return line_in(data.easy_tokens);
-    case RecordKind::Geometry:
-      return line_of(data.geometry_location);
-    case RecordKind::Atom:
-      return line_in(data.atoms);
-    case RecordKind::GeometryLine:
-      return number_in(geometry_lines);
-    case RecordKind::LeadingLine:
-      return number_in(leading_lines);
-    case RecordKind::Module:
-      return line_in(data.modules);
-    case RecordKind::Statement:
-      return line_in(data.statements);
-    case RecordKind::Entry:
-    case RecordKind::Child:
-      break;
-  }
-  const ModuleEntry* const entry = entry_or_child(data, record);
-  return entry == nullptr ? 0 : line_of(entry->location);
-}
-
-std::size_t ParsedInput::Impl::last_line(const RecordId& record) const {
-  std::size_t last = first_line(record);
-  if (last == 0 || record.kind == RecordKind::EasyToken) {
-    return last;
-  }
-  if (record.kind == RecordKind::Module) {
-    return map.last_line[record.index];
-  }
-  while (last + 1 < map.lines.size() && is_within(map.lines[last + 1].record, record)) {
-    ++last;
-  }
-  return last;
-}
 
 ParsedInput::ParsedInput(std::string text, const InputSchema& schema)
     : impl_(std::make_shared<const Impl>(std::move(text), schema)) {}

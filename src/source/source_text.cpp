@@ -14,6 +14,7 @@ namespace kelp::input::bdf {
 namespace {
 
 constexpr std::size_t milestone_distance = 4096;
+constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 /// The columns of one byte in a long line, counted from 0.
 struct Milestone {
@@ -26,7 +27,11 @@ struct Milestone {
 
 struct SourceText::Impl {
   explicit Impl(std::string source) : text(std::move(source)) {
-    for (std::string_view rest = text; !rest.empty();) {
+    std::string_view rest = text;
+    if (rest.starts_with(byte_order_mark)) {
+      rest.remove_prefix(byte_order_mark.size());
+    }
+    while (!rest.empty()) {
       const std::size_t begin = text.size() - rest.size();
       begins.push_back(begin);
       measure(begin, core::text::take_line(rest));

@@ -105,6 +105,18 @@ TEST(SourceText, ColumnsOfLongLinesAreThoseOfAWalk) {
   }
 }
 
+TEST(SourceText, AByteOrderMarkBelongsToNoLine) {
+  const SourceText source(
+      "\xEF\xBB\xBF"
+      "ab\nc"s);
+  EXPECT_EQ(source.line(1), "ab");
+  EXPECT_EQ(source.full_line_range(1), (TextRange{3, 6}));
+  EXPECT_EQ(source.position(3), (TextPosition{1, 1}));
+  EXPECT_EQ(source.position(0), (TextPosition{1, 1}));
+  EXPECT_EQ(source.line_at(0), 1U);
+  EXPECT_EQ(SourceText("\xEF\xBB\xBF"s).line_count(), 0U);
+}
+
 TEST(SourceText, WordsAreCutAtWhiteSpace) {
   const SourceText source("  ab cd \t\n \n"s);
   EXPECT_EQ(source.text_of(source.content(1)), "ab cd");

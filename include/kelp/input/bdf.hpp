@@ -14,6 +14,7 @@
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/parser.hpp"
 #include "kelp/input/bdf/record.hpp"
+#include "kelp/input/bdf/rewrite.hpp"
 #include "kelp/input/bdf/schema.hpp"
 #include "kelp/input/bdf/schema_lint.hpp"
 #include "kelp/input/bdf/source.hpp"

@@ -56,8 +56,8 @@ struct TextPosition {
 };
 
 /// A text cut into the lines that the parser counts: at each line feed; a carriage return before it
-/// belongs to the line's end. Immutable; copies share the text, and any number of threads may ask
-/// one.
+/// belongs to the line's end. A byte order mark before the first line belongs to no line.
+/// Immutable; copies share the text, and any number of threads may ask one.
 class KELP_BDF_INP_EXPORT SourceText {
  public:
   /// Makes an empty text.

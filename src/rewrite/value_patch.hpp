@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kelp/input/bdf/parsed_input.hpp"
+#include "rewrite/text_patch.hpp"
+
+namespace kelp::input::bdf {
+
+/// How the lines of an entry are indented.
+struct Indentation {
+  std::string keyword;
+  std::string value;
+};
+
+/// Returns the indentation of the entries around a module's `entry`-th one; of the module's first
+/// entries, or of those of another module, where there are none near; else that of the canonical
+/// layout.
+Indentation indentation_near(const ParsedInput& input, std::size_t module, std::size_t entry);
+
+/// Changes the value lines of an entry or child from the ones read to others. Lines that say the
+/// same stay; a line that changes keeps its indentation and its comment, and in a geometry also its
+/// columns, its label and the digits of numbers that stay equal.
+void patch_values(const ParsedInput& input, const RecordId& record,
+                  const std::vector<std::string>& values, const std::string& indentation,
+                  TextPatch& patch);
+
+/// Changes an atom on its line. `range` is the line without its comment; what stands behind the
+/// coordinates stays.
+void patch_atom(const ParsedInput& input, const TextRange& range, const AtomRecord& atom,
+                TextPatch& patch);
+
+/// Returns a new line for an atom.
+std::string atom_line(const AtomRecord& atom, std::string_view indentation);
+
+}  // namespace kelp::input::bdf
