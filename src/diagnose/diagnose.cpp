@@ -2,7 +2,6 @@
 // at fault; the input knows where these stand. A diagnostic is put together from the two, one after
 // the other, so that any number of them needs no memory.
 
-#include <unordered_map>
 #include <utility>
 
 #include "diagnose/draft.hpp"
@@ -51,38 +50,6 @@ Diagnostic empty_input() {
 }
 
 }  // namespace
-
-RecordPaths::RecordPaths(const BDFData& data) : data_(data) {
-  std::unordered_map<std::string_view, std::size_t> counts;
-  numbers_.reserve(data.modules.size());
-  for (const Module& module : data.modules) {
-    numbers_.push_back(++counts[module.name]);
-  }
-}
-
-std::string RecordPaths::path_of(const RecordId& record) const {
-  if (record.kind == RecordKind::Geometry) {
-    return "geometry";
-  }
-  if (record.kind == RecordKind::EasyToken) {
-    return "easy." + data_.easy_tokens[record.index].key;
-  }
-  const Module* const module = module_of(data_, record);
-  if (module == nullptr) {
-    return {};
-  }
-  std::string path = module->name;
-  if (const std::size_t number = numbers_[record.index]; number > 1) {
-    path += '#' + std::to_string(number);
-  }
-  if (const ModuleEntry* const entry = entry_of(data_, record); entry != nullptr) {
-    path += '.' + entry->name;
-  }
-  if (record.kind == RecordKind::Child) {
-    path += '.' + entry_or_child(data_, record)->name;
-  }
-  return path;
-}
 
 Draft::Draft(const Fault& about, DiagnoseContext& known)
     : fault(about),

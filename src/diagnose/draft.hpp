@@ -10,22 +10,10 @@
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
+#include "kelp/input/bdf/value_path.hpp"
 #include "validate/fault.hpp"
 
 namespace kelp::input::bdf {
-
-/// Gives the paths of a document's records: `scf#2.charge`, `easy.charge`. Modules of one name are
-/// counted once.
-class RecordPaths {
- public:
-  explicit RecordPaths(const BDFData& data);
-
-  std::string path_of(const RecordId& record) const;
-
- private:
-  const BDFData& data_;
-  std::vector<std::size_t> numbers_;  ///< of each module among those of its name, from 1
-};
 
 /// What is asked about an input again and again while its diagnostics are made.
 class DiagnoseContext {
@@ -33,7 +21,7 @@ class DiagnoseContext {
   explicit DiagnoseContext(const ParsedInput& parsed) : input(parsed), paths(parsed.data()) {}
 
   const ParsedInput& input;
-  RecordPaths paths;
+  PathIndex paths;
 
   /// Returns the names of the schema; most inputs never need them.
   const NameLists& names() {

@@ -41,7 +41,7 @@ const Row header_rows[] = {
      {"error bdf.invalid_easy_value of easy.charge [charge] [one]\n"
       "2:29 'one'\n"
       "help: expected: an integer\n",
-      "error bdf.invalid_easy_value of easy.charge [charge] [two]\n"
+      "error bdf.invalid_easy_value [charge] [two]\n"
       "2:42 'two'\n"
       "help: expected: an integer\n"}},
     {"equal values of the header",
