@@ -68,7 +68,7 @@ KELP_BDF_INP_EXPORT std::string to_string(const ValuePath& path);
 /// first geometry entry of a `$compass`; for a keyword of the header its first word.
 KELP_BDF_INP_EXPORT RecordId find_record(const BDFData& data, const InputSchema& schema,
                                          const ValuePath& path);
-/// @copydoc find_record
+/// The same for an input as it was read.
 KELP_BDF_INP_EXPORT RecordId find_record(const ParsedInput& input, const ValuePath& path);
 
 /// Returns how many modules of a name a document has; the name may be an alias.
@@ -88,7 +88,7 @@ KELP_BDF_INP_EXPORT std::vector<std::string> value_lines(const BDFData& data,
 KELP_BDF_INP_EXPORT std::optional<std::vector<std::string>> find_value(const BDFData& data,
                                                                        const InputSchema& schema,
                                                                        const ValuePath& path);
-/// @copydoc find_value
+/// The same for an input as it was read.
 KELP_BDF_INP_EXPORT std::optional<std::vector<std::string>> find_value(const ParsedInput& input,
                                                                        const ValuePath& path);
 
