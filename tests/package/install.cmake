@@ -13,7 +13,8 @@ message("${listing}")
 
 foreach(wanted
     "include/kelp/input/bdf\\.hpp"
-    "lib.*/libkelp_bdf_inp\\.so\\.[0-9]+\n"
+    "lib.*/libkelp_bdf_inp\\.so\\.0\\.1\n"
+    "lib.*/libkelp_bdf_inp\\.so\n"
     "lib.*/cmake/kelp_bdf_inp/kelp_bdf_inp-config\\.cmake"
     "lib.*/pkgconfig/kelp_bdf_inp\\.pc"
     "share/doc/kelp_bdf_inp/LICENSE"
@@ -23,6 +24,13 @@ foreach(wanted
     message(SEND_ERROR "not installed: ${wanted}")
   endif()
 endforeach()
+
+# A program that was linked with 0.1 must not load 0.2.
+file(GLOB_RECURSE library ${PREFIX}/*/libkelp_bdf_inp.so)
+execute_process(COMMAND ${READELF} -d ${library} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
+if(NOT dynamic MATCHES "SONAME[^\n]*\\[libkelp_bdf_inp\\.so\\.0\\.1\\]")
+  message(SEND_ERROR "the library is known by another name than libkelp_bdf_inp.so.0.1:\n${dynamic}")
+endif()
 
 # The core is a part of the shared library and nobody else's business.
 if(listing MATCHES "kelp/core|kelp_core")
