@@ -11,7 +11,6 @@
 #include <fstream>
 #include <functional>
 #include <optional>
-#include <regex>
 #include <sstream>
 #include <string>
 #include <string_view>
