@@ -2,7 +2,7 @@
 // that no line was lost or doubled and that the document holds together.
 
 #include "checks.hpp"
-#include "corpus/line_account.hpp"
+#include "support/line_claims.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace kelp::input::bdf;
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const ParseResult result = BDFParser::parse_string(text, schema, options);
   kelp::fuzz::expect_none(broken_invariants(result.data));
   if (options.validate || options.custom_unknown_policy) {
-    kelp::fuzz::expect_none(lines_unaccounted_for(text, result.data));
+    kelp::fuzz::expect_none(wrong_claims(text, schema, options));
   }
   schema.validate(result.data, {true, true, false, false});
   BDFParser::looks_like_bdf_input(text);

@@ -99,7 +99,7 @@ void Draft::expect(const std::optional<EntrySchemaInfo>& description) {
 }
 
 void Draft::suggest(std::vector<std::string> names, std::string_view thing, std::string_view things,
-                    const TextRange& range) {
+                    const TextRange& range, bool are_names) {
   if (names.empty()) {
     return;
   }
@@ -107,8 +107,9 @@ void Draft::suggest(std::vector<std::string> names, std::string_view thing, std:
   text += names.size() == 1 ? thing : things;
   text += names.size() == 1 ? " exists: " : " exist: ";
   help(text + quoted_choice(names));
+  // Where only one name is near, nothing else can be meant.
   for (const std::string& name : names) {
-    fix("write '" + name + "'", range, name);
+    fix("write '" + name + "'", range, name, are_names && names.size() == 1);
   }
   diagnostic.suggestions = std::move(names);
 }
@@ -138,6 +139,11 @@ std::string_view Draft::line_end() const {
 
 void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
               const std::function<void(const Diagnostic&)>& use) {
+  // A text that cannot be read as lines has nothing else to be told of.
+  if (const auto unreadable = find_text_fault(input.source())) {
+    use(*unreadable);
+    return;
+  }
   if (input.is_empty()) {
     use(empty_input());
     return;

@@ -65,7 +65,7 @@ class Draft {
   void expect(const std::optional<EntrySchemaInfo>& description);
   /// Offers names to write in place of a range: "entry" and "entries" for example.
   void suggest(std::vector<std::string> names, std::string_view thing, std::string_view things,
-               const TextRange& range);
+               const TextRange& range, bool are_names = true);
   /// Offers to write a text in place of a range.
   void fix(std::string title, const TextRange& range, std::string text, bool is_safe = false);
   /// Offers to add a line behind another one.
@@ -73,6 +73,10 @@ class Draft {
   /// Returns how lines of the input end.
   std::string_view line_end() const;
 };
+
+/// Finds what keeps a text from being read line by line: an encoding of two bytes to a character,
+/// line ends that are none.
+std::optional<Diagnostic> find_text_fault(const SourceText& source);
 
 /// Adds to a draft what there is to say of its finding: range, label, help, suggestions, fixes.
 void complete(Draft& draft);

@@ -32,14 +32,15 @@ class NewLines {
  public:
   explicit NewLines(Indentation indentation) : indentation_(std::move(indentation)) {}
 
-  void add(const Module& module) {
-    lines_.push_back(module.known || module.header_line.empty() ? "$" + module.name
+  void add(const Module& module, const std::string& indentation) {
+    lines_.push_back(module.known || module.header_line.empty() ? indentation + "$" + module.name
                                                                 : module.header_line);
     for (const ModuleEntry& entry : module.entries) {
       add(entry, indentation_);
     }
     lines_.insert(lines_.end(), module.trailing_lines.begin(), module.trailing_lines.end());
-    lines_.push_back(module.known || module.end_line.empty() ? "$end" : module.end_line);
+    lines_.push_back(module.known || module.end_line.empty() ? indentation + "$end"
+                                                             : module.end_line);
   }
 
   void add(const ModuleEntry& entry) { add(entry, indentation_); }
@@ -177,8 +178,9 @@ class DocumentPatch {
     if (statement.module_index >= new_.modules.size()) {
       return;
     }
-    NewLines lines(indentation_near(input_, module_before(behind), none));
-    lines.add(new_.modules[statement.module_index]);
+    const std::size_t before = module_before(behind);
+    NewLines lines(indentation_near(input_, before, none));
+    lines.add(new_.modules[statement.module_index], indentation_of_module(before));
     Lines text = lines.take();
     const bool at_top = behind == 0;
     if (at_top) {
@@ -188,6 +190,12 @@ class DocumentPatch {
     }
     inserted_behind_ = behind;
     patch_.insert_lines(behind, text);
+  }
+
+  // Modules within a wrapper are often indented.
+  std::string indentation_of_module(std::size_t module) const {
+    const std::size_t line = input_.first_line(RecordId::of_module(module));
+    return line == 0 ? std::string() : indentation_of_line(line);
   }
 
   // The module whose lines end at a line, or the number of modules.
