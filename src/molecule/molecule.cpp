@@ -2,6 +2,7 @@
 
 #include "kelp/input/bdf/molecule.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -76,17 +77,32 @@ bool is_bohr(const std::optional<StatedValue>& unit) {
   return unit && core::text::equals_ignoring_case(unit->text.substr(0, bohr.size()), bohr);
 }
 
+// Internal coordinates begin with an atom alone on its line. Further on, lines of them may happen
+// to hold three numbers, which are no position.
+bool has_internal_coordinates(const std::vector<std::string>& lines) {
+  return std::any_of(lines.begin(), lines.end(), [](const std::string& line) {
+    std::string_view rest = clean_value_line(line);
+    const std::string_view word = core::text::take_word(rest);
+    return !word.empty() && rest.empty() && word.find('=') == std::string_view::npos &&
+           !element_of(word).empty();
+  });
+}
+
 // A block without atoms, with a line such as "file=x.xyz" alone, leaves the word to `$compass`.
 void take_geometry(const BDFData& data, const InputSchema& schema, const ParsedInput* input,
                    Molecule& molecule) {
   if (data.has_geometry && !data.atoms.empty()) {
     molecule.geometry = RecordId::of(RecordKind::Geometry, 0);
-    molecule.atoms = data.atoms;
+    if (!has_internal_coordinates(data.geometry_lines)) {
+      molecule.atoms = data.atoms;
+    }
     return;
   }
   molecule.geometry = find_compass_geometry(data, schema);
   if (const ModuleEntry* const entry = entry_of(data, molecule.geometry)) {
-    molecule.atoms = atoms_of_entry(*entry, molecule.geometry, input);
+    if (!has_internal_coordinates(entry->values)) {
+      molecule.atoms = atoms_of_entry(*entry, molecule.geometry, input);
+    }
   } else if (data.has_geometry) {
     molecule.geometry = RecordId::of(RecordKind::Geometry, 0);
   }

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/names.hpp"
@@ -240,6 +241,12 @@ class GeometryEdit {
     return {};
   }
 
+  // An atom with all of its digits, for a line that may have more of them than the layout.
+  static std::string exact_line(const AtomRecord& atom) {
+    return atom.element + ' ' + core::number::to_text(atom.x) + ' ' +
+           core::number::to_text(atom.y) + ' ' + core::number::to_text(atom.z);
+  }
+
   // Comments and blank lines keep their places among the atoms.
   static Texts lines_for(const Texts& old, const std::vector<AtomRecord>& atoms) {
     const bool cartesian = std::all_of(old.begin(), old.end(), [](const std::string& line) {
@@ -253,7 +260,7 @@ class GeometryEdit {
       if (cartesian && is_comment_or_blank(old[i])) {
         lines.push_back(old[i]);
       } else if (cartesian && next < atoms.size()) {
-        lines.push_back(atom_line(atoms[next++], ""));
+        lines.push_back(exact_line(atoms[next++]));
       }
       if (i + 1 == count) {
         append(lines, atoms, next);

@@ -51,10 +51,10 @@ struct Molecule {
 };
 
 /// Returns the molecule of a document. Atoms are those of the geometry block; when it has none,
-/// those of the first geometry entry of a `$compass`. A value counts where it stands in the header;
-/// when it is not there, in the first `$scf`, or for the unit in the `$compass` that holds the
-/// geometry, else in the first one. Atoms of `$compass` have no location, for a document does not
-/// keep it.
+/// those of the first geometry entry of a `$compass`; none where these are internal coordinates. A
+/// value counts where it stands in the header; when it is not there, in the first `$scf`, or for
+/// the unit in the `$compass` that holds the geometry, else in the first one. Atoms of `$compass`
+/// have no location, for a document does not keep it.
 KELP_BDF_INP_EXPORT Molecule molecule_of(const BDFData& data, const InputSchema& schema);
 
 /// Returns the molecule of an input. Every atom has a location.

@@ -1,0 +1,150 @@
+// Words of the header are patched where they stand.
+
+#include "rewrite/edit_table.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+std::string easy(const std::string& header) {
+  return "#! job\n" + header + "\n\nGeometry\n H 0 0 0\nEnd Geometry\n";
+}
+
+struct HeaderRow {
+  std::string name;
+  std::string before;
+  std::vector<std::string> assignments;
+  std::string after;
+};
+
+void expect_headers(const std::vector<HeaderRow>& rows) {
+  std::vector<EditRow> edits;
+  for (const HeaderRow& row : rows) {
+    edits.push_back({row.name, easy(row.before), row.assignments, easy(row.after)});
+  }
+  expect_edits(edits);
+}
+
+TEST(HeaderEdits, AValueIsReplacedWhereItStands) {
+  expect_headers({
+      {"a pair",
+       "B3LYP/6-31G  charge=0 iroot=3",
+       {"easy.charge=1"},
+       "B3LYP/6-31G  charge=1 iroot=3"},
+      {"spread out", "hf/sto-3g charge = 0 # c", {"easy.charge=-1"}, "hf/sto-3g charge = -1 # c"},
+      {"on a line of its own",
+       "hf/sto-3g\nCharge 0   # c",
+       {"easy.charge=1"},
+       "hf/sto-3g\nCharge 1   # c"},
+      {"a value with brackets",
+       "hf/sto-3g\nGroup C(1)",
+       {"easy.charge=1"},
+       "hf/sto-3g\nGroup C(1)\ncharge 1"},
+      {"on a second line",
+       "hf/sto-3g\ncharge=0 spinmulti=1\nopt",
+       {"easy.spinmulti=3"},
+       "hf/sto-3g\ncharge=0 spinmulti=3\nopt"},
+  });
+}
+
+TEST(HeaderEdits, ANewKeywordIsWrittenAsTheOthersAre) {
+  expect_headers({
+      {"behind the last word", "hf/sto-3g", {"easy.charge=1"}, "hf/sto-3g charge=1"},
+      {"before a comment", "hf/sto-3g  # c", {"easy.charge=1"}, "hf/sto-3g charge=1  # c"},
+      {"a line to itself",
+       "hf/sto-3g\n  charge 1  # c",
+       {"easy.spinmulti=2"},
+       "hf/sto-3g\n  charge 1  # c\n  spinmulti 2"},
+      {"a line to itself, as a pair",
+       "hf/sto-3g\ncharge=1",
+       {"easy.spinmulti=2"},
+       "hf/sto-3g\ncharge=1\nspinmulti=2"},
+      {"without a value", "hf/sto-3g charge=1", {"easy.opt="}, "hf/sto-3g charge=1 opt"},
+  });
+}
+
+TEST(HeaderEdits, WordsThatGoTakeTheirBlanksAlong) {
+  expect_headers({
+      {"the last", "hf/sto-3g charge=1", {"-easy.charge"}, "hf/sto-3g"},
+      {"in the middle", "hf/sto-3g charge = 1 opt # c", {"-easy.charge"}, "hf/sto-3g opt # c"},
+      {"a line",
+       "hf/sto-3g\ncharge 1 # c\nspinmulti 2",
+       {"-easy.charge"},
+       "hf/sto-3g\nspinmulti 2"},
+      {"the first of a line", "hf/sto-3g\n charge=1 opt", {"-easy.charge"}, "hf/sto-3g\n opt"},
+  });
+}
+
+TEST(HeaderEdits, PartsOfTheMethodSpecificationArePatchedAlone) {
+  expect_headers({
+      {"basis",
+       "TDDFT/B3lyp/def2-SVP  charge=1",
+       {"easy.basis=cc-pvdz"},
+       "TDDFT/B3lyp/cc-pvdz  charge=1"},
+      {"functional", "TDDFT/B3lyp/def2-SVP", {"easy.functional=pbe0"}, "TDDFT/pbe0/def2-SVP"},
+      {"functional of two", "B3lyp/def2-SVP", {"easy.functional=pbe0"}, "pbe0/def2-SVP"},
+      {"method", "TDDFT/B3lyp/def2-SVP", {"easy.method=tda"}, "tda/B3lyp/def2-SVP"},
+      {"method of two", "HF/sto-3g", {"easy.method=mp2"}, "mp2/sto-3g"},
+      {"a method before the functional",
+       "b3lyp/sto-3g",
+       {"easy.method=tddft"},
+       "tddft/b3lyp/sto-3g"},
+      {"what is there", "HF/STO-3G", {"easy.basis=sto-3g", "easy.method=hf"}, "HF/STO-3G"},
+  });
+}
+
+TEST(HeaderEdits, WhatTheHeaderCannotHoldIsRefused) {
+  struct Row {
+    std::string assignment;
+    std::string reason;
+  };
+  for (const Row& row : std::vector<Row>{{"easy.chrage=1", "did you mean 'charge'?"},
+                                         {"easy.charge=1 2", "a single word"},
+                                         {"easy.charge=1#2", "a single word"},
+                                         {"easy.method=htf", "no method 'htf'"},
+                                         {"easy.functional=b3lyp", "names no functional"},
+                                         {"easy.method=b3lpy", "no method"},
+                                         {"easy.basis=sto-4g", "did you mean"},
+                                         {"easy.basis=", "one name"}}) {
+    const Rewrite rewrite = edited(easy("hf/sto-3g"), edit_of({row.assignment}));
+    EXPECT_THAT(rewrite.error, ::testing::HasSubstr(row.reason)) << row.assignment;
+  }
+}
+
+TEST(HeaderEdits, TheScriptNameIsPatchedOnItsLine) {
+  Edit edit;
+  edit.script_name = "new.sh";
+  EXPECT_EQ(edited("# c\n#!  old.sh\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry\n", edit).text,
+            "# c\n#!  new.sh\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry\n");
+  EXPECT_THAT(edited("$scf\n$end\n", edit).error, ::testing::HasSubstr("no line '#!'"));
+}
+
+TEST(ChargeAndMultiplicity, AreSetWhereTheInputStatesThem) {
+  Edit edit;
+  edit.charge = 1;
+  edit.multiplicity = 2;
+  const auto text_of = [&](const std::string& before) {
+    const Rewrite rewrite = edited(before, edit);
+    EXPECT_EQ(messages_of(rewrite), "");
+    return rewrite.text;
+  };
+  EXPECT_EQ(text_of(easy("hf/sto-3g")), easy("hf/sto-3g charge=1 spinmulti=2"));
+  EXPECT_EQ(text_of("$scf\nuhf\nspinmulti\n 3   # high\n$end\n"),
+            "$scf\nuhf\nspinmulti\n 2   # high\ncharge\n 1\n$end\n");
+  const std::string mixed = "\n$scf\ncharge\n 0\n$end\n";
+  EXPECT_EQ(text_of(easy("hf/sto-3g") + mixed),
+            easy("hf/sto-3g charge=1 spinmulti=2") + "\n$scf\ncharge\n 1\n$end\n");
+  EXPECT_EQ(text_of("$scf\nuhf\ncharge\n+1\nspinmulti\n02\n$end\n"),
+            "$scf\nuhf\ncharge\n+1\nspinmulti\n02\n$end\n");
+}
+
+TEST(ChargeAndMultiplicity, OfSeveralModulesChangeTogetherOrNotAtAll) {
+  Edit edit;
+  edit.charge = 1;
+  EXPECT_EQ(edited("$scf\ncharge\n0\n$end\n$scf\ncharge\n 0\n$end\n", edit).text,
+            "$scf\ncharge\n1\n$end\n$scf\ncharge\n 1\n$end\n");
+  EXPECT_THAT(edited("$scf\ncharge\n0\n$end\n$scf\ncharge\n2\n$end\n", edit).error,
+              ::testing::HasSubstr("scf#2.charge"));
+}
+
+}  // namespace
+}  // namespace kelp::input::bdf
