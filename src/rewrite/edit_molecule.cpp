@@ -134,16 +134,15 @@ class GeometryEdit {
 
   /// Returns why it is impossible, or nothing.
   std::string run() {
-    std::optional<ValuePath> path = geometry_.path;
-    if (path && path->kind == PathKind::Geometry) {
-      path.reset();
+    if (!geometry_.path || geometry_.path->kind == PathKind::Geometry) {
+      return set_only_one();
     }
-    if (path && (path->kind != PathKind::Entry ||
-                 schema_.canonical_module(path->module) != compass_module ||
-                 schema_.canonical_entry(path->module, path->name) != geometry_entry)) {
-      return "'" + to_string(*path) + "' is no geometry";
+    const ValuePath& path = *geometry_.path;
+    if (path.kind != PathKind::Entry || schema_.canonical_module(path.module) != compass_module ||
+        schema_.canonical_entry(path.module, path.name) != geometry_entry) {
+      return "'" + to_string(path) + "' is no geometry";
     }
-    return path ? set_in_compass(path->module_index) : set_only_one();
+    return set_in_compass(path.module_index);
   }
 
   bool touches_block() const { return touches_block_; }
