@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "kelp/input/bdf/value_path.hpp"
 #include "line_diff.hpp"
-#include "line_index.hpp"
 #include "reading.hpp"
 
 namespace kelp::app {
@@ -17,6 +17,8 @@ namespace {
 
 using input::bdf::Diagnostic;
 using input::bdf::ParsedInput;
+using input::bdf::PathIndex;
+using input::bdf::RecordId;
 using input::bdf::Severity;
 using Meanings = std::vector<std::string_view>;
 
@@ -116,12 +118,19 @@ std::vector<Finding> find_departures(const CheckedInput& before, const CheckedIn
     return std::pair(left.part.line, left.part.begin) <
            std::pair(right.part.line, right.part.begin);
   });
-  const LineIndex lines(before.result.data);
+  const ParsedInput input(std::string(before.source.text()), before.schema);
+  const PathIndex paths(input.data());
   std::vector<Finding> findings;
   findings.reserve(departures.size());
   for (const Departure& departure : departures) {
     Diagnostic diagnostic = diagnostic_of(departure, before.source);
-    diagnostic.path = lines.path(lines.place(departure.part.line));
+    const RecordId record = input.line(departure.part.line).record;
+    // Only what stands where a record of a module begins is about that record.
+    if (module_of(input.data(), record) != nullptr &&
+        input.first_line(record) == departure.part.line) {
+      diagnostic.record = record;
+      diagnostic.path = paths.path_of(record);
+    }
     findings.push_back({before.name, before.source.source(), std::move(diagnostic)});
   }
   return findings;

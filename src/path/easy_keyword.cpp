@@ -58,27 +58,27 @@ bool begins_comment(const EasyToken& token) {
   return token.text.starts_with('#');
 }
 
-bool stands_in_comment(const std::vector<EasyToken>& tokens, std::size_t index) {
-  const std::uint64_t line = line_of(tokens[index]);
-  for (std::size_t i = index + 1; i > 0 && line_of(tokens[i - 1]) == line; --i) {
-    if (begins_comment(tokens[i - 1])) {
-      return true;
+std::vector<bool> tokens_in_comments(const std::vector<EasyToken>& tokens) {
+  std::vector<bool> in_comment;
+  in_comment.reserve(tokens.size());
+  std::optional<std::uint64_t> line_of_comment;
+  for (const EasyToken& token : tokens) {
+    if (begins_comment(token)) {
+      line_of_comment = line_of(token);
     }
+    in_comment.push_back(line_of_comment == line_of(token));
   }
-  return false;
+  return in_comment;
 }
 
 std::vector<EasyKeyword> find_easy_keywords(const BDFData& data, const InputSchema& schema,
                                             std::string_view key) {
   const std::string wanted = schema.canonical_easy_key(key);
   const std::vector<EasyToken>& tokens = data.easy_tokens;
+  const std::vector<bool> in_comment = tokens_in_comments(tokens);
   std::vector<EasyKeyword> found;
-  std::optional<std::uint64_t> line_of_comment;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
-    if (begins_comment(tokens[i])) {
-      line_of_comment = line_of(tokens[i]);
-    }
-    if (line_of_comment != line_of(tokens[i]) && tokens[i].category != "method_spec" &&
+    if (!in_comment[i] && tokens[i].category != "method_spec" &&
         schema.canonical_easy_key(tokens[i].key) == wanted) {
       found.push_back({i, i + 1 + count_value_words(tokens, i, schema)});
     }

@@ -12,15 +12,10 @@
 namespace kelp::input::bdf {
 namespace {
 
-std::string path_of_token(const BDFData& data, std::size_t index) {
-  const std::vector<EasyToken>& tokens = data.easy_tokens;
-  if (index >= tokens.size() || tokens[index].category == "method_spec" ||
-      stands_in_comment(tokens, index)) {
-    return {};
-  }
+std::string path_of_token(const EasyToken& token) {
   ValuePath path;
   path.kind = PathKind::EasyKeyword;
-  path.name = tokens[index].key;
+  path.name = token.key;
   return to_string(path);
 }
 
@@ -50,40 +45,19 @@ std::string path_in_module(const BDFData& data, const RecordId& record, std::siz
   return to_string(path);
 }
 
-// `number_of` tells the number of a module among those of its name, from 1.
-template <typename NumberOf>
-std::string make_path(const BDFData& data, const RecordId& record, NumberOf number_of) {
-  switch (record.kind) {
-    case RecordKind::EasyToken:
-      return path_of_token(data, record.index);
-    case RecordKind::Geometry:
-    case RecordKind::Atom:
-    case RecordKind::GeometryLine:
-      return geometry_path();
-    case RecordKind::Module:
-    case RecordKind::Entry:
-    case RecordKind::Child:
-      return record.index < data.modules.size()
-                 ? path_in_module(data, record, number_of(record.index))
-                 : std::string();
-    default:
-      return {};
-  }
+bool is_keyword(const BDFData& data, const RecordId& record, const std::vector<bool>& in_comment) {
+  return record.kind == RecordKind::EasyToken && record.index < data.easy_tokens.size() &&
+         data.easy_tokens[record.index].category != "method_spec" && !in_comment[record.index];
 }
 
 }  // namespace
 
 std::string path_of(const BDFData& data, const RecordId& record) {
-  return make_path(data, record, [&data](std::size_t index) {
-    std::size_t number = 1;
-    for (std::size_t i = 0; i < index; ++i) {
-      number += data.modules[i].name == data.modules[index].name ? 1 : 0;
-    }
-    return number;
-  });
+  return PathIndex(data).path_of(record);
 }
 
-PathIndex::PathIndex(const BDFData& data) : data_(&data) {
+PathIndex::PathIndex(const BDFData& data)
+    : data_(&data), in_comment_(tokens_in_comments(data.easy_tokens)) {
   std::unordered_map<std::string_view, std::size_t> counts;
   numbers_.reserve(data.modules.size());
   for (const Module& module : data.modules) {
@@ -98,7 +72,24 @@ PathIndex& PathIndex::operator=(PathIndex&& other) noexcept = default;
 PathIndex::~PathIndex() = default;
 
 std::string PathIndex::path_of(const RecordId& record) const {
-  return make_path(*data_, record, [this](std::size_t index) { return numbers_[index]; });
+  switch (record.kind) {
+    case RecordKind::EasyToken:
+      return is_keyword(*data_, record, in_comment_)
+                 ? path_of_token(data_->easy_tokens[record.index])
+                 : std::string();
+    case RecordKind::Geometry:
+    case RecordKind::Atom:
+    case RecordKind::GeometryLine:
+      return geometry_path();
+    case RecordKind::Module:
+    case RecordKind::Entry:
+    case RecordKind::Child:
+      return record.index < data_->modules.size()
+                 ? path_in_module(*data_, record, numbers_[record.index])
+                 : std::string();
+    default:
+      return {};
+  }
 }
 
 }  // namespace kelp::input::bdf

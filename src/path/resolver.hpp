@@ -15,7 +15,7 @@ RecordId find_compass_geometry(const BDFData& data, const InputSchema& schema);
 /// Tells whether a header token begins a comment, which goes on to the end of its line.
 bool begins_comment(const EasyToken& token);
 
-/// Tells whether a header token begins a comment or stands in one.
-bool stands_in_comment(const std::vector<EasyToken>& tokens, std::size_t index);
+/// Tells of each header token whether it begins a comment or stands in one.
+std::vector<bool> tokens_in_comments(const std::vector<EasyToken>& tokens);
 
 }  // namespace kelp::input::bdf

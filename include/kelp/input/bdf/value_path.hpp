@@ -103,11 +103,11 @@ KELP_BDF_INP_EXPORT std::vector<std::string> path_hint(const InputSchema& schema
 /// line, a record that is not there. Of several entries of one name all have the path of the first.
 KELP_BDF_INP_EXPORT std::string path_of(const BDFData& data, const RecordId& record);
 
-/// Gives the paths of many records of one document: modules of one name are counted once, when this
-/// is made. The document must outlive it, and stay as it is. Any number of threads may ask one.
+/// Gives the paths of many records of one document, which is gone through once, when this is made.
+/// The document must outlive it, and stay as it is. Any number of threads may ask one.
 class KELP_BDF_INP_EXPORT PathIndex {
  public:
-  /// Counts the modules of a document.
+  /// Goes through the modules and the header of a document.
   explicit PathIndex(const BDFData& data);
   PathIndex(const PathIndex& other);
   PathIndex(PathIndex&& other) noexcept;
@@ -121,6 +121,7 @@ class KELP_BDF_INP_EXPORT PathIndex {
  private:
   const BDFData* data_;
   std::vector<std::size_t> numbers_;  // of each module among those of its name, from 1
+  std::vector<bool> in_comment_;      // of each header token
 };
 
 /// A keyword of the header with the words that are its value: the tokens from `first` up to and
