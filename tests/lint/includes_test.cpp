@@ -105,16 +105,17 @@ struct Room {
   std::vector<std::string_view> below;
 };
 
-// Parser and editor do not know each other.
+// Parser and editor do not know each other; both validate when they are asked to. The test of calls
+// reads this table, too.
 const std::vector<Room>& rooms() {
   static const std::vector<Room> all = {
       {"schema", {"schema.hpp"}, {}},
       {"model", {}, {"schema"}},
       {"source", {"source.hpp"}, {}},
       {"validate", {}, {"model"}},
-      {"parser", {"parser.hpp"}, {"source", "model"}},
+      {"parser", {"parser.hpp"}, {"source", "validate"}},
       {"render", {}, {"model"}},
-      {"editor", {"editor.hpp"}, {"render", "model"}},
+      {"editor", {"editor.hpp"}, {"render", "validate"}},
       {"explain", {"explain.hpp", "names.hpp"}, {"schema", "validate"}},
       {"schema_lint", {"schema_lint.hpp"}, {"schema", "validate"}},
       {"input", {"parsed_input.hpp"}, {"parser", "source"}},
