@@ -182,6 +182,9 @@ TextRange ParsedInput::keyword_range(const RecordId& record) const {
     return {};
   }
   TextRange word = source().first_word(line);
+  if (const TextRange comment = comment_range(line); word.begin < comment.begin) {
+    word.end = std::min(word.end, comment.begin);  // `scf#2` says no more than `scf`
+  }
   switch (record.kind) {
     case RecordKind::EasyToken:
       return token_ranges(record.index).key;

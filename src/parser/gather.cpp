@@ -14,16 +14,19 @@ bool at_border(const LineReader& reader) {
   return reader.at_end() || is_module_border(reader.line());
 }
 
+// Tells whether a line is none of an entry's values. The line that closes the block around an entry
+// is one by its letter, but not to the program.
+bool is_stop(const LineReader& reader, std::string_view line, const Keywords& keywords) {
+  return is_module_border(line) || keywords.start(line) ||
+         (reader.reads_as_program() && keywords.end(line));
+}
+
 bool at_stop(const LineReader& reader, const Keywords& keywords) {
-  return at_border(reader) || keywords.start(reader.line());
+  return reader.at_end() || is_stop(reader, reader.line(), keywords);
 }
 
 void take_value(LineReader& reader, ModuleEntry& entry) {
   entry.values.emplace_back(reader.take(LineRole::Value));
-}
-
-bool is_stop(std::string_view line, const Keywords& keywords) {
-  return is_module_border(line) || keywords.start(line);
 }
 
 bool is_blank_or_comment(std::string_view line) {
@@ -35,7 +38,7 @@ bool is_blank_or_comment(std::string_view line) {
 std::optional<std::size_t> distance_to_value(const LineReader& reader, const Keywords& keywords) {
   for (std::size_t distance = 0; distance < reader.lines_left(); ++distance) {
     const std::string_view line = reader.line_ahead(distance);
-    if (is_stop(line, keywords)) {
+    if (is_stop(reader, line, keywords)) {
       break;
     }
     if (!is_blank_or_comment(line)) {
@@ -99,7 +102,7 @@ void gather_block(LineReader& reader, ModuleEntry& entry) {
   }
 }
 
-// Nobody knows how an unknown keyword lays out its values. What is indented, empty or a remark is
+// Nobody knows how an unknown keyword lays out its values. What is indented, empty or a comment is
 // most likely still its own; anything else starts something new.
 void gather_continuation(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
   while (!at_stop(reader, keywords)) {
@@ -120,8 +123,7 @@ bool takes_lines(EntryValueKind kind) {
 }  // namespace
 
 bool is_terminator(std::string_view line, const ModuleEntry& entry) {
-  return core::text::equals_ignoring_case(core::text::trim_view(line),
-                                          core::text::trim_view(entry.terminator));
+  return is_same_line(line, entry.terminator);
 }
 
 void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {

@@ -20,6 +20,10 @@ class Keywords {
     return !word.empty() &&
            (find_entry_spec(module_, word) != nullptr || find_child_spec(block_, word) != nullptr);
   }
+  /// Tells whether a line closes the nested block that the keywords are those of.
+  bool end(std::string_view line) const {
+    return block_ != nullptr && !is_blank(line) && is_same_line(line, block_->terminator);
+  }
 
  private:
   const ModuleSpec* module_ = nullptr;

@@ -39,6 +39,10 @@ std::string_view without_comment(std::string_view line) {
   return is_behind ? line.substr(0, hash) : line;
 }
 
+bool is_same_line(std::string_view line, std::string_view other) {
+  return equals_ignoring_case(trim_view(line), trim_view(other));
+}
+
 std::string_view first_word(std::string_view line) {
   const std::string_view text = trim_view(line);
   return text.substr(0, text.find_first_of(" \t\r\n"));

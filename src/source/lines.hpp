@@ -26,6 +26,9 @@ SourceSpan span_of_line(std::size_t index, std::string_view line);
 /// stays as it is.
 std::string_view without_comment(std::string_view line);
 
+/// Tells whether two lines say the same: case and the white space around them aside.
+bool is_same_line(std::string_view line, std::string_view other);
+
 /// Returns a line's text up to the first blank, tab or line end; empty for a blank line.
 std::string_view first_word(std::string_view line);
 

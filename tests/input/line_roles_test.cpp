@@ -1,28 +1,17 @@
-// What the parser says of each line. The letters: see `letter_of`.
+// What the parser says of each line, by a letter for each role.
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <string_view>
 
-#include "kelp/input/bdf/parsed_input.hpp"
+#include "input/roles.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
-char letter_of(LineRole role) {
-  constexpr std::string_view letters = " #!hGalgMEkvbuSDo";
-  return letters[static_cast<std::size_t>(role)];
-}
-
 std::string roles_of(const std::string& text) {
-  const ParsedInput input(text, shipped_schema());
-  std::string roles;
-  for (std::size_t number = 1; number <= input.source().line_count(); ++number) {
-    roles += letter_of(input.line(number).role);
-  }
-  return roles;
+  return roles_of(ParsedInput(text, shipped_schema()));
 }
 
 TEST(LineRoles, AnEasyInputHasThoseOfItsHeaderAndGeometry) {
