@@ -11,7 +11,6 @@
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
-#include "validate/value_check.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -41,7 +40,7 @@ void complete_header_value(Draft& draft) {
 void complete_missing_method(Draft& draft) {
   const std::size_t line = draft.input.first_line(RecordId::of(RecordKind::EasyToken, 0));
   if (line != 0) {
-    draft.mark(draft.source.content(line), "no method, functional or basis here");
+    draft.mark(draft.statement_on(line), "no method, functional or basis here");
   }
   draft.help("write for example 'B3LYP/def2-SVP' on the first line");
 }
@@ -83,14 +82,12 @@ bool offer_misspelt_end(Draft& draft, const std::string& end) {
         next != nullptr && next != draft.module && next->known) {
       break;
     }
-    const TextRange comment = draft.input.comment_range(number);
-    const TextRange words =
-        draft.source.trimmed({draft.source.content(number).begin, comment.begin});
+    const TextRange words = draft.statement_on(number);
     if (!is_misspelt_end(draft.source.text_of(words), end)) {
       continue;
     }
     draft.mark(words, "meant to be '" + end + "'?");
-    draft.diagnostic.related.push_back({draft.source.first_word(draft.line), "begins here"});
+    draft.relate(draft.fault.record, "begins here");
     draft.help("did you mean '" + end + "'?");
     draft.fix("write '" + end + "'", words, end, true);
     draft.diagnostic.suggestions = {end};
@@ -118,22 +115,21 @@ void complete_unterminated_geometry(Draft& draft) {
 // -- names that the schema does not know
 
 void complete_unknown_module(Draft& draft) {
-  const SourceText& source = draft.source;
-  const TextRange header = source.content(draft.line);
-  const TextRange word = source.first_word(draft.line);
-  const std::string name(source.text_of(word));
-  if (header.end > word.end && draft.input.schema().is_known_module(name)) {
-    const TextRange rest = source.trimmed({word.end, header.end});
-    const std::string_view text = source.text_of(rest);
-    draft.mark(rest, "taken as part of the name");
-    draft.help("only '" + name + "' may stand on this line; put remarks on a line of their own");
-    const bool is_comment = text.front() == '#' || text.front() == '*';
+  const TextRange word = draft.input.keyword_range(draft.fault.record);
+  const TextRange behind = draft.input.behind_keyword(draft.fault.record);
+  const std::string name(draft.source.text_of(word));
+  if (!behind.empty() && draft.input.schema().is_known_module(name)) {
+    const std::string_view text = draft.source.text_of(behind);
+    draft.mark(behind, "taken as part of the name");
+    draft.help("only '" + name + "' and a comment may stand on this line");
+    const bool is_comment = text.front() == '*';
     std::string line(draft.line_end());
     line.append(is_comment ? "" : "# ").append(text);
-    draft.fix("put it on a line of its own, as a comment", {word.end, rest.end}, std::move(line),
+    draft.fix("put it on a line of its own, as a comment", {word.end, behind.end}, std::move(line),
               is_comment);
     return;
   }
+  const TextRange header = draft.statement_on(draft.line);
   draft.mark(header, "not a module");
   draft.suggest(similar_names(draft.module->name, draft.context.names().modules()), "module",
                 "modules", {std::min(header.begin + 1, header.end), header.end});
@@ -150,7 +146,7 @@ bool explain_header_form(Draft& draft) {
   }
   const std::string name = schema.canonical_entry(module, word.substr(0, equals));
   draft.help("write '" + name + "' and on the next line its value");
-  const TextRange range = draft.source.first_word(draft.line);
+  const TextRange range = draft.input.keyword_range(draft.fault.record);
   const std::string_view written = draft.source.text_of(range);
   if (equals + 1 < written.size()) {
     draft.fix(
@@ -206,7 +202,7 @@ void complete_unterminated_module(Draft& draft) {
   if (offer_misspelt_end(draft, "$end")) {
     return;
   }
-  draft.mark(draft.source.content(draft.line), "begins here");
+  draft.mark(draft.statement_on(draft.line), "begins here");
   draft.help("add a line '$end' after its last entry");
   draft.fix_by_line("$end", without_blanks(draft.input, draft.input.last_line(draft.fault.record)));
 }
@@ -239,21 +235,18 @@ void complete_conflict(Draft& draft) {
 // -- values
 
 void complete_missing_value(Draft& draft) {
-  const SourceText& source = draft.source;
-  const TextRange word = source.first_word(draft.line);
-  const TextRange rest = source.trimmed({word.end, source.line_range(draft.line).end});
-  const auto info = draft.description();
-  if (rest.empty() || source.text_of(rest).front() == '#') {
+  const TextRange word = draft.input.keyword_range(draft.fault.record);
+  const TextRange behind = draft.input.behind_keyword(draft.fault.record);
+  if (behind.empty()) {
     draft.mark(word, "no value follows");
-    draft.expect(info);
+    draft.expect(draft.description());
     return;
   }
-  draft.mark(rest, "not read here");
-  draft.help("write the value on the next line; what stands behind a keyword is not read");
-  const TextRange value = draft.input.behind_keyword(draft.fault.record);
-  draft.fix("write the value on the next line", {word.end, rest.begin},
-            std::string(draft.line_end()) + "  ",
-            info && lines_match({source.text_of(value)}, *info));
+  // Of an entry that is no block, this would have been read as the value.
+  draft.mark(behind, "not read here");
+  draft.help("write it on the next line; what stands behind the keyword of a block is not read");
+  draft.fix("write it on the next line", {word.end, behind.begin},
+            std::string(draft.line_end()) + "  ");
 }
 
 void complete_invalid_value(Draft& draft) {

@@ -69,6 +69,10 @@ Draft::Draft(const Fault& about, DiagnoseContext& known)
   diagnostic.path = context.paths.path_of(fault.record);
 }
 
+TextRange Draft::statement_on(std::size_t number) const {
+  return source.trimmed({source.content(number).begin, input.comment_range(number).begin});
+}
+
 std::optional<EntrySchemaInfo> Draft::description() const {
   if (child != nullptr) {
     return input.schema().nested_entry_info(module->name, entry->name, child->name);
@@ -83,12 +87,12 @@ void Draft::mark(const TextRange& range, std::string label) {
 
 void Draft::mark_word(std::string label) {
   if (line != 0) {
-    mark(source.first_word(line), std::move(label));
+    mark(input.keyword_range(fault.record), std::move(label));
   }
 }
 
 void Draft::relate(const RecordId& other, std::string message) {
-  diagnostic.related.push_back({source.first_word(input.first_line(other)), std::move(message)});
+  diagnostic.related.push_back({input.keyword_range(other), std::move(message)});
 }
 
 void Draft::expect(const std::optional<EntrySchemaInfo>& description) {

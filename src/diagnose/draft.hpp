@@ -51,14 +51,16 @@ class Draft {
   const ModuleEntry* child;  ///< that the record is, or null
   Diagnostic diagnostic;
 
+  /// Returns what a line says, without comment and white space around it.
+  TextRange statement_on(std::size_t number) const;
   /// Returns the schema's description of the entry or child, if there is one.
   std::optional<EntrySchemaInfo> description() const;
 
   /// Marks a range as what is at fault.
   void mark(const TextRange& range, std::string label = {});
-  /// Marks the first word of the record's first line; nothing without a record.
+  /// Marks what names the record; nothing without a record.
   void mark_word(std::string label = {});
-  /// Points at the first word of another record.
+  /// Points at what names another record.
   void relate(const RecordId& other, std::string message);
   void help(std::string text) { diagnostic.help.push_back(std::move(text)); }
   /// Says which values a description asks for.

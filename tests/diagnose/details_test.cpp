@@ -36,13 +36,15 @@ const Row header_rows[] = {
      {"error bdf.invalid_easy_value of easy.charge [charge] [one]\n"
       "2:18 'one'\n"
       "help: expected: an integer\n"}},
-    {"values of the header, spread out and behind a '#'",
+    {"a value of the header that stands apart, before a comment",
      "#! job\ncharge=0 HF/sto-3g charge = one # charge=two\n" + geometry,
      {"error bdf.invalid_easy_value of easy.charge [charge] [one]\n"
       "2:29 'one'\n"
-      "help: expected: an integer\n",
-      "error bdf.invalid_easy_value [charge] [two]\n"
-      "2:42 'two'\n"
+      "help: expected: an integer\n"}},
+    {"a value of the header behind its keyword",
+     "#! job\nHF/sto-3g\n charge  one # two\n" + geometry,
+     {"error bdf.invalid_easy_value of easy.charge [charge] [one]\n"
+      "3:10 'one'\n"
       "help: expected: an integer\n"}},
     {"equal values of the header",
      "#! job\nHF/sto-3g charge=x charge =x#1\ncharge= x\n" + geometry,
@@ -56,7 +58,7 @@ const Row header_rows[] = {
       "3:9 'x'\n"
       "help: expected: an integer\n"}},
     {"a header without a method",
-     "#! job\n charge=0 spinmulti=1 \n" + geometry,
+     "#! job\n charge=0 spinmulti=1 # c\n" + geometry,
      {"error bdf.missing_method\n"
       "2:2 'charge=0 spinmulti=1': no method, functional or basis here\n"
       "help: write for example 'B3LYP/def2-SVP' on the first line\n"}},
@@ -89,15 +91,21 @@ const Row name_rows[] = {
       "1:1 '$xuanyuna': not a module\n"
       "help: a similar module exists: 'xuanyuan'\n"
       "meant: xuanyuan\n"}},
-    {"a comment behind a module's name",
-     "$scf # first try\nrhf\n$end\n",
-     {"warning bdf.unknown_module of scf # first try [scf # first try]\n"
-      "1:6 '# first try': taken as part of the name\n"
-      "help: only '$scf' may stand on this line; put remarks on a line of their own\n",
-      "warning bdf.unknown_entry of scf # first try.rhf [scf # first try] [rhf]\n"
-      "2:1 'rhf': not an entry of $scf # first try\n"}},
+    {"a misspelt module before a comment",
+     "$xuanyuna# c\n$end\n",
+     {"warning bdf.unknown_module of xuanyuna [xuanyuna]\n"
+      "1:1 '$xuanyuna': not a module\n"
+      "help: a similar module exists: 'xuanyuan'\n"
+      "meant: xuanyuan\n"}},
+    {"words behind a module's name",
+     "$scf first try # c\nrhf\n$end\n",
+     {"warning bdf.unknown_module of scf first try [scf first try]\n"
+      "1:6 'first try': taken as part of the name\n"
+      "help: only '$scf' and a comment may stand on this line\n",
+      "warning bdf.unknown_entry of scf first try.rhf [scf first try] [rhf]\n"
+      "2:1 'rhf': not an entry of $scf first try\n"}},
     {"a misspelt entry of a second module",
-     "$scf\n$end\n$scf\n  ocupied 3\n$end\n",
+     "$scf\n$end\n$scf\n  ocupied#c\n$end\n",
      {"warning bdf.unknown_entry of scf#2.ocupied [scf] [ocupied]\n"
       "4:3 'ocupied': not an entry of $scf\n"
       "help: a similar entry exists: 'occupied'\n"
@@ -188,11 +196,21 @@ const Row value_rows[] = {
      {"warning bdf.missing_entry_value of scf.charge [scf.charge]\n"
       "2:1 'charge': no value follows\n"
       "help: expected: an integer\n"}},
-    {"a value on the keyword's line",
-     "$scf\ncharge  1 # c \n$end\n",
-     {"warning bdf.missing_entry_value of scf.charge [scf.charge]\n"
-      "2:9 '1 # c': not read here\n"
-      "help: write the value on the next line; what stands behind a keyword is not read\n"}},
+    {"lines of a block on the keyword's line",
+     "$compass\nbasis-block  H sto-3g # c \nend basis\n$end\n",
+     {"warning bdf.missing_entry_value of compass.basis-block [compass.basis-block]\n"
+      "2:14 'H sto-3g': not read here\n"
+      "help: write it on the next line; what stands behind the keyword of a block is not read\n"}},
+    {"a value of another type on the keyword's line",
+     "$scf\ncharge  one # two\n$end\n",
+     {"error bdf.invalid_module_value of scf.charge [scf.charge] [one]\n"
+      "2:9 'one'\n"
+      "help: expected: an integer\n"}},
+    {"a value of a block's entry on the keyword's line",
+     "$bdfopt\nneb-block\n nimage 0\nend neb\n$end\n",
+     {"error bdf.invalid_module_value of bdfopt.neb-block.nimage [bdfopt.neb-block.nimage] [0]\n"
+      "3:9 '0'\n"
+      "help: expected: an integer of at least 1\n"}},
     {"a value of another type",
      "$scf\ncharge\n  one # not two\n$end\n",
      {"error bdf.invalid_module_value of scf.charge [scf.charge] [one]\n"
@@ -233,8 +251,8 @@ const Row value_rows[] = {
       "help: expected: the number of rows, then the rows of 2 fields (integer, float)\n"}},
     {"a comment for a value",
      "$scf\ncharge\n # 1\n$end\n",
-     {"error bdf.invalid_module_value of scf.charge [scf.charge] []\n"
-      "2:1 'charge'\n"
+     {"warning bdf.missing_entry_value of scf.charge [scf.charge]\n"
+      "2:1 'charge': no value follows\n"
       "help: expected: an integer\n"}},
 };
 
