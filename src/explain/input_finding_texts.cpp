@@ -86,8 +86,7 @@ constexpr auto texts = std::to_array<FindingText>({
     {"text.line_ends",
      "No line of the file ends as lines do: there are carriage returns, but no line feeds.",
      "An old editor, or a transfer between systems.",
-     "Save it with Unix line ends; on Linux: tr '\\r' '\\n' < FILE.", "$scf\rrhf\r$end\r",
-     "$scf\nrhf\n$end\n"},
+     "Save it with Unix line ends; on Linux: tr '\\r' '\\n' < FILE.", "", ""},
 });
 
 }  // namespace

@@ -8,11 +8,11 @@ namespace {
 
 constexpr auto texts = std::to_array<FindingText>({
     {"bdf.format_loss", "Writing the input in the canonical form would lose this text.",
-     "A remark or a value behind a keyword on its own line, or the like: values are read from "
+     "A comment or a value behind a keyword on its own line, or the like: values are read from "
      "the following lines only.",
      "Move the text to a line of its own, or write with --force.", "", ""},
     {"bdf.format_move", "Writing the input in the canonical form would move this text.",
-     "A remark or a definition between the atoms of a geometry, for example: the atoms are "
+     "A comment or a definition between the atoms of a geometry, for example: the atoms are "
      "written first.",
      "Look at --diff; if nothing is the worse for it, write with --force.", "", ""},
     {"bdf.format_addition",

@@ -42,7 +42,7 @@ constexpr auto texts = std::to_array<FindingText>({
      "schema_version: 1\nmodules: {scf: {entries: {spin: {}, multi: {aliases: [spin]}}}}\n",
      "schema_version: 1\nmodules: {scf: {entries: {spin: {}, multi: {}}}}\n"},
     {"schema.unusable_name", "No input can hold this name.",
-     "A blank in it: a keyword is the first word of its line. Or it begins like a remark.",
+     "A blank in it: a keyword is the first word of its line. Or it begins like a comment.",
      "Use the first word only.", "schema_version: 1\nmodules: {scf: {entries: {max iter: {}}}}\n",
      "schema_version: 1\nmodules: {scf: {entries: {maxiter: {}}}}\n"},
     {"schema.unknown_kind", "There is no such kind; the entry is read as a scalar.", "A slip.",

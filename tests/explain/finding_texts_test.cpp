@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 // Every dotted code in quotes in the sources of a folder.
 std::set<std::string> codes_in(const fs::path& folder) {
   static const std::regex code(
-      "\"((bdf|schema)\\.[a-z]+_[a-z_]+|schema\\.(unreadable|redundant))\"");
+      "\"((bdf|schema)\\.[a-z]+_[a-z_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\"");
   std::set<std::string> codes;
   for (const auto& item : fs::recursive_directory_iterator(folder)) {
     if (item.path().extension() != ".cpp" ||
@@ -65,16 +65,9 @@ std::set<std::string> findings_of(const FindingText& text, std::string_view exam
     }
     return codes;
   }
-  const auto& schema = shipped_schema();
-  const auto result = BDFParser::parse_string(std::string(example), schema, ParseOptions{});
-  if (!result.ok && result.data.statements.empty() && result.data.easy_tokens.empty()) {
-    return {"bdf.empty_input"};
-  }
-  ValidationOptions strict;
-  strict.unknown_modules_as_errors = true;
-  strict.unknown_entries_as_errors = true;
-  for (const auto& issue : schema.validate(result.data, strict)) {
-    codes.insert(issue.code);
+  const ParsedInput input(std::string(example), shipped_schema());
+  for (const Diagnostic& diagnostic : diagnose(input, {UnknownNames::Error})) {
+    codes.insert(diagnostic.code);
   }
   return codes;
 }
@@ -118,8 +111,10 @@ std::string manual_page() {
       "# Findings\n\n"
       "What each code means, as `kelp-bdf explain CODE` tells it. Codes that begin with `bdf.` "
       "are\n"
-      "about inputs (`kelp-bdf check`), those that begin with `schema.` about vocabularies\n"
-      "(`kelp-bdf schema lint`).\n\n";
+      "about inputs (`kelp-bdf check`), those that begin with `text.` about files that cannot be "
+      "read\n"
+      "at all, and those that begin with `schema.` about vocabularies (`kelp-bdf schema "
+      "lint`).\n\n";
   for (const FindingText& text : finding_texts()) {
     page += section(text);
   }
