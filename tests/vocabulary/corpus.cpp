@@ -32,11 +32,6 @@ void add_folder(const std::string& folder, std::vector<CorpusInput>& inputs) {
   }
 }
 
-bool is_remark(std::string_view line) {
-  const std::string_view text = core::text::trim_view(line);
-  return text.empty() || text.front() == '#' || text.front() == '*';
-}
-
 }  // namespace
 
 bool CorpusInput::is_clean() const {
@@ -60,26 +55,15 @@ const std::vector<CorpusInput>& corpus() {
   return inputs;
 }
 
-input::bdf::ParseResult read_all(std::string_view text) {
-  return input::bdf::BDFParser::parse_string(text, input::bdf::shipped_schema(),
-                                             input::bdf::ParseOptions{});
-}
-
 std::vector<Found> findings_in(std::string_view text) {
-  input::bdf::ValidationOptions options;
-  options.unknown_modules_as_errors = true;
-  options.unknown_entries_as_errors = true;
-  const std::vector<std::string> lines = lines_of(text);
+  using input::bdf::Diagnostic;
+  const input::bdf::ParsedInput input(std::string(text), input::bdf::shipped_schema());
   std::vector<Found> findings;
-  for (const auto& issue : input::bdf::shipped_schema().validate(read_all(text).data, options)) {
-    const std::size_t line = issue.location ? static_cast<std::size_t>(issue.location->line) : 0;
-    const bool names_a_line =
-        issue.code == "bdf.unknown_entry" || issue.code == "bdf.unknown_nested_entry";
-    if (!names_a_line || line == 0 || line > lines.size() || !is_remark(lines[line - 1])) {
-      findings.push_back({line, issue.code, issue.message,
-                          issue.severity == input::bdf::ValidationSeverity::Error});
-    }
-  }
+  diagnose(input, {input::bdf::UnknownNames::Error}, [&](const Diagnostic& found) {
+    const std::size_t line = found.range ? input.source().position(found.range->begin).line : 0;
+    findings.push_back(
+        {line, found.code, found.message, found.severity == input::bdf::Severity::Error});
+  });
   return findings;
 }
 

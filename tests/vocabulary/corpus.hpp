@@ -18,7 +18,7 @@ struct CorpusInput {
   std::string suspect;  ///< what seemed wrong to those who collected it; "-" when nothing did
   std::string text;
 
-  /// Tells whether nothing is wrong with it: remarks in Chinese are no fault.
+  /// Tells whether nothing is wrong with it: comments in Chinese are no fault.
   bool is_clean() const;
 };
 
@@ -27,17 +27,13 @@ const std::vector<CorpusInput>& corpus();
 
 /// What the tests compare of a finding.
 struct Found {
-  std::size_t line = 0;  ///< 0 when the finding has no place
+  std::size_t line = 0;  ///< of what is marked; 0 when nothing is
   std::string code;
   std::string message;
   bool is_error = false;
 };
 
-/// Reads a text so that every line is kept.
-input::bdf::ParseResult read_all(std::string_view text);
-
-/// Checks a text with unknown names as errors. As in `kelp-bdf check`, remarks and blank lines
-/// inside modules are no findings.
+/// Diagnoses a text with unknown names as errors.
 std::vector<Found> findings_in(std::string_view text);
 
 /// Cuts a text into lines without their line ends.

@@ -1,7 +1,6 @@
 #include "faults.hpp"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "corpus.hpp"
@@ -11,12 +10,13 @@
 namespace kelp::test {
 namespace {
 
-using core::text::equals_ignoring_case;
-using core::text::trim_view;
 using input::bdf::EntryValueKind;
 using input::bdf::InputSchema;
 using input::bdf::Module;
 using input::bdf::ModuleEntry;
+using input::bdf::RecordId;
+using input::bdf::RecordKind;
+using input::bdf::TextRange;
 
 // Swaps the first two neighbours that differ, behind the first letter if there are such.
 std::string misspelt(std::string word) {
@@ -29,22 +29,6 @@ std::string misspelt(std::string word) {
   return word + "x";
 }
 
-struct Word {
-  std::size_t begin = 0;
-  std::size_t end = 0;
-};
-
-std::optional<Word> first_word(const std::string& line) {
-  const auto is_break = [](char byte) { return core::text::is_space(byte) || byte == ','; };
-  const auto begin = std::find_if_not(line.begin(), line.end(), is_break);
-  if (begin == line.end() || *begin == '#' || *begin == '*') {
-    return std::nullopt;
-  }
-  const auto end = std::find_if(begin, line.end(), is_break);
-  return Word{static_cast<std::size_t>(begin - line.begin()),
-              static_cast<std::size_t>(end - line.begin())};
-}
-
 bool is_number(const std::string& text) {
   return !text.empty() && text.find_first_not_of("0123456789+-.eEdD") == std::string::npos &&
          text.find_first_of("0123456789") != std::string::npos;
@@ -54,149 +38,119 @@ bool is_number(const std::string& text) {
 class FaultMaker {
  public:
   explicit FaultMaker(std::string_view text)
-      : lines_(lines_of(text)), document_(read_all(text).data) {}
+      : input_(std::string(text), input::bdf::shipped_schema()) {
+    for (std::size_t number = 1; number <= input_.source().line_count(); ++number) {
+      lines_.emplace_back(input_.source().line(number));
+    }
+  }
 
   std::vector<Fault> run() {
-    for (const Module& module : document_.modules) {
-      if (module.known && module.location) {
-        break_module(module);
+    const std::vector<Module>& modules = input_.data().modules;
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+      if (modules[i].known) {
+        break_module(i);
       }
     }
-    break_geometry();
+    remove_end("missing end geometry", RecordId::of(RecordKind::Geometry, 0));
     return std::move(faults_);
   }
 
  private:
-  static const InputSchema& schema() { return input::bdf::shipped_schema(); }
-
-  std::size_t index_of(const std::optional<input::bdf::SourceSpan>& place) const {
-    return static_cast<std::size_t>(place->line) - 1;
-  }
+  const InputSchema& schema() const { return input_.schema(); }
 
   void add(std::string_view kind, std::size_t index, const std::vector<std::string>& lines) {
     faults_.push_back({kind, index + 1, text_of(lines)});
   }
 
-  void replace_word(std::string_view kind, std::size_t index, const Word& word,
-                    const std::string& replacement) {
+  void replace(std::string_view kind, const TextRange& range, const std::string& replacement) {
+    const std::size_t index = input_.source().line_at(range.begin) - 1;
     std::vector<std::string> lines = lines_;
-    lines[index].replace(word.begin, word.end - word.begin, replacement);
+    const std::size_t begin = range.begin - input_.source().line_range(index + 1).begin;
+    lines[index].replace(begin, range.size(), replacement);
     add(kind, index, lines);
   }
 
-  void remove_line(std::string_view kind, std::size_t index) {
-    std::vector<std::string> lines = lines_;
-    lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(index));
-    add(kind, index, lines);
-  }
-
-  // The line at or behind an index that says so; none when a module ends before.
-  std::optional<std::size_t> find_line(std::size_t index, std::string_view wanted) const {
-    for (; index < lines_.size(); ++index) {
-      const std::string_view line = trim_view(lines_[index]);
-      if (equals_ignoring_case(line, wanted)) {
-        return index;
-      }
-      if (equals_ignoring_case(line, "$end")) {
-        return std::nullopt;
-      }
+  void remove_end(std::string_view kind, const RecordId& record) {
+    if (const std::size_t number = input_.end_line(record); number != 0) {
+      std::vector<std::string> lines = lines_;
+      lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(number) - 1);
+      add(kind, number - 1, lines);
     }
-    return std::nullopt;
   }
 
-  void break_module(const Module& module) {
-    const std::size_t header = index_of(module.location);
-    const auto word = first_word(lines_[header]);
+  void break_module(std::size_t index) {
+    const Module& module = input_.data().modules[index];
+    const RecordId record = RecordId::of_module(index);
     const std::string name = misspelt(module.name);
-    if (word && !schema().is_known_module(name)) {
-      replace_word("misspelt module", header, *word, "$" + name);
+    if (!schema().is_known_module(name)) {
+      replace("misspelt module", input_.keyword_range(record), "$" + name);
     }
-    if (const auto end = find_line(header, "$end"); module.terminated && end) {
-      remove_line("missing $end", *end);
-    }
+    remove_end("missing $end", record);
     for (std::size_t i = 0; i < module.entries.size(); ++i) {
       if (module.entries[i].known) {
-        break_entry(module, i);
+        break_entry(module, module.entries[i], RecordId::of_entry(index, i));
       }
     }
   }
 
-  void break_entry(const Module& module, std::size_t number) {
-    const ModuleEntry& entry = module.entries[number];
+  void break_entry(const Module& module, const ModuleEntry& entry, const RecordId& record) {
     const auto info = schema().entry_info(module.name, entry.name);
-    const std::size_t keyword = index_of(entry.location);
-    const auto word = first_word(lines_[keyword]);
-    if (!info || !word) {
+    if (!info) {
       return;
     }
-    const std::string name = misspelt(lines_[keyword].substr(word->begin, word->end - word->begin));
+    const TextRange keyword = input_.keyword_range(record);
+    const std::string name = misspelt(std::string(input_.source().text_of(keyword)));
     if (!schema().is_known_entry(module.name, name)) {
-      replace_word("misspelt keyword", keyword, *word, name);
+      replace("misspelt keyword", keyword, name);
     }
     if (!info->repeatable) {
-      repeat_entry(module, number);
+      repeat(record);
     }
-    if (!info->terminator.empty() && entry.terminated) {
-      if (const auto end = find_line(keyword + 1, info->terminator)) {
-        remove_line(
-            info->terminator == "end geometry" ? "missing end geometry" : "missing terminator",
-            *end);
-      }
-    }
-    break_value(entry, *info);
+    remove_end(info->terminator == "end geometry" ? "missing end geometry" : "missing terminator",
+               record);
+    break_value(entry, record, *info);
   }
 
-  void repeat_entry(const Module& module, std::size_t number) {
-    const std::size_t begin = index_of(module.entries[number].location);
-    std::optional<std::size_t> end = find_line(begin, "$end");
-    if (number + 1 < module.entries.size()) {
-      end = index_of(module.entries[number + 1].location);
-    }
-    if (end) {
-      std::vector<std::string> lines = lines_;
-      const std::vector<std::string> copy(lines_.begin() + static_cast<std::ptrdiff_t>(begin),
-                                          lines_.begin() + static_cast<std::ptrdiff_t>(*end));
-      lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*end), copy.begin(), copy.end());
-      add("repeated singular entry", *end, lines);
-    }
+  void repeat(const RecordId& record) {
+    const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(input_.first_line(record)) - 1;
+    const std::size_t end = input_.last_line(record);
+    const std::vector<std::string> copy(begin, lines_.begin() + static_cast<std::ptrdiff_t>(end));
+    std::vector<std::string> lines = lines_;
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(end), copy.begin(), copy.end());
+    add("repeated singular entry", end, lines);
   }
 
-  void break_value(const ModuleEntry& entry, const input::bdf::EntrySchemaInfo& info) {
+  // In each line of values, the first of them.
+  void break_value(const ModuleEntry& entry, const RecordId& record,
+                   const input::bdf::EntrySchemaInfo& info) {
     const bool has_values =
         info.kind == EntryValueKind::Scalar || info.kind == EntryValueKind::Tuple ||
         info.kind == EntryValueKind::MultiLine || info.kind == EntryValueKind::CountedRows;
-    if (!has_values) {
-      return;
-    }
-    const std::size_t keyword = index_of(entry.location);
-    for (std::size_t i = 0; i < entry.values.size(); ++i) {
-      const std::size_t index = keyword + 1 + i;
-      const auto word = first_word(lines_[index]);
-      if (!word) {
-        continue;
-      }
-      const std::string text = lines_[index].substr(word->begin, word->end - word->begin);
+    for (std::size_t i = 0; has_values && i < entry.values.size(); ++i) {
+      const TextRange word = first_field(input_.value_range(record, i));
+      const std::string text(input_.source().text_of(word));
       if (is_number(text)) {
-        replace_word("letter in a number", index, *word, text + "o");
+        replace("letter in a number", word, text + "o");
       }
-      if (!info.allowed.empty()) {
-        replace_word("value not in the list", index, *word, is_number(text) ? "77" : "nonesuch");
+      if (!text.empty() && !info.allowed.empty()) {
+        replace("value not in the list", word, is_number(text) ? "77" : "nonesuch");
       }
     }
   }
 
-  // The geometry of the header; that of compass is one of its entries.
-  void break_geometry() {
-    if (!document_.has_geometry || !document_.geometry_terminated || !document_.geometry_location) {
-      return;
-    }
-    if (const auto end = find_line(index_of(document_.geometry_location), "end geometry")) {
-      remove_line("missing end geometry", *end);
-    }
+  TextRange first_field(const TextRange& values) const {
+    const std::string_view text = input_.source().text_of(values);
+    const auto is_break = [](char byte) { return core::text::is_space(byte) || byte == ','; };
+    const auto begin = std::find_if_not(text.begin(), text.end(), is_break);
+    const auto end = std::find_if(begin, text.end(), is_break);
+    const auto byte_of = [&](auto at) {
+      return values.begin + static_cast<std::size_t>(at - text.begin());
+    };
+    return {byte_of(begin), byte_of(end)};
   }
 
+  input::bdf::ParsedInput input_;
   std::vector<std::string> lines_;
-  input::bdf::BDFData document_;
   std::vector<Fault> faults_;
 };
 

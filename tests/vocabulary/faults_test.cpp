@@ -106,7 +106,7 @@ TEST(Faults, AreMadeInEveryPlaceThereIs) {
       "guess\n"
       "  atom\n"
       "charge\n"
-      "  12 # remark\n"
+      "  12 # comment\n"
       "$end\n";
   std::map<std::string_view, std::vector<std::size_t>> places;
   for (const Fault& fault : faults_of(text)) {
