@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
-#include "support/line_claims.hpp"
 #include "kelp/input/bdf.hpp"
 #include "support/files.hpp"
+#include "support/line_claims.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
