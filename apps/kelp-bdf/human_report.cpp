@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "kelp/core/unicode.hpp"
 #include "report.hpp"
-#include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
@@ -57,14 +57,15 @@ Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end) {
   Excerpt excerpt;
   std::size_t from = 0;
   if (line.size() > widest_line && begin > context_before) {
-    from = next_character(line, begin - context_before);
+    from = core::unicode::next_character(line, begin - context_before);
     excerpt.before = ellipsis;
   }
-  const std::size_t to = next_character(line, std::min(line.size(), from + widest_line));
+  const std::size_t to =
+      core::unicode::next_character(line, std::min(line.size(), from + widest_line));
   end = std::min(end, to);
-  excerpt.before += displayable(line.substr(from, begin - from));
-  excerpt.marked = displayable(line.substr(begin, end - begin));
-  excerpt.after = displayable(line.substr(end, to - end));
+  excerpt.before += core::unicode::displayable(line.substr(from, begin - from));
+  excerpt.marked = core::unicode::displayable(line.substr(begin, end - begin));
+  excerpt.after = core::unicode::displayable(line.substr(end, to - end));
   if (to < line.size()) {
     excerpt.after += ellipsis;
   }
@@ -87,8 +88,10 @@ class HumanReport {
     std::string text = fmt::format(
         "{}{}\n",
         painter_.severity(diagnostic_.severity, fmt::format("{}[{}]", severity, diagnostic_.code)),
-        painter_.strong(": " + displayable(abridged(diagnostic_.message))));
-    text += fmt::format("{:{}}{} {}", "", gutter_, painter_.frame("-->"), displayable(file));
+        painter_.strong(": " +
+                        core::unicode::displayable(core::unicode::abridged(diagnostic_.message))));
+    text += fmt::format("{:{}}{} {}", "", gutter_, painter_.frame("-->"),
+                        core::unicode::displayable(file));
     if (diagnostic_.range) {
       text += fmt::format(":{}:{}\n", start_.line, start_.column) + excerpt(*diagnostic_.range);
     } else {
@@ -96,7 +99,7 @@ class HumanReport {
     }
     for (const std::string& help : diagnostic_.help) {
       text += fmt::format("{:{}} {} {}: {}\n", "", gutter_, painter_.frame("="),
-                          painter_.strong("help"), displayable(help));
+                          painter_.strong("help"), core::unicode::displayable(help));
     }
     return text + '\n';
   }
@@ -106,15 +109,16 @@ class HumanReport {
     const TextRange line = source_.line_range(start_.line);
     const Excerpt excerpt =
         cut_excerpt(source_.text_of(line), range.begin - line.begin, range.end - line.begin);
-    const std::size_t carets = std::max<std::size_t>(1, display_width(excerpt.marked));
+    const std::size_t carets =
+        std::max<std::size_t>(1, core::unicode::display_width(excerpt.marked));
     const std::string underline =
         std::string(carets, '^') +
-        (diagnostic_.label.empty() ? "" : " " + displayable(diagnostic_.label));
+        (diagnostic_.label.empty() ? "" : " " + core::unicode::displayable(diagnostic_.label));
     const std::string bar = painter_.frame(fmt::format("{:{}} |", "", gutter_));
     return fmt::format("{}\n{} {}{}{}\n{} {}{}\n", bar,
                        painter_.frame(fmt::format("{:>{}} |", start_.line, gutter_)),
                        excerpt.before, excerpt.marked, excerpt.after, bar,
-                       std::string(display_width(excerpt.before), ' '),
+                       std::string(core::unicode::display_width(excerpt.before), ' '),
                        painter_.severity(diagnostic_.severity, underline));
   }
 
@@ -135,10 +139,6 @@ std::string report_text(const Diagnostic& diagnostic, const input::bdf::SourceTe
                         std::string_view file, const ReportForm& form) {
   return form.human ? HumanReport(diagnostic, source, form.colour).text(file)
                     : concise_text(diagnostic, source, file) + '\n';
-}
-
-std::string report_text(const Finding& finding, const ReportForm& form) {
-  return report_text(finding.diagnostic, finding.source, finding.file, form);
 }
 
 std::string human_summary(const Totals& totals) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "kelp/input/bdf/outline.hpp"
+#include "kelp/input/bdf/source.hpp"
 
 namespace kelp::app {
 
@@ -18,5 +20,22 @@ std::string outline_text(const FileOutline& file);
 
 /// Returns outlines as one JSON document.
 std::string outline_json(const std::vector<FileOutline>& files);
+
+/// One line of a value, without comment, and where it stands.
+struct ValueLine {
+  std::string text;
+  input::bdf::TextRange range;
+};
+
+/// What stands at a path in a file.
+struct FileValue {
+  std::string path;
+  std::string file;
+  input::bdf::SourceText source;
+  std::optional<std::vector<ValueLine>> lines;  ///< unset when there is nothing at the path
+};
+
+/// Returns values as one JSON document.
+std::string values_json(const std::vector<FileValue>& files);
 
 }  // namespace kelp::app

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
 #include "outline.hpp"
-#include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
@@ -16,14 +16,14 @@ constexpr std::size_t longest_value = 60;
 
 std::string shortened(std::string_view text) {
   if (text.size() <= longest_value) {
-    return displayable(text);
+    return core::unicode::displayable(text);
   }
   std::size_t cut = longest_value;
   // Not within a character.
   while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0U) == 0x80U) {
     --cut;
   }
-  return displayable(text.substr(0, cut)) + "...";
+  return core::unicode::displayable(text.substr(0, cut)) + "...";
 }
 
 std::string values_text(const std::vector<std::string>& values) {
@@ -47,7 +47,8 @@ class TextWriter {
   explicit TextWriter(const FileOutline& file) : file_(file.file), outline_(file.outline) {}
 
   std::string run() {
-    text_ = fmt::format("{}: {} input\n", displayable(file_), to_string(outline_.mode));
+    text_ =
+        fmt::format("{}: {} input\n", core::unicode::displayable(file_), to_string(outline_.mode));
     if (outline_.script_name) {
       add("script name", shortened(*outline_.script_name));
     }
@@ -93,7 +94,7 @@ class TextWriter {
   void add_module(const Outline::Module& module) {
     std::string notes;
     if (module.path != module.name) {
-      notes += "  (" + displayable(module.path) + ')';
+      notes += "  (" + core::unicode::displayable(module.path) + ')';
     }
     if (!module.known) {
       notes += "  (unknown)";
@@ -101,17 +102,18 @@ class TextWriter {
     if (!module.terminated) {
       notes += "  (no $end)";
     }
-    text_ += fmt::format("{:>6}  ${}{}\n", module.line, displayable(module.name), notes);
+    text_ +=
+        fmt::format("{:>6}  ${}{}\n", module.line, core::unicode::displayable(module.name), notes);
     add_entries(module.entries, 1);
   }
 
   void add_entries(const std::vector<Outline::Entry>& entries, std::size_t depth) {
     std::size_t width = 0;
     for (const Outline::Entry& entry : entries) {
-      width = std::max(width, entry.values.empty() ? 0 : display_width(entry.name));
+      width = std::max(width, entry.values.empty() ? 0 : core::unicode::display_width(entry.name));
     }
     for (const Outline::Entry& entry : entries) {
-      const std::string name = displayable(entry.name);
+      const std::string name = core::unicode::displayable(entry.name);
       const std::string line =
           fmt::format("{:>6}  {:{}}{:<{}}{}{}", entry.line, "", 2 * depth, name,
                       entry.values.empty() ? 0 : width, values_text(entry.values),

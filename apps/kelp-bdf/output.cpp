@@ -4,7 +4,7 @@
 #include <string>
 
 #include "kelp/core/resource.hpp"
-#include "unicode.hpp"
+#include "kelp/core/unicode.hpp"
 
 namespace kelp::app {
 namespace {
@@ -40,7 +40,7 @@ void print_aside(std::string_view text) {
 }
 
 void complain(std::string_view text) {
-  print_aside("kelp-bdf: " + displayable(text) + '\n');
+  print_aside("kelp-bdf: " + core::unicode::displayable(text) + '\n');
 }
 
 bool output_ended() {

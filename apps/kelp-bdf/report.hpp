@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "finding.hpp"
+#include "kelp/input/bdf/diagnostics.hpp"
+#include "kelp/input/bdf/source.hpp"
 
 namespace kelp::app {
 
@@ -26,7 +27,6 @@ struct ReportForm {
 std::string report_text(const input::bdf::Diagnostic& diagnostic,
                         const input::bdf::SourceText& source, std::string_view file,
                         const ReportForm& form);
-std::string report_text(const Finding& finding, const ReportForm& form);
 
 /// Returns the line that closes a human report; empty when there was nothing to report.
 std::string human_summary(const Totals& totals);

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <utility>
+#include <vector>
 
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/schema_lint.hpp"
@@ -14,16 +14,14 @@
 namespace kelp::app {
 namespace {
 
+using input::bdf::Diagnostic;
 using input::bdf::SchemaProblem;
 using input::bdf::Severity;
+using input::bdf::SourceText;
 using input::bdf::ValidationSeverity;
 
-Finding make_schema_finding(const SchemaProblem& problem, const std::string& file_name,
-                            const input::bdf::SourceText& source) {
-  Finding finding;
-  finding.file = file_name;
-  finding.source = source;
-  input::bdf::Diagnostic& diagnostic = finding.diagnostic;
+Diagnostic diagnostic_of(const SchemaProblem& problem, const SourceText& source) {
+  Diagnostic diagnostic;
   diagnostic.code = problem.code;
   diagnostic.severity =
       problem.severity == ValidationSeverity::Error ? Severity::Error : Severity::Warning;
@@ -38,32 +36,22 @@ Finding make_schema_finding(const SchemaProblem& problem, const std::string& fil
     diagnostic.help.push_back("did you mean " + input::bdf::quoted_choice(diagnostic.suggestions) +
                               "?");
   }
-  return finding;
+  return diagnostic;
 }
 
 }  // namespace
 
-std::vector<Finding> find_in_schema(const std::string& file_name, std::string text) {
-  const std::vector<SchemaProblem> problems = input::bdf::lint_schema(text);
-  const input::bdf::SourceText source(std::move(text));
-  std::vector<Finding> findings;
-  findings.reserve(problems.size());
-  for (const SchemaProblem& problem : problems) {
-    findings.push_back(make_schema_finding(problem, file_name, source));
-  }
-  return findings;
-}
-
 ExitStatus lint_schema_file(const LintOptions& options, Session& session) {
-  const Source source{options.file,
-                      options.file == "-" ? session.options.stdin_filename : options.file};
-  const std::vector<Finding> findings = find_in_schema(source.name, read_source(source));
+  const Source source = source_of(options.file, session.options);
+  const SourceText text(read_source(source));
+  const std::vector<SchemaProblem> problems = input::bdf::lint_schema(text.text());
   const ReportForm form = {options.format == "human", use_colour(session.options.colour)};
-  Totals totals{0, 0, findings.empty() ? std::size_t{0} : std::size_t{1}, 1};
-  for (const Finding& finding : findings) {
-    ++(finding.diagnostic.severity == Severity::Error ? totals.errors : totals.warnings);
+  Totals totals{0, 0, problems.empty() ? std::size_t{0} : std::size_t{1}, 1};
+  for (const SchemaProblem& problem : problems) {
+    const Diagnostic diagnostic = diagnostic_of(problem, text);
+    ++(diagnostic.severity == Severity::Error ? totals.errors : totals.warnings);
     if (!session.options.quiet) {
-      print(report_text(finding, form));
+      print(report_text(diagnostic, text, source.name, form));
     }
   }
   if (form.human && !session.options.quiet) {

@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "did_you_mean.hpp"
+#include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
 #include "kelp/input/bdf/names.hpp"
 #include "output.hpp"
-#include "unicode.hpp"
 
 namespace kelp::app {
 namespace {
@@ -26,7 +26,7 @@ std::vector<std::size_t> widths_of(const Rows& rows) {
   for (const Row& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));
     for (std::size_t i = 0; i < row.size(); ++i) {
-      widths[i] = std::max(widths[i], display_width(row[i]));
+      widths[i] = std::max(widths[i], core::unicode::display_width(row[i]));
     }
   }
   return widths;
@@ -77,7 +77,7 @@ std::string table_text(const Rows& rows) {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
       line += row[i];
-      line.append(widths[i] - display_width(row[i]) + 2, ' ');
+      line.append(widths[i] - core::unicode::display_width(row[i]) + 2, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);
     text += line + '\n';

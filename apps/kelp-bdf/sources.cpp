@@ -54,15 +54,17 @@ std::string read_standard_input() {
 
 }  // namespace
 
+Source source_of(const std::string& argument, const CommonOptions& options) {
+  return {argument, argument == "-" ? options.stdin_filename : argument};
+}
+
 Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options) {
   Sources sources;
   for (const std::string& argument : arguments) {
-    if (argument == "-") {
-      sources.list.push_back({argument, options.stdin_filename});
-    } else if (core::fs::is_directory(argument)) {
+    if (argument != "-" && core::fs::is_directory(argument)) {
       add_folder(argument, sources);
     } else {
-      sources.list.push_back({argument, argument});
+      sources.list.push_back(source_of(argument, options));
     }
   }
   return sources;

@@ -21,6 +21,9 @@ struct Sources {
   std::vector<std::string> errors;
 };
 
+/// Turns an argument that names one input, - being standard input, into it.
+Source source_of(const std::string& argument, const CommonOptions& options);
+
 /// Turns arguments into inputs: a folder becomes the `*.inp` and `*.bdf` files below it.
 Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options);
 

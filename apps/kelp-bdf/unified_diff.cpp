@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "line_diff.hpp"
+#include "kelp/core/diff.hpp"
 
 namespace kelp::app {
 namespace {
@@ -57,9 +57,9 @@ std::string name_text(std::string_view side, std::string_view name) {
 class Diff {
  public:
   Diff(std::string_view old_text, std::string_view new_text)
-      : old_(lines_with_ends(old_text)),
-        new_(lines_with_ends(new_text)),
-        changes_(find_changes(old_, new_)) {}
+      : old_(core::diff::lines_with_ends(old_text)),
+        new_(core::diff::lines_with_ends(new_text)),
+        changes_(core::diff::find_changes(old_, new_)) {}
 
   std::string hunks() {
     for (std::size_t first = 0; first < changes_.size();) {
@@ -76,8 +76,8 @@ class Diff {
 
  private:
   void write_hunk(std::size_t first, std::size_t last) {
-    const Change& front = changes_[first];
-    const Change& back = changes_[last];
+    const core::diff::Change& front = changes_[first];
+    const core::diff::Change& back = changes_[last];
     const std::size_t before = std::min(context, front.old_begin);
     const std::size_t after = std::min(context, old_.size() - back.old_end);
     std::size_t at = front.old_begin - before;
@@ -100,7 +100,7 @@ class Diff {
 
   Lines old_;
   Lines new_;
-  std::vector<Change> changes_;
+  std::vector<core::diff::Change> changes_;
   std::string out_;
 };
 

@@ -32,7 +32,7 @@ TEST(SetHeader, Changes) {
            Row{"a value that is a word of its own",
                {"easy.charge=2"},
                "hf/sto-3g charge -1 soc",
-               "hf/sto-3g charge=2 soc"},
+               "hf/sto-3g charge 2 soc"},
            Row{"a keyword taken out",
                {"--unset", "easy.charge"},
                "hf/sto-3g charge=1 soc",
@@ -49,11 +49,23 @@ TEST(SetHeader, Changes) {
            Row{"the charge in the form with a blank",
                {"--charge=1"},
                "hf/sto-3g charge 0",
-               "hf/sto-3g charge=1"},
+               "hf/sto-3g charge 1"},
            Row{"the multiplicity",
                {"--multiplicity", "3"},
                "hf/sto-3g charge=0",
                "hf/sto-3g charge=0 spinmulti=3"},
+           Row{"a value that is there already, spelt otherwise",
+               {"easy.charge=+1", "easy.unit=BOHR"},
+               "HF/sto-3g  Charge = 1  unit=bohr",
+               "HF/sto-3g  Charge = 1  unit=bohr"},
+           Row{"a functional",
+               {"easy.functional=pbe0"},
+               "TDDFT/B3LYP/cc-pVDZ iroot=1",
+               "TDDFT/pbe0/cc-pVDZ iroot=1"},
+           Row{"a basis set, and a method",
+               {"easy.basis=def2-svp", "easy.method=mp2"},
+               "HF/cc-pVDZ # c",
+               "mp2/def2-svp # c"},
            Row{"both",
                {"--multiplicity", "2", "--charge", "1"},
                "hf/sto-3g",
@@ -68,20 +80,21 @@ TEST(SetHeader, Changes) {
   }
 }
 
-TEST(SetHeader, ChargeAndMultiplicityReachAnScfModuleToo) {
+// What the module does not state, it must not state otherwise.
+TEST(SetHeader, ChargeAndMultiplicityReachAnScfModuleThatStatesThem) {
   Program program;
   const std::string scf = "\n$scf\n  charge\n    0\n$end\n";
   const Outcome outcome = program.run({"set", "-", "--charge", "1", "--multiplicity", "2"},
                                       "#!job.bdf\nhf/sto-3g" + geometry + scf);
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.out, "#!job.bdf\nhf/sto-3g charge=1 spinmulti=2" + geometry +
-                             "\n$scf\n  charge\n    1\n  spinmulti\n    2\n$end\n");
+                             "\n$scf\n  charge\n    1\n$end\n");
 }
 
 TEST(SetHeader, SetsTheScriptName) {
   Program program;
-  const Outcome outcome = program.run({"set", "-", "--script-name", "  #! water.sh "},
-                                      "#!job.bdf\nhf/sto-3g" + geometry);
+  const Outcome outcome =
+      program.run({"set", "-", "--script-name", "water.sh"}, "#!job.bdf\nhf/sto-3g" + geometry);
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.out, "#!water.sh\nhf/sto-3g" + geometry);
 }

@@ -10,13 +10,13 @@
 namespace kelp::test {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 constexpr const char* water = "3\nwater\nO 0 0 0.1 9\nH 0 0.7 -0.4\nH 0 -0.7 -0.4\n";
-constexpr const char* water_block =
-    "Geometry\n  O 0.0000000000 0.0000000000 0.1000000000\n"
-    "  H 0.0000000000 0.7000000000 -0.4000000000\n"
-    "  H 0.0000000000 -0.7000000000 -0.4000000000\nEnd Geometry\n";
+constexpr const char* hydrogens =
+    "H 0.0000000000 0.7000000000 -0.4000000000\nH 0.0000000000 -0.7000000000 -0.4000000000\n";
 
 TEST(SetGeometry, OfAnInputWithAHeader) {
   Program program;
@@ -24,7 +24,8 @@ TEST(SetGeometry, OfAnInputWithAHeader) {
   const Outcome outcome = program.run({"set", "-", "--geometry", "water.xyz"},
                                       "#!job.bdf\nhf/sto-3g\n\nGeometry\nHe 0 0 0\nEnd Geometry\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, std::string("#!job.bdf\nhf/sto-3g\n\n") + water_block);
+  EXPECT_EQ(outcome.out, std::string("#!job.bdf\nhf/sto-3g\n\nGeometry\nO 0 0 0.1000000000\n") +
+                             hydrogens + "End Geometry\n");
 }
 
 TEST(SetGeometry, OfAModuleInputStandsInCompass) {
@@ -34,36 +35,34 @@ TEST(SetGeometry, OfAModuleInputStandsInCompass) {
       {"set", "-", "--geometry", "water.xyz"},
       "$compass\nbasis\nsto-3g\ngeometry\nHe 0 0 0\nend geometry\n$end\n$scf\nrhf\n$end\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out.substr(0, 9), "$compass\n");
-  EXPECT_THAT(outcome.out, HasSubstr("O 0.0000000000 0.0000000000 0.1000000000"));
-  EXPECT_EQ(outcome.out.find("He"), std::string::npos);
+  EXPECT_EQ(outcome.out, std::string("$compass\nbasis\nsto-3g\ngeometry\nO 0 0 0.1000000000\n") +
+                             hydrogens + "end geometry\n$end\n$scf\nrhf\n$end\n");
   EXPECT_EQ(program.run({"check", "-"}, outcome.out).status, 0);
   EXPECT_EQ(program.run({"get", "geometry", "-"}, outcome.out).out,
-            "O 0.0000000000 0.0000000000 0.1000000000\nH 0.0000000000 0.7000000000 -0.4000000000\n"
-            "H 0.0000000000 -0.7000000000 -0.4000000000\n");
+            std::string("O 0 0 0.1000000000\n") + hydrogens);
 }
 
-TEST(SetGeometry, RemarksOfTheOldGeometryMayGo) {
+TEST(SetGeometry, CommentsWithinTheOldGeometryStay) {
   Program program;
   program.write("water.xyz", water);
-  const Outcome outcome = program.run(
-      {"set", "-", "--geometry", "water.xyz"},
-      "hf/sto-3g\nGeometry\n# one atom\nHe 0 0 0.123456789012 # centre\nEnd Geometry\n");
+  const Outcome outcome =
+      program.run({"set", "-", "--geometry", "water.xyz"},
+                  "hf/sto-3g\nGeometry\n# one atom\nHe 0 0 0.12 # centre\nEnd Geometry\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, std::string("hf/sto-3g\n") + water_block);
+  EXPECT_EQ(outcome.out,
+            std::string("hf/sto-3g\nGeometry\n# one atom\nO 0 0 0.1000000000 # centre\n") +
+                hydrogens + "End Geometry\n");
 }
 
-TEST(SetGeometry, RemarksAroundTheOldGeometryStay) {
+TEST(SetGeometry, CommentsAroundTheOldGeometryStay) {
   Program program;
   program.write("water.xyz", water);
   const Outcome outcome =
       program.run({"set", "-", "--geometry", "water.xyz"},
                   "hf/sto-3g\nGeometry # begins\nHe 0 0 0\nEnd Geometry # ends\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out,
-            "hf/sto-3g\nGeometry # begins\n  O 0.0000000000 0.0000000000 0.1000000000\n"
-            "  H 0.0000000000 0.7000000000 -0.4000000000\n"
-            "  H 0.0000000000 -0.7000000000 -0.4000000000\nEnd Geometry # ends\n");
+  EXPECT_EQ(outcome.out, std::string("hf/sto-3g\nGeometry # begins\nO 0 0 0.1000000000\n") +
+                             hydrogens + "End Geometry # ends\n");
 }
 
 TEST(SetGeometry, MayBeTheFirstOne) {
@@ -72,23 +71,55 @@ TEST(SetGeometry, MayBeTheFirstOne) {
   const Outcome outcome =
       program.run({"set", "-", "--geometry", "water.xyz"}, "#!job.bdf\nhf/sto-3g\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out, std::string("#!job.bdf\nhf/sto-3g\n\n") + water_block);
+  EXPECT_THAT(outcome.out, StartsWith("#!job.bdf\nhf/sto-3g\n"));
+  EXPECT_THAT(outcome.out,
+              EndsWith("Geometry\n  O 0.0000000000 0.0000000000 0.1000000000\n"
+                       "  H 0.0000000000 0.7000000000 -0.4000000000\n"
+                       "  H 0.0000000000 -0.7000000000 -0.4000000000\nEnd Geometry\n"));
 }
 
-TEST(SetGeometry, InAnotherUnitIsRefused) {
-  const std::string input = "#!job.bdf\nhf/sto-3g unit=Bohr\n\nGeometry\nHe 0 0 0\nEnd Geometry\n";
+TEST(SetGeometry, IsWrittenInTheUnitOfTheInput) {
   Program program;
   program.write("water.xyz", water);
   const Outcome outcome =
-      program.run({"set", "--format", "concise", "-", "--geometry", "water.xyz"}, input);
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.out, "");
-  EXPECT_THAT(outcome.err, HasSubstr("The new atoms are in angstrom, but 'easy.unit' says bohr. "
-                                     "[bdf.edit_unit]"));
+      program.run({"set", "-", "--geometry", "water.xyz"},
+                  "#!job.bdf\nhf/sto-3g unit=Bohr\n\nGeometry\nHe 0 0 0\nEnd Geometry\n");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out,
+            "#!job.bdf\nhf/sto-3g unit=Bohr\n\nGeometry\nO 0 0 0.1889726125\n"
+            "H 0.0000000000 1.3228082872 -0.7558904499\n"
+            "H 0.0000000000 -1.3228082872 -0.7558904499\nEnd Geometry\n");
+}
+
+TEST(SetGeometry, MayComeFromStandardInput) {
+  Program program;
+  program.write("a.inp", "hf/sto-3g\nGeometry\nHe 0 0 0\nEnd Geometry\n");
   EXPECT_EQ(
-      program.run({"set", "-", "--geometry", "water.xyz", "easy.unit=angstrom"}, input).status, 0);
-  EXPECT_EQ(program.run({"set", "-q", "--force", "-", "--geometry", "water.xyz"}, input).out,
-            std::string("#!job.bdf\nhf/sto-3g unit=Bohr\n\n") + water_block);
+      program.run({"set", "a.inp", "--geometry", "-"}, water).out,
+      std::string("hf/sto-3g\nGeometry\nO 0 0 0.1000000000\n") + hydrogens + "End Geometry\n");
+  const Outcome bad = program.run({"set", "a.inp", "--geometry", "-"}, "1\n");
+  EXPECT_EQ(bad.status, 2);
+  EXPECT_THAT(bad.err, StartsWith("kelp-bdf: <stdin>:"));
+  const Outcome both = program.run({"set", "-", "--geometry", "-"}, water);
+  EXPECT_EQ(both.status, 2);
+  EXPECT_EQ(both.err, "kelp-bdf: standard input cannot hold both the input and the geometry\n");
+}
+
+TEST(SetGeometry, OneOfSeveralIsNamedByItsPath) {
+  Program program;
+  program.write("he=1.xyz", "1\n\nHe 0 0 1\n");
+  const std::string first = "$compass\ngeometry\nO 0 0 0\nend geometry\n$end\n";
+  const std::string second = "$compass\ngeometry\nNe 0 0 0 # c\nend geometry\n$end\n";
+  const Outcome outcome =
+      program.run({"set", "-", "--geometry", "compass#2.geometry=he=1.xyz"}, first + second);
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out,
+            first + "$compass\ngeometry\nHe 0 0 1.0000000000 # c\nend geometry\n$end\n");
+  EXPECT_EQ(program.run({"set", "-", "--geometry", "geometry=he=1.xyz"}, first).out,
+            "$compass\ngeometry\nHe 0 0 1.0000000000\nend geometry\n$end\n");
+  EXPECT_EQ(program.run({"set", "-", "--geometry", "he=1.xyz"}, first + second).err,
+            "kelp-bdf: <stdin>: the input has more than one geometry; name the one to replace: "
+            "compass.geometry, compass#2.geometry\n");
 }
 
 TEST(SetGeometry, AMalformedFileIsNamedWithItsLine) {
@@ -107,7 +138,7 @@ TEST(SetCharge, OfAModuleInputStandsInScf) {
   EXPECT_EQ(program.run({"set", "-", "--charge", "-1"}, "$scf\n  rhf\n$end\n").out,
             "$scf\n  rhf\n  charge\n    -1\n$end\n");
   EXPECT_EQ(program.run({"set", "-", "--multiplicity", "2"}, "$xuanyuan\n$end\n").out,
-            "$xuanyuan\n$end\n$scf\n  spinmulti\n    2\n$end\n");
+            "$xuanyuan\n$end\n\n$scf\n  spinmulti\n    2\n$end\n");
 }
 
 TEST(SetCharge, TakesNothingButIntegers) {

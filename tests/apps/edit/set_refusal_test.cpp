@@ -48,11 +48,10 @@ const Row impossible[] = {
      {"geometry=x"},
      two_modules,
      "kelp-bdf: a.inp: cannot change 'geometry': atoms come from a file: --geometry FILE.xyz\n"},
-    {"an entry of a block",
-     {"scf.block.x=1"},
+    {"an entry of what is no block",
+     {"scf.charge.x=1"},
      two_modules,
-     "kelp-bdf: a.inp: cannot change 'scf.block.x': entries within a block can be read, but not "
-     "set\n"},
+     "kelp-bdf: a.inp: cannot change 'scf.charge': it is no block of entries\n"},
     {"a flag with a value",
      {"scf.rhf=1"},
      two_modules,
@@ -94,17 +93,16 @@ TEST(SetRefuses, WhatIsImpossibleEvenWhenForced) {
 }
 
 const Row doubtful[] = {
-    {"a value that adds an error", {"scf.charge=one"}, two_modules, "[bdf.invalid_module_value]"},
+    {"a value that adds an error",
+     {"scf.charge=one"},
+     two_modules,
+     "a.inp (as edited):3:5: error: BDF module entry 'scf.charge' has an invalid value 'one'. "
+     "[bdf.invalid_module_value]\n"},
     {"a value that ends the module",
      {"compass.basis=a\\n$end\\nb"},
      "$compass\n$end\n",
      "[bdf.edit_value]"},
     {"a value that is a keyword", {"scf.charge=rhf"}, "$scf\n$end\n", "[bdf.edit_value]"},
-    {"a value behind the keyword that would be lost",
-     {"scf.charge=1"},
-     "$scf\n  charge 2\n$end\n",
-     "a.inp:2:10: error: The canonical form does not carry the "
-     "value behind 'charge'. [bdf.format_loss]\n"},
     {"an unknown keyword whose old values cannot be told",
      {"scf.nosuch=2"},
      "$scf\n  nosuch\n    1\n$end\n",
@@ -129,6 +127,20 @@ TEST(SetRefuses, WhatWouldDoHarm) {
     EXPECT_THAT(forced.err, HasSubstr(": warning: ")) << row.what;
     EXPECT_THAT(forced.err, Not(HasSubstr(": error: "))) << row.what;
     EXPECT_NE(program.read("a.inp"), row.text) << row.what;
+  }
+}
+
+// With --force they are written, as 'SetUnknownNames' shows.
+TEST(SetRefuses, NamesThatTheVocabularyDoesNotKnow) {
+  for (const char* const argument :
+       {"scf.nosuch=1", "nosuch.charge=1", "easy.nosuch=1", "easy.basis=cc-pvdx"}) {
+    Program program;
+    program.write("a.inp", "#!job\nhf/sto-3g\n\nGeometry\nHe 0 0 0\nEnd Geometry\n");
+    const Outcome outcome = program.run({"set", "a.inp", argument});
+    EXPECT_EQ(outcome.status, 2) << argument;
+    EXPECT_EQ(outcome.out, "") << argument;
+    EXPECT_THAT(outcome.err, HasSubstr("kelp-bdf: a.inp: cannot change '")) << argument;
+    EXPECT_THAT(outcome.err, HasSubstr("(--force writes it)\n")) << argument;
   }
 }
 

@@ -1,4 +1,4 @@
-// The canonical form, and that what is in it stays as it is.
+// The layout, and that what has it stays as it is.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,29 +19,32 @@ struct Row {
 };
 
 const Row rows[] = {
-    {"case, aliases, indentation and a missing end line",
+    {"case, indentation and the empty line between two modules",
      "$Compass\nTitle\n  water\nBasis\ncc-pVDZ\nGeometry\nO 0 0 0\nEnd Geometry\n$END\n$scf\n"
      "\tRHF\nspin\n1\n",
      "$compass\n  title\n    water\n  basis\n    cc-pVDZ\n  geometry\n    O 0 0 0\n  end geometry\n"
-     "$end\n$scf\n  rhf\n  spinmulti\n    1\n$end\n"},
+     "$end\n\n$scf\n  rhf\n  spin\n    1\n"},
     {"an easy input", "B3LYP/cc-pVDZ\nCharge = 1\n\nGeometry\nO 0 0 0.1\nEnd geometry\n\n\n",
-     "#!job.bdf\nb3lyp/cc-pvdz charge=1\n\nGeometry\n"
-     "  O 0.0000000000 0.0000000000 0.1000000000\nEnd Geometry\n"},
+     "b3lyp/cc-pvdz\ncharge = 1\n\nGeometry\n  O 0 0 0.1\nEnd Geometry\n"},
     {"a mixed input with empty lines behind the geometry",
      "#! run.sh\nhf/sto-3g\nGeometry\nHe 0 0 1d-1\nEnd Geometry\n\n\n\n$scf\nrhf\n$end\n",
-     "#!run.sh\nhf/sto-3g\n\nGeometry\n  He 0.0000000000 0.0000000000 0.1000000000\n"
-     "End Geometry\n\n$scf\n  rhf\n$end\n"},
+     "#! run.sh\nhf/sto-3g\nGeometry\n  He 0 0 1d-1\nEnd Geometry\n\n$scf\n  rhf\n$end\n"},
+    {"comments, text behind keywords and values on their lines",
+     "$scf\nCharge # of the ion\n1 # one\n# alone\nspinmulti 2 # s\n$end # done\n",
+     "$scf\n  charge # of the ion\n    1 # one\n# alone\n  spinmulti\n    2 # s\n$end # done\n"},
     {"comments and empty lines between modules stay",
      "# first\n$scf\nrhf\n$end\n\n* star\n% ls -l\n$mp2\n$end\n",
      "# first\n$scf\n  rhf\n$end\n\n* star\n% ls -l\n$mp2\n$end\n"},
-    {"what the schema does not know stays as it is",
+    {"the lines of what the schema does not know stay as they are",
      "$NoSuch  \n Foo  1\n$END\n$scf\nnosuchkeyword\n   2\n# remark\n$end\n",
-     "$NoSuch  \n Foo  1\n$END\n$scf\nnosuchkeyword\n   2\n# remark\n$end\n"},
-    {"a remark at the end of the header",
+     "$NoSuch\n Foo  1\n$end\n\n$scf\nnosuchkeyword\n   2\n# remark\n$end\n"},
+    {"a comment at the end of the header",
      "hf/sto-3g # note well\nGeometry\nHe 0 0 0\nEnd Geometry\n",
-     "#!job.bdf\nhf/sto-3g # note well\n\nGeometry\n"
-     "  He 0.0000000000 0.0000000000 0.0000000000\nEnd Geometry\n"},
-    {"line ends of Windows", "$scf\r\nrhf\r\n$end\r\n", "$scf\n  rhf\n$end\n"},
+     "hf/sto-3g # note well\nGeometry\n  He 0 0 0\nEnd Geometry\n"},
+    {"the order of the lines of a geometry",
+     "hf/sto-3g\nGeometry\nO\nH 1 r\n# x\nr 0.9\nEnd Geometry\n",
+     "hf/sto-3g\nGeometry\n  O\n  H 1 r\n# x\n  r 0.9\nEnd Geometry\n"},
+    {"line ends of Windows", "$scf\r\nrhf\r\n$end\r\n", "$scf\r\n  rhf\r\n$end\r\n"},
 };
 
 TEST(Format, LaysOut) {

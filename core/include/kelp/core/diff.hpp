@@ -1,10 +1,13 @@
 #pragma once
 
+/// @file
+/// What to change in one sequence to get another.
+
 #include <cstddef>
 #include <string_view>
 #include <vector>
 
-namespace kelp::app {
+namespace kelp::core::diff {
 
 /// Cuts a text into lines that keep their ends, so that a last line without one differs from the
 /// same line with one.
@@ -25,4 +28,4 @@ struct Change {
 std::vector<Change> find_changes(const std::vector<std::string_view>& old_items,
                                  const std::vector<std::string_view>& new_items);
 
-}  // namespace kelp::app
+}  // namespace kelp::core::diff

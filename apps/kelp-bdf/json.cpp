@@ -1,5 +1,8 @@
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
+#include <utility>
+
 #include "kelp/input/bdf/explain.hpp"
 #include "outline.hpp"
 
@@ -65,6 +68,25 @@ Json to_json(const FileOutline& file) {
           {"modules", list_of(outline.modules)}};
 }
 
+Json to_json(std::size_t byte, const input::bdf::SourceText& source) {
+  const input::bdf::TextPosition position = source.position(byte);
+  return {{"line", position.line}, {"column", position.column}, {"byte", byte}};
+}
+
+Json to_json(const FileValue& value) {
+  Json lines;
+  if (value.lines) {
+    lines = Json::array();
+    for (const ValueLine& line : *value.lines) {
+      lines.push_back({{"text", line.text},
+                       {"range",
+                        {{"start", to_json(line.range.begin, value.source)},
+                         {"end", to_json(line.range.end, value.source)}}}});
+    }
+  }
+  return {{"path", value.path}, {"file", value.file}, {"values", std::move(lines)}};
+}
+
 template <typename Record>
 Json list_of(const std::vector<Record>& records) {
   Json list = Json::array();
@@ -74,13 +96,20 @@ Json list_of(const std::vector<Record>& records) {
   return list;
 }
 
+// Bytes that are no UTF-8 become replacement characters.
+std::string document_text(const Json& document) {
+  constexpr int indent = 2;
+  return document.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
 }  // namespace
 
 std::string outline_json(const std::vector<FileOutline>& files) {
-  constexpr int indent = 2;
-  const Json document = {{"version", record_version}, {"inputs", list_of(files)}};
-  // Bytes that are no UTF-8 become replacement characters.
-  return document.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
+  return document_text({{"version", record_version}, {"inputs", list_of(files)}});
+}
+
+std::string values_json(const std::vector<FileValue>& files) {
+  return document_text(list_of(files));
 }
 
 }  // namespace kelp::app

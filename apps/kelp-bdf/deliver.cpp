@@ -1,4 +1,4 @@
-#include "rewrite.hpp"
+#include "deliver.hpp"
 
 #include <fmt/format.h>
 
@@ -16,17 +16,19 @@ namespace kelp::app {
 namespace {
 
 namespace stdfs = std::filesystem;
+using input::bdf::Rewrite;
 
-// Standard output belongs to the new text.
-void report_reasons(std::vector<Finding>& reasons, const RewriteOptions& options,
-                    const Session& session) {
+// Standard output belongs to the new text, and so do the ranges of what would be lost.
+void report_losses(const Source& source, const Rewrite& rewrite, const DeliverOptions& options,
+                   const Session& session) {
   const ReportForm form = {options.format == "human",
                            use_colour(session.options.colour, core::console::Stream::Error)};
-  for (Finding& reason : reasons) {
+  const input::bdf::SourceText text(rewrite.text);
+  for (input::bdf::Diagnostic loss : rewrite.losses) {
     if (options.force) {
-      reason.diagnostic.severity = input::bdf::Severity::Warning;
+      loss.severity = input::bdf::Severity::Warning;
     }
-    print_aside(report_text(reason, form));
+    print_aside(report_text(loss, text, source.name + " (as edited)", form));
   }
 }
 
@@ -66,7 +68,7 @@ void write_to(const std::string& path, std::string_view text) {
 }
 
 ExitStatus show_difference(const Source& source, std::string_view old_text,
-                           std::string_view new_text, const RewriteOptions& options, bool quiet) {
+                           std::string_view new_text, const DeliverOptions& options, bool quiet) {
   if (old_text == new_text) {
     return ExitStatus::Success;
   }
@@ -80,7 +82,7 @@ ExitStatus show_difference(const Source& source, std::string_view old_text,
 
 }  // namespace
 
-void add_rewrite_options(CLI::App& command, RewriteOptions& options) {
+void add_deliver_options(CLI::App& command, DeliverOptions& options) {
   CLI::Option* const in_place =
       command.add_flag("-i,--in-place", options.in_place, "Change the file itself");
   command.add_flag("--diff", options.diff, "Print what would change, as a unified diff")
@@ -93,16 +95,20 @@ void add_rewrite_options(CLI::App& command, RewriteOptions& options) {
       ->capture_default_str();
 }
 
-ExitStatus deliver(const Source& source, std::string_view old_text, Rewrite rewrite,
-                   const RewriteOptions& options, const Session& session) {
+ExitStatus deliver(const Source& source, const input::bdf::ParsedInput& input,
+                   const Rewrite& rewrite, const DeliverOptions& options, const Session& session) {
+  if (!rewrite.error.empty()) {
+    throw std::runtime_error(source.name + ": " + rewrite.error);
+  }
+  const std::string_view old_text = input.source().text();
   const bool quiet = session.options.quiet;
   if (options.check && !options.diff) {
     return show_difference(source, old_text, rewrite.text, options, quiet);
   }
   if (!quiet) {
-    report_reasons(rewrite.reasons, options, session);
+    report_losses(source, rewrite, options, session);
   }
-  if (!rewrite.reasons.empty() && !options.force) {
+  if (!rewrite.losses.empty() && !options.force) {
     if (!quiet) {
       complain(fmt::format("'{}' is left as it is; --force writes it all the same", source.name));
     }

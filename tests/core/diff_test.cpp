@@ -1,6 +1,6 @@
 // What to change in one sequence to get another: right, and as little as possible.
 
-#include "line_diff.hpp"
+#include "kelp/core/diff.hpp"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace kelp::app {
+namespace kelp::core::diff {
 namespace {
 
 using Items = std::vector<std::string_view>;
@@ -119,4 +119,4 @@ TEST(FindChanges, LongSequencesWithLittleInCommonAreRight) {
 }
 
 }  // namespace
-}  // namespace kelp::app
+}  // namespace kelp::core::diff

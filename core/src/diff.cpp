@@ -4,13 +4,13 @@
 // Items that only one side has are set aside first. They are changes whatever the others are, and a
 // text whose every line was laid out anew would otherwise cost the square of its length.
 
-#include "line_diff.hpp"
+#include "kelp/core/diff.hpp"
 
 #include <algorithm>
 #include <cstdint>
 #include <unordered_map>
 
-namespace kelp::app {
+namespace kelp::core::diff {
 namespace {
 
 using Numbers = std::vector<std::uint32_t>;
@@ -275,4 +275,4 @@ std::vector<Change> find_changes(const std::vector<std::string_view>& old_items,
   return collect(old_side, new_side);
 }
 
-}  // namespace kelp::app
+}  // namespace kelp::core::diff
