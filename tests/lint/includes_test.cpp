@@ -177,8 +177,19 @@ const Rule the_core_knows_nothing_above_it =
 
 const Rule the_command_uses_public_headers =
     includes_must_be([](const SourceFile&, const Include& include) {
-      const bool own = include.name.find('/') == std::string::npos;
-      return !include.quoted || own || starts_with_any(include.name, {"kelp/input/", "kelp/core/"});
+      return !include.quoted || starts_with_any(include.name, {"kelp/input/", "kelp/core/", "cli/",
+                                                               "commands/", "report/"});
+    });
+
+const Rule only_the_command_line_knows_its_parser =
+    includes_must_be([](const SourceFile& file, const Include& include) {
+      return !include.name.starts_with("CLI/") || file.path.starts_with("apps/kelp-bdf/cli/");
+    });
+
+const Rule reports_know_no_command =
+    includes_must_be([](const SourceFile& file, const Include& include) {
+      return !file.path.starts_with("apps/kelp-bdf/report/") || !include.quoted ||
+             starts_with_any(include.name, {"kelp/", "report/"});
     });
 
 const std::vector<SourceFile>& everything() {
@@ -216,6 +227,14 @@ TEST(Includes, OfTheCoreStayInTheCore) {
 
 TEST(Includes, OfTheCommandArePublic) {
   EXPECT_EQ(violations(the_command_uses_public_headers, sources_under({"apps"})), "");
+}
+
+TEST(Includes, OfTheParserOfOptionsAreWhereOptionsAreReadOnly) {
+  EXPECT_EQ(violations(only_the_command_line_knows_its_parser, everything()), "");
+}
+
+TEST(Includes, OfReportsNameNoCommand) {
+  EXPECT_EQ(violations(reports_know_no_command, everything()), "");
 }
 
 std::string name_for_hosts(const SourceFile& file) {
@@ -270,6 +289,14 @@ TEST(IncludeRules, FindWhatTheyForbid) {
       {arrows_point_downwards, "src/explain/a.cpp", "\"kelp/input/bdf/parser.hpp\"", false},
       {the_core_knows_nothing_above_it, "core/src/a.cpp", "\"kelp/input/bdf.hpp\"", false},
       {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"schema/impl.hpp\"", false},
+      {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"../../src/a.hpp\"", false},
+      {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"cli/output.hpp\"", true},
+      {only_the_command_line_knows_its_parser, "apps/kelp-bdf/commands/a.cpp", "<CLI/CLI.hpp>",
+       false},
+      {only_the_command_line_knows_its_parser, "src/editor/a.cpp", "<CLI/CLI.hpp>", false},
+      {only_the_command_line_knows_its_parser, "apps/kelp-bdf/cli/a.cpp", "<CLI/CLI.hpp>", true},
+      {reports_know_no_command, "apps/kelp-bdf/report/a.cpp", "\"cli/output.hpp\"", false},
+      {reports_know_no_command, "apps/kelp-bdf/report/a.cpp", "\"report/json.hpp\"", true},
   };
   for (const Case& it : cases) {
     const SourceFile file = source_from(it.path, "#pragma once\n#include " + it.include + "\n");

@@ -77,6 +77,18 @@ const std::vector<Ban> in_the_library = {
      {"core/src/posix/", "core/src/windows/"}},
 };
 
+// What a finding is about stands in its code, its arguments and its record.
+const std::vector<Ban> in_programs = {
+    {R"((\.|->)message\s*(==|!=|<|>))", "reads a sentence of the library", {}},
+    {R"((==|!=)\s*[\w.>\[\]-]*(\.|->)message\b)", "reads a sentence of the library", {}},
+    {R"((\.|->)message\s*\.\s*(r?find|(starts|ends)_with|contains|compare|substr)\w*\s*\()",
+     "reads a sentence of the library",
+     {}},
+    {R"(\bregex_(search|match|replace)\s*\([^;]*(\.|->)message\b)",
+     "reads a sentence of the library",
+     {}},
+};
+
 const std::vector<SourceFile>& all_sources() {
   static const std::vector<SourceFile> files = sources_under({"include", "core", "src", "apps"});
   return files;
@@ -109,6 +121,10 @@ std::vector<std::string> streams_without_the_classic_locale(const SourceFile& fi
 
 TEST(Sources, OfTheLibraryGiveEachStringStreamTheClassicLocale) {
   EXPECT_EQ(violations(streams_without_the_classic_locale, library_sources()), "");
+}
+
+TEST(Sources, OfProgramsReadNoSentencesOfTheLibrary) {
+  EXPECT_EQ(violations(bans(in_programs), sources_under({"apps"})), "");
 }
 
 std::vector<std::string> headers_without_a_guard(const SourceFile& file) {
@@ -157,6 +173,12 @@ TEST(SourceRules, FindWhatTheyForbid) {
   for (const std::string& line : printing) {
     EXPECT_NE(violations(bans(in_the_library), {source_from("src/a.cpp", line)}), "") << line;
   }
+  const std::vector<std::string> reading = {"if (d.message == text) {", "if (text != d->message)",
+                                            "d.message.find(name)", "d.message.starts_with(\"U\")",
+                                            "std::regex_search(issue.message, found, word)"};
+  for (const std::string& line : reading) {
+    EXPECT_NE(violations(bans(in_programs), {source_from("apps/a.cpp", line)}), "") << line;
+  }
   EXPECT_NE(violations(streams_without_the_classic_locale,
                        {source_from("src/a.cpp", "std::istringstream in(text);\n")}),
             "");
@@ -176,10 +198,12 @@ TEST(SourceRules, PassOverCommentsTextsAndLongerNames) {
                                              "strtod_whole(number);",
                                              "getenv_string(name);",
                                              "on_exit_code(1);",
-                                             "int n = 1'000;"};
+                                             "int n = 1'000;",
+                                             "text += d.message + end;"};
   for (const std::string& line : harmless) {
     EXPECT_EQ(violations(bans(everywhere), {source_from("src/a.cpp", line)}), "") << line;
     EXPECT_EQ(violations(bans(in_the_library), {source_from("src/a.cpp", line)}), "") << line;
+    EXPECT_EQ(violations(bans(in_programs), {source_from("apps/a.cpp", line)}), "") << line;
   }
   const SourceFile comment = source_from("src/a.cpp", "/* one\n exit(1)\n*/ int x;\n");
   EXPECT_EQ(violations(bans(everywhere), {comment}), "");

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "kelp/input/bdf.hpp"
-#include "report.hpp"
+#include "report/findings.hpp"
 #include "support/test_schema.hpp"
 
 namespace kelp::test {

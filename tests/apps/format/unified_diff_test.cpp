@@ -1,6 +1,6 @@
 // Unified diffs, byte for byte, and as `patch` reads them.
 
-#include "unified_diff.hpp"
+#include "report/unified_diff.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,247 @@
+// The options of each command. A command gets them as plain values when it runs; nothing else knows
+// how they are read.
+
+#include "cli/command_options.hpp"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "cli/output.hpp"
+#include "commands/commands.hpp"
+
+namespace kelp::app {
+namespace {
+
+/// Makes a command the one to run when it was named.
+template <typename Options>
+void run_when_named(CLI::App& command, Session& session, std::shared_ptr<Options> options,
+                    ExitStatus (*run)(const Options&, Session&)) {
+  add_common_options(command, session.options);
+  command.callback([options = std::move(options), run, &session] {
+    session.run = [options, run, &session] { return run(*options, session); };
+  });
+}
+
+void add_deliver_options(CLI::App& command, DeliverOptions& options) {
+  CLI::Option* const in_place =
+      command.add_flag("-i,--in-place", options.in_place, "Change the file itself");
+  command.add_flag("--diff", options.diff, "Print what would change, as a unified diff")
+      ->excludes(in_place);
+  command.add_flag("--force", options.force, "Write although something is lost or becomes wrong");
+  command
+      .add_option("--format", options.format,
+                  "How to report reasons against writing: human or concise")
+      ->check(CLI::IsMember({"human", "concise"}))
+      ->capture_default_str();
+}
+
+void add_edits(CLI::App& command, SetOptions& options) {
+  command.add_option("input", options.input, "The file to change, or - for standard input")
+      ->required()
+      ->type_name("FILE|-");
+  command
+      .add_option("assignment", options.assignments,
+                  "scf.charge=1, scf#2.dft=pbe0 (the second $scf), easy.charge=1 (the header), "
+                  "easy.functional=b3lyp (also easy.method, easy.basis)")
+      ->type_name("PATH=VALUE");
+  command.add_option("--charge", options.charge, "The total charge")->type_name("N");
+  command.add_option("--multiplicity", options.multiplicity, "The spin multiplicity 2S+1")
+      ->type_name("N");
+  command
+      .add_option("--geometry", options.geometry,
+                  "Take all atoms from an XYZ file, in angstrom; compass#2.geometry=FILE.xyz for "
+                  "one of several geometries; - for standard input")
+      ->type_name("[PATH=]FILE.xyz|-");
+  command.add_option("--script-name", options.script_name, "The name on the line '#!'")
+      ->type_name("NAME");
+  command
+      .add_option("--unset", options.unset,
+                  "Take a value out, or with a path such as tddft#2 a whole module")
+      ->type_name("PATH")
+      ->allow_extra_args(false);
+}
+
+void add_check(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<CheckOptions>();
+  CLI::App* const command = app.add_subcommand("check", "Report findings");
+  command->add_option("input", options->inputs, "Files, folders (searched for *.inp and *.bdf), -")
+      ->required()
+      ->type_name("FILE|DIR|-");
+  command->add_option("--unknown", options->unknown, "What unknown names are: error, warn, ignore")
+      ->check(CLI::IsMember({"error", "warn", "ignore"}))
+      ->capture_default_str()
+      ->take_last();
+  command->add_option("--format", options->format, "human or concise (a line for each finding)")
+      ->check(CLI::IsMember({"human", "concise"}))
+      ->capture_default_str()
+      ->take_last();
+  command->add_flag("--strict", options->strict, "Let warnings fail, too");
+  run_when_named(*command, session, options, run_check);
+}
+
+void add_format(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<FormatOptions>();
+  CLI::App* const command = app.add_subcommand("format", "Lay a file out anew");
+  command
+      ->add_option("input", options->inputs,
+                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
+      ->required()
+      ->type_name("FILE|DIR|-");
+  add_deliver_options(*command, *options);
+  command
+      ->add_flag("--check", options->check, "Print the names of files that are laid out otherwise")
+      ->excludes("--in-place");
+  command->footer(
+      "Keywords stand at two blanks and values at four, each on a line of its own; known names are "
+      "written in lower case, and one empty line parts two modules. Comments, text behind "
+      "keywords, "
+      "the order of lines, line ends and the digits of numbers stay, and nothing is added. The "
+      "result is printed, unless -i, --check or --diff is given.");
+  run_when_named(*command, session, options, run_format);
+}
+
+void add_set(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<SetOptions>();
+  CLI::App* const command = app.add_subcommand("set", "Change, add or remove values");
+  add_edits(*command, *options);
+  add_deliver_options(*command, *options);
+  command->add_option("-o,--output", options->output_file, "Write to a file; - is standard output")
+      ->type_name("FILE|-")
+      ->excludes("--in-place")
+      ->excludes("--diff");
+  command->footer(
+      "The result is printed, unless -i, -o or --diff is given. All that the change does not "
+      "concern "
+      "stays as it is, byte for byte; what has the value already is not touched. In a value '\\n' "
+      "begins a new line; a keyword without a value ends in '='. A module that is not there is "
+      "added where the order of execution wants it. The result is checked: a change that adds an "
+      "error, or a name that the vocabulary does not know, is refused unless --force is given.");
+  run_when_named(*command, session, options, run_set);
+}
+
+void add_get(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<GetOptions>();
+  CLI::App* const command = app.add_subcommand("get", "Print a value by its path");
+  command
+      ->add_option("path", options->path,
+                   "scf.charge, scf#2.charge (the second $scf), easy.charge (the header), geometry")
+      ->required()
+      ->type_name("PATH");
+  command
+      ->add_option("input", options->inputs,
+                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
+      ->required()
+      ->type_name("FILE|DIR|-");
+  command->add_flag("--json", options->json, "Print one JSON document, with positions");
+  command->footer(
+      "The lines of the value are printed as they stand, without comments and the blanks around "
+      "them; a keyword that has no value prints none. easy.method, easy.functional and easy.basis "
+      "are the parts of the method specification. Of several entries of one name the first counts. "
+      "With several files each line begins with the file's name. The exit status is 1 when there "
+      "is nothing at the path.");
+  run_when_named(*command, session, options, run_get);
+}
+
+void add_show(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<ShowOptions>();
+  CLI::App* const command = app.add_subcommand("show", "Print an outline");
+  command
+      ->add_option("input", options->inputs,
+                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
+      ->required()
+      ->type_name("FILE|DIR|-");
+  command->add_flag("--json", options->json, "Print one JSON document");
+  run_when_named(*command, session, options, run_show);
+}
+
+void add_explain(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<ExplainOptions>();
+  CLI::App* const command =
+      app.add_subcommand("explain", "Tell what a finding's code or a keyword means");
+  command
+      ->add_option("name", options->name,
+                   "scf.charge, easy.charge, compass, charge, bdf.unknown_entry ...")
+      ->required()
+      ->type_name("KEYWORD|CODE");
+  run_when_named(*command, session, options, run_explain);
+}
+
+void add_schema_path(CLI::App& schema, Session& session) {
+  CLI::App* const command = schema.add_subcommand("path", "Print the path of the schema in use");
+  add_common_options(*command, session.options);
+  command->callback([&session] { session.run = [&session] { return run_schema_path(session); }; });
+}
+
+void add_schema_list(CLI::App& schema, Session& session) {
+  const auto options = std::make_shared<SchemaListOptions>();
+  CLI::App* const command =
+      schema.add_subcommand("list", "List the modules, or the entries of one");
+  command
+      ->add_option("module", options->module,
+                   "A module, for example scf; easy for the header's words")
+      ->type_name("MODULE");
+  run_when_named(*command, session, options, run_schema_list);
+}
+
+void add_schema_lint(CLI::App& schema, Session& session) {
+  const auto options = std::make_shared<SchemaLintOptions>();
+  CLI::App* const command =
+      schema.add_subcommand("lint", "Report what is wrong in a schema of one's own");
+  command->add_option("file", options->file, "The schema, - for standard input")
+      ->required()
+      ->type_name("FILE");
+  command->add_option("--format", options->format, "human or concise (a line for each finding)")
+      ->check(CLI::IsMember({"human", "concise"}))
+      ->capture_default_str();
+  command->add_flag("--strict", options->strict, "Let warnings fail, too");
+  run_when_named(*command, session, options, run_schema_lint);
+}
+
+void add_schema(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("schema", "Show or check the vocabulary");
+  command->require_subcommand(0, 1);
+  add_schema_path(*command, session);
+  add_schema_list(*command, session);
+  add_schema_lint(*command, session);
+  // Without a subcommand there is nothing to do; say which there are.
+  command->callback([command, &session] {
+    if (command->get_subcommands().empty()) {
+      session.run = [] {
+        complain("no command given; 'kelp-bdf schema --help' lists them");
+        return ExitStatus::Failure;
+      };
+    }
+  });
+}
+
+}  // namespace
+
+void add_common_options(CLI::App& command, CommonOptions& options) {
+  command.add_option("--schema", options.schema_file, "The vocabulary to use")
+      ->type_name("FILE")
+      ->take_last();
+  command.add_option("--color", options.colour, "Use colours: auto, always, never")
+      ->check(CLI::IsMember({"auto", "always", "never"}))
+      ->capture_default_str()
+      ->take_last();
+  command
+      .add_option("--stdin-filename", options.stdin_filename,
+                  "What to call standard input in findings")
+      ->type_name("NAME")
+      ->take_last();
+  command.add_flag("-q,--quiet", options.quiet, "Say nothing; the exit status tells");
+}
+
+void add_commands(CLI::App& app, Session& session) {
+  add_check(app, session);
+  add_format(app, session);
+  add_set(app, session);
+  add_get(app, session);
+  add_show(app, session);
+  add_explain(app, session);
+  add_schema(app, session);
+}
+
+}  // namespace kelp::app

@@ -1,0 +1,67 @@
+#include "cli/output.hpp"
+
+#include <cstdio>
+
+#include "kelp/core/resource.hpp"
+#include "kelp/core/unicode.hpp"
+#include "kelp/input/bdf/names.hpp"
+
+namespace kelp::app {
+namespace {
+
+enum class OutputState { Good, Closed, Failed };
+
+OutputState state = OutputState::Good;
+
+void note_failure() {
+  state = core::console::reader_went_away() ? OutputState::Closed : OutputState::Failed;
+}
+
+void flush() {
+  if (state == OutputState::Good && std::fflush(stdout) != 0) {
+    note_failure();
+  }
+}
+
+}  // namespace
+
+void print(std::string_view text) {
+  if (state == OutputState::Good &&
+      std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
+    note_failure();
+  }
+}
+
+void print_aside(std::string_view text) {
+  // Both streams may lead to one place, where the order tells what the text is about.
+  flush();
+  // Nobody is left to be told of a failure.
+  static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
+}
+
+void complain(std::string_view text) {
+  print_aside("kelp-bdf: " + core::unicode::displayable(text) + '\n');
+}
+
+std::string did_you_mean(const std::vector<std::string>& near) {
+  return near.empty() ? std::string() : "; did you mean " + input::bdf::quoted_choice(near) + "?";
+}
+
+bool output_ended() {
+  return state != OutputState::Good;
+}
+
+bool output_failed() {
+  flush();
+  return state == OutputState::Failed;
+}
+
+bool use_colour(std::string_view when, core::console::Stream stream) {
+  if (when != "auto") {
+    return when == "always";
+  }
+  return core::resource::getenv_string("NO_COLOR").empty() &&
+         core::resource::getenv_string("TERM") != "dumb" && core::console::is_terminal(stream);
+}
+
+}  // namespace kelp::app

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "cli/session.hpp"
+
+namespace kelp::app {
+
+/// One input named on the command line, or found in a folder.
+struct Source {
+  std::string path;  ///< UTF-8; "-" is standard input
+  std::string name;  ///< as findings name it
+};
+
+/// The inputs to work on, and what could not be read on the way to them.
+struct Sources {
+  std::vector<Source> list;
+  std::vector<std::string> errors;
+};
+
+/// Turns an argument that names one input, - being standard input, into it.
+Source source_of(const std::string& argument, const CommonOptions& options);
+
+/// Turns arguments into inputs: a folder becomes the `*.inp` and `*.bdf` files below it.
+Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options);
+
+/// Works on each input in its order and returns the worst status. What goes wrong with one, and on
+/// the way to them, is complained about and does not stop the others.
+ExitStatus for_each_source(const Sources& sources,
+                           const std::function<ExitStatus(const Source&)>& work);
+
+/// Returns the text of an input.
+/// @throws std::runtime_error naming the path and the cause.
+std::string read_source(const Source& source);
+
+}  // namespace kelp::app

@@ -1,0 +1,89 @@
+#pragma once
+
+/// @file
+/// The commands: what each is told on the command line, and the function that does it. All of them
+/// print, and return what becomes the exit status. They throw std::runtime_error when nothing could
+/// be done.
+
+#include <string>
+#include <vector>
+
+#include "cli/session.hpp"
+#include "commands/deliver.hpp"
+
+namespace kelp::app {
+
+struct CheckOptions {
+  std::vector<std::string> inputs;
+  std::string unknown = "warn";  ///< what unknown names are: error, warn, ignore
+  std::string format = "human";  ///< or concise
+  bool strict = false;           ///< warnings fail, too
+};
+
+/// Reports findings.
+ExitStatus run_check(const CheckOptions& options, Session& session);
+
+struct FormatOptions : DeliverOptions {
+  std::vector<std::string> inputs;
+};
+
+/// Lays files out.
+ExitStatus run_format(const FormatOptions& options, Session& session);
+
+struct SetOptions : DeliverOptions {
+  std::string input;
+  std::vector<std::string> assignments;  ///< PATH=VALUE
+  std::vector<std::string> unset;        ///< paths
+  std::string charge;
+  std::string multiplicity;
+  std::string geometry;  ///< FILE, - or PATH=FILE
+  std::string script_name;
+};
+
+/// Changes, adds or removes values.
+ExitStatus run_set(const SetOptions& options, Session& session);
+
+struct GetOptions {
+  std::string path;
+  std::vector<std::string> inputs;
+  bool json = false;
+};
+
+/// Prints values by their path.
+ExitStatus run_get(const GetOptions& options, Session& session);
+
+struct ShowOptions {
+  std::vector<std::string> inputs;
+  bool json = false;
+};
+
+/// Prints outlines.
+ExitStatus run_show(const ShowOptions& options, Session& session);
+
+struct ExplainOptions {
+  std::string name;
+};
+
+/// Tells what a finding's code or a keyword means.
+ExitStatus run_explain(const ExplainOptions& options, Session& session);
+
+/// Prints the path of the schema in use.
+ExitStatus run_schema_path(Session& session);
+
+struct SchemaListOptions {
+  std::string module;  ///< empty for the list of modules; "easy" for the words of the header
+};
+
+/// Prints a table of modules, or of the entries of one.
+ExitStatus run_schema_list(const SchemaListOptions& options, Session& session);
+
+struct SchemaLintOptions {
+  std::string file;
+  std::string format = "human";
+  bool strict = false;
+};
+
+/// Reports what is wrong in a schema.
+ExitStatus run_schema_lint(const SchemaLintOptions& options, Session& session);
+
+}  // namespace kelp::app
