@@ -78,6 +78,12 @@ void add_check(CLI::App& app, Session& session) {
       ->capture_default_str()
       ->take_last();
   command->add_flag("--strict", options->strict, "Let warnings fail, too");
+  CLI::Option* const fix = command->add_flag("--fix", options->fix,
+                                             "Mend in the files what has but one sensible remedy");
+  command
+      ->add_flag("--diff", options->diff,
+                 "Print what --fix would change, as a unified diff, instead of findings")
+      ->needs(fix);
   run_when_named(*command, session, options, run_check);
 }
 

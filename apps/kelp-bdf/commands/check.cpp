@@ -1,13 +1,17 @@
 #include "commands/commands.hpp"
 
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "cli/output.hpp"
 #include "cli/sources.hpp"
+#include "commands/deliver.hpp"
+#include "commands/fixes.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "report/findings.hpp"
+#include "report/unified_diff.hpp"
 
 namespace kelp::app {
 namespace {
@@ -48,7 +52,7 @@ class Check {
       }
       check(source);
     }
-    if (form_.human && !session_.options.quiet) {
+    if (form_.human && reports()) {
       print(human_summary(totals_));
     }
     return status_;
@@ -62,7 +66,13 @@ class Check {
 
   void check(const Source& source) {
     try {
-      const ParsedInput input(read_source(source), session_.schema());
+      if (options_.fix && !options_.diff && source.path == "-") {
+        throw std::runtime_error("standard input cannot be changed in place");
+      }
+      ParsedInput input(read_source(source), session_.schema());
+      if (options_.fix) {
+        input = fixed(source, input);
+      }
       ++totals_.files_checked;
       totals_.files_with_findings += report_all(input, source.name) ? 1 : 0;
     } catch (const std::exception& error) {
@@ -70,12 +80,32 @@ class Check {
     }
   }
 
+  // With a difference on standard output, only the status tells of what would remain.
+  bool reports() const { return !session_.options.quiet && !options_.diff; }
+
+  ParsedInput fixed(const Source& source, const ParsedInput& input) {
+    SafeFixes fixes;
+    diagnose(input, diagnose_options(options_.unknown),
+             [&fixes](const Diagnostic& diagnostic) { fixes.add(diagnostic); });
+    if (fixes.count() == 0) {
+      return input;
+    }
+    const std::string text = fixes.apply_to(input.source().text());
+    if (options_.diff) {
+      print(unified_diff(source.name, input.source().text(), text));
+    } else {
+      replace_file(source.path, text);
+      totals_.fixed += fixes.count();
+    }
+    return {text, session_.schema()};
+  }
+
   // Findings are printed as they are made: there may be more of them than fit into memory.
   bool report_all(const ParsedInput& input, const std::string& name) {
     bool found = false;
     diagnose(input, diagnose_options(options_.unknown), [&](const Diagnostic& diagnostic) {
       count(diagnostic.severity);
-      if (!session_.options.quiet) {
+      if (reports()) {
         print(report_text(diagnostic, input.source(), name, form_));
       }
       found = true;

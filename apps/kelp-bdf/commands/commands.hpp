@@ -18,6 +18,8 @@ struct CheckOptions {
   std::string unknown = "warn";  ///< what unknown names are: error, warn, ignore
   std::string format = "human";  ///< or concise
   bool strict = false;           ///< warnings fail, too
+  bool fix = false;              ///< apply the fixes that are safe
+  bool diff = false;             ///< only show what that would change
 };
 
 /// Reports findings.

@@ -49,12 +49,6 @@ std::string cause_of_failure(const std::string& path) {
   return "the file or its folder is write-protected, or there is no room";
 }
 
-void write_file(const std::string& path, std::string_view text) {
-  if (!core::fs::write_text_file_atomic(path, text)) {
-    throw std::runtime_error(fmt::format("cannot write '{}': {}", path, cause_of_failure(path)));
-  }
-}
-
 bool has_text(const std::string& path, std::string_view text) {
   return core::resource::is_regular_file_path(path) && core::fs::read_text_file(path) == text;
 }
@@ -63,7 +57,7 @@ void write_to(const std::string& path, std::string_view text) {
   if (path == "-") {
     print(text);
   } else if (!has_text(path, text)) {
-    write_file(path, text);
+    replace_file(path, text);
   }
 }
 
@@ -81,6 +75,12 @@ ExitStatus show_difference(const Source& source, std::string_view old_text,
 }
 
 }  // namespace
+
+void replace_file(const std::string& path, std::string_view text) {
+  if (!core::fs::write_text_file_atomic(path, text)) {
+    throw std::runtime_error(fmt::format("cannot write '{}': {}", path, cause_of_failure(path)));
+  }
+}
 
 ExitStatus deliver(const Source& source, const input::bdf::ParsedInput& input,
                    const Rewrite& rewrite, const DeliverOptions& options, const Session& session) {
@@ -107,7 +107,7 @@ ExitStatus deliver(const Source& source, const input::bdf::ParsedInput& input,
   if (!options.in_place) {
     write_to(options.output_file.empty() ? "-" : options.output_file, rewrite.text);
   } else if (old_text != rewrite.text) {
-    write_file(source.path, rewrite.text);
+    replace_file(source.path, rewrite.text);
   }
   return ExitStatus::Success;
 }

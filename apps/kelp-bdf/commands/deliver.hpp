@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "cli/session.hpp"
 #include "cli/sources.hpp"
@@ -18,6 +19,10 @@ struct DeliverOptions {
   std::string output_file;  ///< "-" is standard output
   std::string format = "human";
 };
+
+/// Puts a text over a file, as a whole or not at all.
+/// @throws std::runtime_error naming the path and the cause.
+void replace_file(const std::string& path, std::string_view text);
 
 /// Does with a new text what the options say. What would be lost goes to standard error and stops
 /// it, unless it is forced. A file that has the text already is not touched.

@@ -149,11 +149,12 @@ std::string human_summary(const Totals& totals) {
   if (totals.warnings > 0) {
     counts += (counts.empty() ? "" : " and ") + counted(totals.warnings, "warning");
   }
+  const std::string fixed = totals.fixed > 0 ? counted(totals.fixed, "finding") + " fixed" : "";
   if (counts.empty()) {
-    return {};
+    return fixed.empty() ? fixed : fixed + '\n';
   }
-  return fmt::format("{} in {} ({} checked)\n", counts, counted(totals.files_with_findings, "file"),
-                     totals.files_checked);
+  return fmt::format("{}{}{} in {} ({} checked)\n", fixed, fixed.empty() ? "" : "; ", counts,
+                     counted(totals.files_with_findings, "file"), totals.files_checked);
 }
 
 }  // namespace kelp::app

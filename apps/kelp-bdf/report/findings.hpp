@@ -15,6 +15,7 @@ struct Totals {
   std::size_t warnings = 0;
   std::size_t files_with_findings = 0;
   std::size_t files_checked = 0;
+  std::size_t fixed = 0;  ///< findings that are no more
 };
 
 /// How a report on a diagnostic is written.
