@@ -47,7 +47,8 @@ def main():
     rooms = rooms_of(source)
     if len(rooms) < 10:
         sys.exit("the table of rooms cannot be read")
-    room_of = {path: re.search(r"\.dir/(?:([\w]+)/)?[\w]+\.cpp", path).group(1) for path in objects}
+    objects = [path for path in objects if path.endswith((".o", ".obj"))]
+    room_of = {path: re.search(r"\.dir/(?:\./)?(?:(\w+)/)?\w+\.cpp", path).group(1) for path in objects}
     defined = symbols(nm, objects, "--defined-only")
     problems = set()
     calls = 0

@@ -37,9 +37,16 @@ TEST_F(CheckFix, CountsWhatRemainsBesideWhatIsFixed) {
 }
 
 TEST_F(CheckFix, LeavesWhatHasSeveralRemedies) {
-  const Outcome outcome = check(warning_input, {"--fix"});
-  EXPECT_EQ(program.read("a.inp"), warning_input);
-  EXPECT_EQ(outcome.out, check(warning_input).out);
+  const std::string several = "$scf\nxdiis\n$end\n";
+  const Outcome outcome = check(several, {"--fix"});
+  EXPECT_EQ(program.read("a.inp"), several);
+  EXPECT_EQ(outcome.out, check(several).out);
+}
+
+TEST_F(CheckFix, WritesTheOnlyNameThatIsNear) {
+  const Outcome outcome = check("$scf\nmaxitre # c\n 3\n$end\n", {"--fix"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(program.read("a.inp"), HasSubstr("maxiter # c"));
 }
 
 TEST_F(CheckFix, WithDiffOnlyShowsWhatWouldChange) {
