@@ -37,7 +37,7 @@ std::string values_text(const std::vector<std::string>& values) {
   return text;
 }
 
-std::string place_text(std::size_t line) {
+std::string line_text(std::size_t line) {
   return line == 0 ? std::string() : fmt::format("line {}", line);
 }
 
@@ -59,7 +59,7 @@ class TextWriter {
       const Outline::Geometry& geometry = *outline_.geometry;
       add("geometry",
           fmt::format("{} atom{}, {}  ({})", geometry.atoms, geometry.atoms == 1 ? "" : "s",
-                      shortened(geometry.formula), place_text(geometry.line)));
+                      shortened(geometry.formula), line_text(geometry.line)));
     }
     for (const Outline::Module& module : outline_.modules) {
       add_module(module);
@@ -75,7 +75,7 @@ class TextWriter {
   void add_value(std::string_view what, const std::optional<Outline::Value>& value) {
     if (value) {
       add(what, fmt::format("{}  ({}, {})", shortened(value->text), value->path,
-                            place_text(value->line)));
+                            line_text(value->line)));
     }
   }
 
@@ -88,7 +88,7 @@ class TextWriter {
       words += (words.empty() ? "" : " ") + word.text;
     }
     add("header",
-        fmt::format("{}  ({})", shortened(words), place_text(outline_.header.front().line)));
+        fmt::format("{}  ({})", shortened(words), line_text(outline_.header.front().line)));
   }
 
   void add_module(const Outline::Module& module) {

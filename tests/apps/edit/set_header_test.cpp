@@ -41,7 +41,7 @@ TEST(SetHeader, Changes) {
                {"--unset", "easy.charge"},
                "hf/sto-3g charge 1 soc",
                "hf/sto-3g soc"},
-           Row{"a header with a remark",
+           Row{"a header with a comment",
                {"easy.charge=1"},
                "hf/sto-3g # charge=7 once",
                "hf/sto-3g charge=1 # charge=7 once"},

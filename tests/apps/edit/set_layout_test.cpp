@@ -17,7 +17,7 @@ namespace kelp::test {
 namespace {
 
 const SetRow rows[] = {
-    {"case, indentation, remarks and empty lines of a module",
+    {"case, indentation, comments and empty lines of a module",
      {"scf.charge=1"},
      "$SCF\nRHF # restricted\n\nCharge   # total\n\t0\n* a line of its own\nspinmulti\n "
      "1\n$END\n\n",
@@ -57,7 +57,7 @@ const SetRow rows[] = {
      {"--unset", "scf#1"},
      "$scf\n  rhf # r\n$end\n# between\n$scf\n uhf # u\n charge\n 0\n$end\n",
      "# between\n$scf\n uhf # u\n charge\n 0\n$end\n"},
-    {"an entry that is taken out, with its remark",
+    {"an entry that is taken out, with its comment",
      {"--unset", "scf.charge"},
      "$scf\n rhf # r\n charge # c\n 0\n uhf # u\n$end\n",
      "$scf\n rhf # r\n uhf # u\n$end\n"},
