@@ -82,8 +82,7 @@ BDFData document_without_atoms(const BDFData& data) {
 
 class Editing {
  public:
-  Editing(const ParsedInput& input, const Edit& edit)
-      : input_(input), schema_(input.schema()), edit_(edit) {
+  Editing(const ParsedInput& input, const Edit& edit) : schema_(input.schema()), edit_(edit) {
     result_.data = edit.geometry ? input.data() : document_without_atoms(input.data());
   }
 
@@ -581,7 +580,6 @@ class Editing {
                      begin + static_cast<std::ptrdiff_t>(index) + 1);
   }
 
-  const ParsedInput& input_;
   const InputSchema& schema_;
   const Edit& edit_;
   EditedDocument result_;
