@@ -182,7 +182,7 @@ void complete_unknown_entry(Draft& draft) {
     return;
   }
   draft.suggest(similar_names(draft.entry->name, draft.context.names().entries(module)), "entry",
-                "entries", *draft.diagnostic.range);
+                "entries", draft.diagnostic.range.value_or(TextRange{}));
   if (draft.diagnostic.suggestions.empty()) {
     name_other_modules(draft);
   }
@@ -193,7 +193,7 @@ void complete_unknown_nested_entry(Draft& draft) {
   draft.mark_word("not an entry of the block '" + block + "'");
   draft.suggest(similar_names(draft.child->name,
                               draft.context.names().nested_entries(draft.module->name, block)),
-                "entry", "entries", *draft.diagnostic.range);
+                "entry", "entries", draft.diagnostic.range.value_or(TextRange{}));
 }
 
 // -- how modules, entries and blocks stand together

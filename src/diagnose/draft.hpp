@@ -76,10 +76,6 @@ class Draft {
   std::string_view line_end() const;
 };
 
-/// Finds what keeps a text from being read line by line: an encoding of two bytes to a character,
-/// line ends that are none.
-std::optional<Diagnostic> find_text_fault(const SourceText& source);
-
 /// Adds to a draft what there is to say of its finding: range, label, help, suggestions, fixes.
 void complete(Draft& draft);
 

@@ -26,6 +26,7 @@ std::string arity_text(const std::optional<std::uint64_t>& exact,
   }
   if (!allowed.empty()) {
     std::vector<std::string> counts;
+    counts.reserve(allowed.size());
     for (const std::uint64_t count : allowed) {
       counts.push_back(std::to_string(count));
     }

@@ -34,8 +34,8 @@ std::size_t line_of(const std::optional<SourceSpan>& location) {
 }  // namespace
 
 struct ParsedInput::Impl {
-  Impl(std::string text, const InputSchema& vocabulary)
-      : source(std::move(text)), schema(vocabulary) {
+  Impl(std::string text, InputSchema vocabulary)
+      : source(std::move(text)), schema(std::move(vocabulary)) {
     Lines lines;
     lines.reserve(source.line_count());
     for (std::size_t number = 1; number <= source.line_count(); ++number) {
@@ -122,7 +122,7 @@ ParsedInput::ParsedInput(std::string text, const InputSchema& schema)
     : impl_(std::make_shared<const Impl>(std::move(text), schema)) {}
 ParsedInput::ParsedInput(const ParsedInput& other) = default;
 // An input that was moved from stays one that can be asked.
-// NOLINTNEXTLINE(performance-move-constructor-init): as said.
+// NOLINTNEXTLINE(performance-move-constructor-init,cert-oop11-cpp): as said.
 ParsedInput::ParsedInput(ParsedInput&& other) noexcept : impl_(other.impl_) {}
 ParsedInput& ParsedInput::operator=(const ParsedInput& other) = default;
 ParsedInput& ParsedInput::operator=(ParsedInput&& other) noexcept {

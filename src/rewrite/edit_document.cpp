@@ -16,8 +16,10 @@
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/from_schema.hpp"
 #include "model/molecule_names.hpp"
+#include "model/script_name.hpp"
 #include "model/value_lines.hpp"
 #include "schema/lookup.hpp"
+#include "source/atom_line.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -116,7 +118,7 @@ class Editing {
     if (is_module_input()) {
       return fail("an input of modules alone has no line '#!' for a script name");
     }
-    data().script_name = *edit_.script_name;
+    data().script_name = normalize_script_name(*edit_.script_name);
     return true;
   }
 
@@ -253,6 +255,9 @@ class Editing {
     if (!found && !check_known(path)) {
       return false;
     }
+    if (is_no_geometry(path, found, assignment.values)) {
+      return refuse(path, "atoms come from a file: --geometry " + to_string(path) + "=FILE.xyz");
+    }
     if (!check_number_of_lines(path, schema_.entry_info(path.module, path.name),
                                assignment.values)) {
       return false;
@@ -269,6 +274,19 @@ class Editing {
     return true;
   }
 
+  // A geometry is lines with atoms; the name of a file, say, is none.
+  bool is_no_geometry(const ValuePath& path, const RecordId& found, const Texts& values) {
+    if (schema_.canonical_module(path.module) != compass_module ||
+        schema_.canonical_entry(path.module, path.name) != geometry_entry) {
+      return false;
+    }
+    const ModuleEntry* const entry = entry_of(data(), found);
+    const bool has_atom = std::any_of(values.begin(), values.end(), [](const std::string& line) {
+      return read_atom_line(line).is_atom();
+    });
+    return !has_atom && (entry == nullptr || !same_values(entry->values, values));
+  }
+
   bool check_number_of_lines(const ValuePath& path, const std::optional<EntrySchemaInfo>& info,
                              const Texts& values) {
     if (!info) {
@@ -279,6 +297,13 @@ class Editing {
     }
     if (info->kind == EntryValueKind::Flag && !values.empty()) {
       return refuse(path, "it takes no value; write " + to_string(path) + "=");
+    }
+    const bool says_something =
+        std::any_of(values.begin(), values.end(),
+                    [](const std::string& value) { return !clean_value_line(value).empty(); });
+    if (info->kind != EntryValueKind::Flag && info->kind != EntryValueKind::Raw &&
+        !says_something && !edit_.allow_unknown_names) {
+      return refuse(path, "it needs a value; --unset takes it out");
     }
     const bool one_line =
         info->kind == EntryValueKind::Scalar || info->kind == EntryValueKind::Tuple;

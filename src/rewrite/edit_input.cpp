@@ -26,6 +26,13 @@ Rewrite unchanged(const ParsedInput& input, std::string error = {}) {
   return rewrite;
 }
 
+// Whatever begins with a word that is no module is read as a header.
+bool looks_like_input(const BDFData& data) {
+  return data.has_geometry || !data.modules.empty() ||
+         std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
+                     [](const EasyToken& token) { return token.category == "method_spec"; });
+}
+
 // The errors of the new text that the old one did not have. Lines move, so that they are told by
 // what they say.
 void add_new_errors(const ParsedInput& before, const ParsedInput& after, Rewrite& rewrite) {
@@ -141,8 +148,16 @@ AssignmentResult parse_assignment(std::string_view text) {
 }
 
 Rewrite edit_input(const ParsedInput& input, const Edit& edit) {
+  if (const auto fault = find_text_fault(input.source())) {
+    return unchanged(input, fault->message);
+  }
   if (input.is_empty()) {
     return unchanged(input, "there is nothing to change: BDF input is empty");
+  }
+  if (!looks_like_input(input.data()) && !edit.allow_unknown_names) {
+    return unchanged(input,
+                     "it has neither a method specification, nor a geometry, nor a module; is "
+                     "it a BDF input? (--force changes it)");
   }
   const EditedDocument edited = edit_document(input, edit);
   if (!edited.error.empty()) {

@@ -232,6 +232,10 @@ class Layout {
 Rewrite format_input(const ParsedInput& input) {
   Rewrite rewrite;
   rewrite.text = input.source().text();
+  if (const auto fault = find_text_fault(input.source())) {
+    rewrite.error = fault->message;
+    return rewrite;
+  }
   if (input.is_empty()) {
     rewrite.error = "there is nothing to lay out: BDF input is empty";
     return rewrite;

@@ -42,13 +42,18 @@ class GeometryPatch {
 
  private:
   void insert_block() {
-    std::vector<std::string> lines = {"Geometry"};
+    const std::size_t behind = last_line_of_easy_section(input_);
+    std::vector<std::string> lines;
+    if (behind > 0) {
+      lines.emplace_back();
+    }
+    lines.emplace_back("Geometry");
     for (const AtomRecord& atom : new_.atoms) {
       lines.push_back(atom_line(atom, "  "));
     }
     lines.insert(lines.end(), new_.geometry_lines.begin(), new_.geometry_lines.end());
     lines.emplace_back("End Geometry");
-    patch_.insert_lines(last_line_of_easy_section(input_), lines);
+    patch_.insert_lines(behind, lines);
   }
 
   static bool is_comment(std::string_view line) {

@@ -15,8 +15,8 @@ namespace kelp::input::bdf {
 namespace {
 
 constexpr std::string_view optimiser = "bdfopt";
-constexpr std::array<std::string_view, 4> first_modules = {"autofrag", "compass", "xuanyuan",
-                                                           "scf"};
+constexpr std::array<std::string_view, 5> first_modules = {"autofrag", "compass", "xuanyuan", "scf",
+                                                           "tddft"};
 
 std::size_t rank_of(std::string_view name) {
   const auto found = std::find(first_modules.begin(), first_modules.end(), name);

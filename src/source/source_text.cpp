@@ -90,7 +90,7 @@ SourceText::SourceText() : SourceText(std::string()) {}
 SourceText::SourceText(std::string text) : impl_(std::make_shared<const Impl>(std::move(text))) {}
 SourceText::SourceText(const SourceText& other) = default;
 // A text that was moved from stays one that can be asked.
-// NOLINTNEXTLINE(performance-move-constructor-init): as said.
+// NOLINTNEXTLINE(performance-move-constructor-init,cert-oop11-cpp): as said.
 SourceText::SourceText(SourceText&& other) noexcept : impl_(other.impl_) {}
 SourceText& SourceText::operator=(const SourceText& other) = default;
 SourceText& SourceText::operator=(SourceText&& other) noexcept {

@@ -98,7 +98,7 @@ TEST(GeometryEdits, OfSeveralGeometriesOneIsNamed) {
 
 TEST(GeometryEdits, AMissingGeometryIsAdded) {
   EXPECT_EQ(text_after("#! h\nhf/sto-3g\n", geometry({atom("H", 0, 0, 0)})),
-            "#! h\nhf/sto-3g\nGeometry\n  H 0.0000000000 0.0000000000 0.0000000000\nEnd "
+            "#! h\nhf/sto-3g\n\nGeometry\n  H 0.0000000000 0.0000000000 0.0000000000\nEnd "
             "Geometry\n");
   EXPECT_EQ(text_after("$compass\nnosymm\n$end\n", geometry({atom("H", 0, 0, 0)})),
             "$compass\nnosymm\ngeometry\n  H 0.0000000000 0.0000000000 0.0000000000\nend "

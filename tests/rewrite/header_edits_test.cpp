@@ -115,6 +115,9 @@ TEST(HeaderEdits, TheScriptNameIsPatchedOnItsLine) {
   edit.script_name = "new.sh";
   EXPECT_EQ(edited("# c\n#!  old.sh\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry\n", edit).text,
             "# c\n#!  new.sh\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry\n");
+  edit.script_name = " #! new.sh ";
+  EXPECT_EQ(edited("#! old\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry\n", edit).text,
+            "#! new.sh\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry\n");
   EXPECT_THAT(edited("$scf\n$end\n", edit).error, ::testing::HasSubstr("no line '#!'"));
 }
 

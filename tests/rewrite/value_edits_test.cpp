@@ -162,6 +162,10 @@ TEST(ModuleOrder, ANewModuleGoesWhereItRuns) {
   const std::string job = "$compass\n$end\n\n$xuanyuan\n$end\n\n$scf\nrhf\n$end\n";
   expect_edits({
       {"behind the others", job, {"tddft.iroot=4"}, job + "\n$tddft\niroot\n  4\n$end\n"},
+      {"excited states before their gradients",
+       job + "$resp\ngeom\n$end\n",
+       {"tddft.iroot=4"},
+       job + "\n$tddft\niroot\n  4\n$end\n$resp\ngeom\n$end\n"},
       {"not behind the optimiser",
        job + "\n$bdfopt\nsolver\n 1\n$end\n",
        {"tddft.iroot=4"},
@@ -204,6 +208,11 @@ TEST(RefusedEdits, NameWhatIsWrongAndChangeNothing) {
                         {job, "geometry=1", "atoms come from a file"},
                         {job, "scf.rhf=1", "it takes no value"},
                         {job, "easy.charge=1", "no header"},
+                        {job, "scf.charge=", "it needs a value"},
+                        {job, "scf.charge= # c", "it needs a value"},
+                        {"3\nwater\nO 0 0 0\n", "easy.charge=1", "is it a BDF input?"},
+                        {job, "compass.geometry=1", "--geometry compass.geometry=FILE.xyz"},
+                        {"$scf\rrhf\r$end\r", "scf.charge=1", "carriage returns alone"},
                         {"", "scf.charge=1", "empty"}}) {
     const Rewrite rewrite = edited(row.before, edit_of({row.assignment}));
     EXPECT_THAT(rewrite.error, ::testing::HasSubstr(row.reason)) << row.assignment;

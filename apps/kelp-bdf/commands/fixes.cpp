@@ -30,6 +30,7 @@ void SafeFixes::add(const input::bdf::Diagnostic& diagnostic) {
 
 std::string SafeFixes::apply_to(std::string_view text) const {
   std::vector<TextEdit> edits;
+  edits.reserve(edits_.size());
   for (const auto& [begin, edit] : edits_) {
     edits.push_back(edit);
   }

@@ -87,6 +87,11 @@ KELP_BDF_INP_EXPORT std::vector<Diagnostic> diagnose(const ParsedInput& input,
 KELP_BDF_INP_EXPORT void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
                                   const std::function<void(const Diagnostic&)>& use);
 
+/// Returns what keeps a text from being read line by line, an encoding of two bytes to a character
+/// or line ends that are none; unset for a text that can be read. `diagnose` tells nothing else of
+/// such a text, and nothing can be changed in it.
+KELP_BDF_INP_EXPORT std::optional<Diagnostic> find_text_fault(const SourceText& source);
+
 /// Returns a diagnostic as one line without a line end, `file:line:column: severity: message
 /// [code]`, for logs and for editors that read such lines. Columns count code points; without a
 /// range it is 1:1. What a terminal would obey is shown as a replacement character, and a very long

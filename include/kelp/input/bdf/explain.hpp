@@ -50,8 +50,8 @@ struct FindingText {
 /// Returns the texts of all codes, those of inputs first. The span lives for ever.
 KELP_BDF_INP_EXPORT std::span<const FindingText> finding_texts();
 
-/// Returns the text of a code, with or without its prefix (`bdf.` before `schema.`), in any case;
-/// null when there is none. The pointer lives for ever.
+/// Returns the text of a code, in any case; without its first part it is looked for among the codes
+/// of inputs, then among those of schemas. Null when there is none. The pointer lives for ever.
 KELP_BDF_INP_EXPORT const FindingText* find_finding_text(std::string_view code);
 
 /// Returns the type of an entry's values, for rows the types of the columns: "integer float". Empty

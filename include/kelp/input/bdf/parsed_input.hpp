@@ -28,9 +28,9 @@ struct TokenRanges {
 /// The ranges of the parts of a method specification, in the text; a part that is not there is
 /// empty.
 struct SpecificationRanges {
-  TextRange method;
-  TextRange functional;
-  TextRange basis;
+  TextRange method;      ///< the method, of three parts or of two
+  TextRange functional;  ///< the functional
+  TextRange basis;       ///< the basis set, the last part
 };
 
 /// An input as it was read: its text, its document, and the range of every record. Every line is
