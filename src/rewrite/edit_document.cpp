@@ -577,7 +577,7 @@ class Editing {
     std::vector<Statement>& statements = data().statements;
     data().modules.erase(data().modules.begin() + static_cast<std::ptrdiff_t>(index));
     for (std::size_t i = 0; i < statements.size(); ++i) {
-      Statement& statement = statements[i];
+      const Statement& statement = statements[i];
       if (statement.kind != StatementKind::Module) {
         continue;
       }

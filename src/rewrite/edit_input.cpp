@@ -100,9 +100,9 @@ BDFData with_geometry_in_compass(const ParsedInput& input, BDFData edited) {
   }
   // Where the old geometry stood, if it had one.
   auto position = compass->entries.end();
-  const RecordId record = compass->location
-                              ? input.line(static_cast<std::size_t>(compass->location->line)).record
-                              : RecordId{};
+  const std::optional<SourceSpan>& location = compass->location;
+  const RecordId record =
+      location ? input.line(static_cast<std::size_t>(location->line)).record : RecordId{};
   if (const Module* const old = module_of(input.data(), record)) {
     if (const ModuleEntry* const geometry = old->find_entry(geometry_entry)) {
       entry.location = geometry->location;

@@ -159,7 +159,7 @@ class HeaderPatch {
   std::string in_style_of(std::size_t index, const EasyToken& token) const {
     const TokenRanges ranges = input_.token_ranges(index);
     const std::size_t line = line_of_token(index);
-    std::string text(
+    const std::string text(
         source_.text_of({source_.line_range(line).begin, source_.content(line).begin}));
     const std::string_view between = source_.text_of({ranges.key.end, ranges.value.begin});
     std::string pair = token.text;

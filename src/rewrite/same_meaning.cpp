@@ -21,7 +21,8 @@ constexpr double rounding = 1e-10;
 
 bool tells(const ModuleEntry& entry) {
   const std::string_view line = core::text::trim_view(entry.raw_line);
-  return entry.known || !(line.empty() || line.front() == '#' || line.front() == '*') ||
+  const bool is_comment = !line.empty() && (line.front() == '#' || line.front() == '*');
+  return entry.known || (!line.empty() && !is_comment) ||
          (entry.raw_line.empty() && !entry.name.empty());
 }
 
@@ -68,7 +69,7 @@ std::string difference(const std::vector<ModuleEntry>& wanted, const std::vector
 
 std::string difference(const ModuleEntry& wanted, const ModuleEntry& read,
                        const std::string& owner) {
-  const std::string path = owner + '.' + wanted.name;
+  std::string path = owner + '.' + wanted.name;
   if (!same_text(wanted.name, read.name) || !same_values(wanted, read)) {
     return path;
   }
