@@ -175,7 +175,7 @@ class FaultFinder {
  private:
   static ValueFault at(ValueReason reason, ValuePart part, const ValueLine& line,
                        std::string_view text) {
-    const std::size_t begin = static_cast<std::size_t>(text.data() - line.text.data());
+    const auto begin = static_cast<std::size_t>(text.data() - line.text.data());
     return {reason, part, line.index, begin, begin + text.size()};
   }
 
