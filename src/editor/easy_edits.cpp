@@ -37,7 +37,7 @@ class KeywordMatch {
 // NOLINTBEGIN(performance-unnecessary-value-param)
 
 EasyToken BDFEditor::make_easy_token(std::string text) const {
-  return easy_token_from_text(core::text::trim(text), schema_);
+  return easy_token_from_text(core::text::trim(text), schema_, PartBlanks::Kept);
 }
 
 void BDFEditor::set_easy_tokens(const std::vector<std::string>& tokens) {

@@ -16,11 +16,12 @@ void describe(ModuleEntry& entry, const EntrySpec* spec) {
   entry.terminator = spec == nullptr ? std::string() : spec->terminator;
 }
 
-void split_specification(EasyToken& token, const InputSchema& schema) {
+void split_specification(EasyToken& token, const InputSchema& schema, PartBlanks blanks) {
   std::vector<std::string_view> parts = split_at_slashes(token.canonical);
-  // A name that lost its `$` can begin with a blank.
-  for (std::string_view& part : parts) {
-    part = core::text::trim_view(part);
+  if (blanks == PartBlanks::Trimmed) {
+    for (std::string_view& part : parts) {
+      part = core::text::trim_view(part);
+    }
   }
   if (parts.size() == 3) {
     token.method = parts[0];
@@ -50,7 +51,7 @@ void describe_child(ModuleEntry& child, std::string_view name, const EntrySpec* 
   describe(child, find_child_spec(parent, child.name));
 }
 
-EasyToken easy_token_from_text(std::string text, const InputSchema& schema) {
+EasyToken easy_token_from_text(std::string text, const InputSchema& schema, PartBlanks blanks) {
   EasyToken token;
   token.text = std::move(text);
   token.canonical = schema.canonical_easy_token(token.text);
@@ -61,7 +62,7 @@ EasyToken easy_token_from_text(std::string text, const InputSchema& schema) {
     token.key = parts.key;
     token.value = *parts.value;
   } else if (token.category == "method_spec") {
-    split_specification(token, schema);
+    split_specification(token, schema, blanks);
   } else {
     token.key = schema.canonical_easy_key(token.canonical);
   }

@@ -20,7 +20,12 @@ void describe_entry(ModuleEntry& entry, std::string_view name, const ModuleSpec*
 /// The same for a child of a nested block.
 void describe_child(ModuleEntry& child, std::string_view name, const EntrySpec* parent);
 
+/// What becomes of blanks around the parts of a method specification, where a name that lost its
+/// `$` can leave one: a header that is read has none, a token that is made keeps them.
+enum class PartBlanks { Trimmed, Kept };
+
 /// Makes a token of an easy header, without a location.
-EasyToken easy_token_from_text(std::string text, const InputSchema& schema);
+EasyToken easy_token_from_text(std::string text, const InputSchema& schema,
+                               PartBlanks blanks = PartBlanks::Trimmed);
 
 }  // namespace kelp::input::bdf

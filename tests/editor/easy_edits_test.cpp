@@ -78,6 +78,11 @@ TEST(MakingAToken, FillsEveryField) {
   }
 }
 
+TEST(MakingAToken, KeepsTheBlankThatADroppedDollarLeavesBehind) {
+  const BDFEditor editor(BDFData{}, InputSchema{});
+  EXPECT_EQ(editor.make_easy_token("hf / $ x").basis, " x");
+}
+
 TEST(MakingAToken, LeavesTheDocumentAlone) {
   const BDFEditor editor({}, small_schema());
   editor.make_easy_token("hf/vdz");
