@@ -74,8 +74,8 @@ class TextWriter {
 
   void add_value(std::string_view what, const std::optional<Outline::Value>& value) {
     if (value) {
-      add(what, fmt::format("{}  ({}, {})", shortened(value->text), value->path,
-                            line_text(value->line)));
+      add(what,
+          fmt::format("{}  ({}, {})", shortened(value->text), value->path, line_text(value->line)));
     }
   }
 
