@@ -33,7 +33,7 @@ std::string output_of(const char* program, std::vector<std::string> arguments) {
   write_file(folder / "schema.yaml", schema);
   write_file(setup.input, "");
   EXPECT_EQ(run_process(setup), 0) << file_bytes(setup.errors);
-  return file_bytes(setup.output);
+  return printed_text(setup.output);
 }
 
 TEST(Example, ExplainTellsWhatNamesMean) {

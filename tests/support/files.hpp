@@ -57,6 +57,16 @@ inline std::string file_bytes(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+/// Returns what a program printed to a file as text: with line feeds alone for line ends, whatever
+/// the system writes.
+inline std::string printed_text(const std::filesystem::path& path) {
+  std::string text = file_bytes(path);
+  for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) {
+    text.erase(at, 1);
+  }
+  return text;
+}
+
 /// Returns the names of what is in a folder.
 inline std::vector<std::string> names_in(const std::filesystem::path& folder) {
   std::vector<std::string> names;

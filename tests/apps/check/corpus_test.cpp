@@ -58,7 +58,7 @@ TEST_F(Corpus, IsCheckedByTheExampleAsByTheCommand) {
   program.set_variable("KELP_BDF_INP_SCHEMA_YAML", KELP_SCHEMA_FILE);
   const Outcome outcome = check_named({"--format=concise"}, names);
   EXPECT_NE(outcome.out, "");
-  EXPECT_EQ(file_bytes(setup.output), outcome.out);
+  EXPECT_EQ(printed_text(setup.output), outcome.out);
 }
 
 }  // namespace
