@@ -5,10 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
 
-#include "kelp/core/number.hpp"
-#include "kelp/core/text.hpp"
 #include "kelp/input/bdf/value_path.hpp"
+#include "model/easy_value_words.hpp"
 #include "path/resolver.hpp"
 
 namespace kelp::input::bdf {
@@ -18,38 +20,13 @@ std::uint64_t line_of(const EasyToken& token) {
   return token.location ? token.location->line : 1;
 }
 
-bool is_number(const EasyToken& token) {
-  return core::number::parse_float(token.text).has_value();
-}
-
-// The schema lists few values; a word that it does not know behind a keyword that takes one is it.
-bool is_value_word(const EasyToken& word, const EntrySchemaInfo& info) {
-  if (word.known || word.category != "unknown" || begins_comment(word)) {
-    return false;
+std::vector<std::string_view> texts_of(const std::vector<EasyToken>& tokens) {
+  std::vector<std::string_view> texts;
+  texts.reserve(tokens.size());
+  for (const EasyToken& token : tokens) {
+    texts.emplace_back(token.text);
   }
-  const bool listed = std::any_of(
-      info.allowed.begin(), info.allowed.end(),
-      [&](const std::string& value) { return core::text::equals_ignoring_case(value, word.text); });
-  return listed || (info.allowed.empty() && info.kind != EntryValueKind::Flag);
-}
-
-// Counts the words behind a bare keyword that are its value: one, or several numbers.
-std::size_t count_value_words(const std::vector<EasyToken>& tokens, std::size_t keyword,
-                              const InputSchema& schema) {
-  const std::size_t first = keyword + 1;
-  if (first >= tokens.size() || tokens[keyword].canonical.find('=') != std::string::npos) {
-    return 0;
-  }
-  const auto info = schema.easy_keyword_info(tokens[keyword].key);
-  if (!info || !is_value_word(tokens[first], *info)) {
-    return 0;
-  }
-  std::size_t last = first + 1;
-  while (info->kind == EntryValueKind::Tuple && last < tokens.size() &&
-         is_number(tokens[last - 1]) && is_number(tokens[last])) {
-    ++last;
-  }
-  return last - first;
+  return texts;
 }
 
 }  // namespace
@@ -76,11 +53,13 @@ std::vector<EasyKeyword> find_easy_keywords(const BDFData& data, const InputSche
   const std::string wanted = schema.canonical_easy_key(key);
   const std::vector<EasyToken>& tokens = data.easy_tokens;
   const std::vector<bool> in_comment = tokens_in_comments(tokens);
+  const std::vector<std::string_view> words = texts_of(tokens);
   std::vector<EasyKeyword> found;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     if (!in_comment[i] && tokens[i].category != "method_spec" &&
         schema.canonical_easy_key(tokens[i].key) == wanted) {
-      found.push_back({i, i + 1 + count_value_words(tokens, i, schema)});
+      const std::size_t count = count_easy_value_words(std::span(words).subspan(i), schema, false);
+      found.push_back({i, i + 1 + count});
     }
   }
   return found;
