@@ -1,11 +1,34 @@
-// What the editor holds, and the order of statements that every edit keeps right.
+// What the editor holds, and the order of statements that every edit keeps right. An edit makes all
+// that can fail before it changes the document, so that a failed allocation leaves it as it was.
 
 #include <algorithm>
 #include <utility>
 
 #include "kelp/input/bdf/editor.hpp"
+#include "schema/lookup.hpp"
 
 namespace kelp::input::bdf {
+namespace {
+
+std::vector<Statement> canonical_order(const BDFData& data) {
+  std::vector<Statement> statements;
+  statements.reserve(data.modules.size() + data.free_lines.size());
+  for (std::size_t i = 0; i < data.modules.size(); ++i) {
+    statements.push_back({StatementKind::Module, i, {}, data.modules[i].location});
+  }
+  for (const std::string& line : data.free_lines) {
+    statements.push_back({StatementKind::Raw, Statement::no_module, {line}, std::nullopt});
+  }
+  return statements;
+}
+
+void complete_order(BDFData& data) {
+  if (data.statements.empty()) {
+    data.statements = canonical_order(data);
+  }
+}
+
+}  // namespace
 
 // NOLINTNEXTLINE(modernize-pass-by-value): a copy of a schema is cheap, and this says what happens.
 BDFEditor::BDFEditor(BDFData data, const InputSchema& schema)
@@ -23,8 +46,8 @@ const BDFData& BDFEditor::data() const noexcept {
 }
 
 void BDFEditor::set_data(BDFData data) {
+  complete_order(data);
   data_ = std::move(data);
-  ensure_statement_order();
 }
 
 void BDFEditor::set_mode(InputMode mode) {
@@ -32,15 +55,7 @@ void BDFEditor::set_mode(InputMode mode) {
 }
 
 void BDFEditor::ensure_statement_order() {
-  if (!data_.statements.empty()) {
-    return;
-  }
-  for (std::size_t i = 0; i < data_.modules.size(); ++i) {
-    data_.statements.push_back({StatementKind::Module, i, {}, data_.modules[i].location});
-  }
-  for (const std::string& line : data_.free_lines) {
-    data_.statements.push_back({StatementKind::Raw, Statement::no_module, {line}, std::nullopt});
-  }
+  complete_order(data_);
 }
 
 void BDFEditor::rebuild_statement_module_indices_after_erase(std::size_t erased_index) {
@@ -56,9 +71,12 @@ void BDFEditor::rebuild_statement_module_indices_after_erase(std::size_t erased_
 }
 
 const Module* BDFEditor::module(std::string_view name, std::size_t index) const noexcept {
-  const std::string wanted = schema_.canonical_module(name);
+  if (name.data() == nullptr && !name.empty()) {
+    return nullptr;
+  }
+  const CanonicalMatch matches(&SchemaAccess::impl(schema_).module_aliases, name);
   for (const Module& candidate : data_.modules) {
-    if (schema_.canonical_module(candidate.name) == wanted && index-- == 0) {
+    if (matches(candidate.name) && index-- == 0) {
       return &candidate;
     }
   }

@@ -7,6 +7,7 @@
 #include "kelp/input/bdf/editor.hpp"
 #include "model/from_schema.hpp"
 #include "model/script_name.hpp"
+#include "schema/lookup.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -19,16 +20,15 @@ bool is_blank(const std::string& text) {
 class KeywordMatch {
  public:
   KeywordMatch(const InputSchema& schema, std::string_view key)
-      : schema_(schema), key_(schema.canonical_easy_key(key)) {}
+      : has_key_(&SchemaAccess::impl(schema).control_keyword_aliases, key) {}
 
-  bool operator()(const EasyToken& token) const {
-    return token.category != "method_spec" && schema_.canonical_easy_key(token.key) == key_;
+  bool operator()(const EasyToken& token) const noexcept {
+    return token.category != "method_spec" && has_key_(token.key);
   }
-  const std::string& key() const { return key_; }
+  std::string key() const { return core::text::to_lower(has_key_.wanted()); }
 
  private:
-  const InputSchema& schema_;
-  std::string key_;
+  CanonicalMatch has_key_;
 };
 
 }  // namespace
@@ -41,11 +41,14 @@ EasyToken BDFEditor::make_easy_token(std::string text) const {
 }
 
 void BDFEditor::set_easy_tokens(const std::vector<std::string>& tokens) {
-  data_.easy_tokens.clear();
-  data_.easy_tokens.reserve(tokens.size());
+  std::vector<EasyToken> made;
+  made.reserve(tokens.size());
   for (const std::string& text : tokens) {
-    add_easy_token(text);
+    if (!is_blank(text)) {
+      made.push_back(make_easy_token(text));
+    }
   }
+  data_.easy_tokens = std::move(made);
 }
 
 void BDFEditor::add_easy_token(std::string text) {
@@ -72,7 +75,9 @@ void BDFEditor::set_easy_keyword(std::string key, std::optional<std::string> val
 }
 
 bool BDFEditor::remove_easy_keyword(std::string_view key) {
-  return std::erase_if(data_.easy_tokens, KeywordMatch(schema_, key)) > 0;
+  // The key may live in a token that is about to go.
+  const std::string wanted(key);
+  return std::erase_if(data_.easy_tokens, KeywordMatch(schema_, wanted)) > 0;
 }
 
 void BDFEditor::set_script_name(std::string name) {

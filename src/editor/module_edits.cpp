@@ -25,6 +25,10 @@ Module* stored_under(std::vector<Module>& modules, const std::string& name, std:
   return nullptr;
 }
 
+const AliasMap* entry_aliases(const ModuleSpec* spec) {
+  return spec == nullptr ? nullptr : &spec->entry_aliases;
+}
+
 ModuleEntry* append_entry(Module& module, std::string_view name, std::vector<std::string> values,
                           const ModuleSpec* spec) {
   ModuleEntry entry;
@@ -32,6 +36,33 @@ ModuleEntry* append_entry(Module& module, std::string_view name, std::vector<std
   entry.values = std::move(values);
   module.entries.push_back(std::move(entry));
   return &module.entries.back();
+}
+
+/// Makes room for one more record, growing as `push_back` does.
+template <typename Record>
+void make_room(std::vector<Record>& records) {
+  if (records.size() == records.capacity()) {
+    records.reserve(records.empty() ? 1 : 2 * records.size());
+  }
+}
+
+/// Drops the statements of removed modules and counts the others anew. `removed_up_to` tells for
+/// each module how many were removed up to and with it.
+void forget_modules(std::vector<Statement>& statements,
+                    const std::vector<std::size_t>& removed_up_to) {
+  const auto removed_before = [&](std::size_t module) {
+    return module == 0 ? 0 : removed_up_to[std::min(module, removed_up_to.size()) - 1];
+  };
+  std::erase_if(statements, [&](const Statement& statement) {
+    const std::size_t module = statement.module_index;
+    return statement.kind == StatementKind::Module && module < removed_up_to.size() &&
+           removed_up_to[module] > removed_before(module);
+  });
+  for (Statement& statement : statements) {
+    if (statement.kind == StatementKind::Module && statement.module_index != Statement::no_module) {
+      statement.module_index -= removed_before(statement.module_index);
+    }
+  }
 }
 
 }  // namespace
@@ -47,9 +78,10 @@ Module BDFEditor::make_module(std::string name) const {
 
 Module* BDFEditor::append_module(std::string name) {
   ensure_statement_order();
-  data_.modules.push_back(make_module(std::move(name)));
-  data_.statements.push_back({StatementKind::Module, data_.modules.size() - 1, {}, std::nullopt});
-  return &data_.modules.back();
+  Module made = make_module(std::move(name));
+  make_room(data_.modules);
+  data_.statements.push_back({StatementKind::Module, data_.modules.size(), {}, std::nullopt});
+  return &data_.modules.emplace_back(std::move(made));
 }
 
 Module* BDFEditor::upsert_module(std::string name) {
@@ -58,8 +90,9 @@ Module* BDFEditor::upsert_module(std::string name) {
   if (found == nullptr) {
     return append_module(std::move(name));
   }
+  const bool known = schema_.is_known_module(name);
   found->name = std::move(name);
-  found->known = schema_.is_known_module(found->name);
+  found->known = known;
   found->terminated = true;
   return found;
 }
@@ -75,13 +108,23 @@ bool BDFEditor::remove_module(std::string_view name, std::size_t index) {
   return true;
 }
 
+// All go in one pass over modules and statements, however many there are.
 bool BDFEditor::remove_module(std::string_view name) {
   // The name may live in a module that is about to go.
   const std::string wanted(name);
-  const bool removed = remove_module(wanted, 0);
-  while (remove_module(wanted, 0)) {
+  const CanonicalMatch matches(&SchemaAccess::impl(schema_).module_aliases, wanted);
+  std::vector<std::size_t> removed_up_to;
+  removed_up_to.reserve(data_.modules.size());
+  std::size_t removed = 0;
+  for (const Module& module : data_.modules) {
+    removed += matches(module.name) ? 1 : 0;
+    removed_up_to.push_back(removed);
   }
-  return removed;
+  if (removed > 0) {
+    std::erase_if(data_.modules, [&](const Module& module) { return matches(module.name); });
+    forget_modules(data_.statements, removed_up_to);
+  }
+  return removed > 0;
 }
 
 // Modules are added until the index-th of that name is there. In a schema whose aliases chain (an
@@ -120,10 +163,12 @@ ModuleEntry* BDFEditor::set_module_entry(std::string_view module, std::size_t mo
   if (entry == nullptr) {
     return append_entry(*target, canonical, std::move(values), spec);
   }
-  describe_entry(*entry, name, spec);
-  entry->values = std::move(values);
-  entry->children.clear();
-  entry->terminated = true;
+  ModuleEntry made;
+  describe_entry(made, name, spec);
+  made.values = std::move(values);
+  made.raw_line = std::move(entry->raw_line);
+  made.location = entry->location;
+  *entry = std::move(made);
   return entry;
 }
 
@@ -139,10 +184,10 @@ bool BDFEditor::remove_module_entry(std::string_view module, std::size_t module_
     return false;
   }
   const ModuleSpec* const spec = spec_of(*target, schema_);
-  const std::string wanted = canonical_entry_name(spec, name);
-  const auto matches = [&](const ModuleEntry& entry) {
-    return canonical_entry_name(spec, entry.name) == wanted;
-  };
+  // The name may live in an entry that is about to go.
+  const std::string wanted(name);
+  const CanonicalMatch is_wanted(entry_aliases(spec), wanted);
+  const auto matches = [&](const ModuleEntry& entry) { return is_wanted(entry.name); };
   if (!occurrence) {
     return std::erase_if(target->entries, matches) > 0;
   }

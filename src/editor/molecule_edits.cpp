@@ -6,6 +6,7 @@
 
 #include "kelp/input/bdf/editor.hpp"
 #include "model/molecule_names.hpp"
+#include "schema/lookup.hpp"
 
 namespace kelp::input::bdf {
 
@@ -18,8 +19,18 @@ void BDFEditor::set_cartesian_geometry(std::vector<AtomRecord> atoms) {
     return;
   }
   // A compass module with a geometry entry of its own would hide the new atoms.
-  for (std::size_t i = 0; i < data_.module_count(compass_module); ++i) {
-    remove_module_entry(compass_module, i, geometry_entry, std::nullopt);
+  const InputSchema::Impl& schema = SchemaAccess::impl(schema_);
+  const CanonicalMatch is_compass(&schema.module_aliases, compass_module);
+  std::size_t left = data_.module_count(compass_module);
+  for (Module& module : data_.modules) {
+    if (left > 0 && is_compass(module.name)) {
+      --left;
+      const ModuleSpec* const spec = find_module_spec(schema, module.name);
+      const CanonicalMatch is_geometry(spec == nullptr ? nullptr : &spec->entry_aliases,
+                                       geometry_entry);
+      std::erase_if(module.entries,
+                    [&](const ModuleEntry& entry) { return is_geometry(entry.name); });
+    }
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "kelp/core/text.hpp"
 #include "schema/normalize_key.hpp"
 
 namespace kelp::input::bdf {
@@ -10,18 +11,33 @@ namespace {
 template <typename Record>
 const Record* resolve(const AliasMap& aliases, const NameMap<Record>& records,
                       std::string_view name) {
-  const std::string* const canonical = find_in(aliases, normalize_key(name));
+  const std::string* const canonical = find_in(aliases, bare_key(require_text(name)));
   return canonical == nullptr ? nullptr : find_in(records, *canonical);
 }
 
 }  // namespace
 
 std::string canonical_name(const AliasMap& aliases, std::string_view name) {
-  std::string key = normalize_key(name);
-  if (const std::string* const canonical = find_in(aliases, key)) {
-    return *canonical;
-  }
-  return key;
+  const std::string_view key = bare_key(require_text(name));
+  const std::string* const canonical = find_in(aliases, key);
+  return canonical == nullptr ? core::text::to_lower(key) : *canonical;
+}
+
+std::string_view canonical_view(const AliasMap& aliases, std::string_view name) noexcept {
+  const std::string_view key = bare_key(name);
+  const std::string* const canonical = find_in(aliases, key);
+  return canonical == nullptr ? key : std::string_view(*canonical);
+}
+
+CanonicalMatch::CanonicalMatch(const AliasMap* aliases, std::string_view name) noexcept
+    : aliases_(aliases), wanted_(view_of(name)) {}
+
+bool CanonicalMatch::operator()(std::string_view name) const noexcept {
+  return core::text::equals_ignoring_case(view_of(name), wanted_);
+}
+
+std::string_view CanonicalMatch::view_of(std::string_view name) const noexcept {
+  return aliases_ == nullptr ? bare_key(name) : canonical_view(*aliases_, name);
 }
 
 const ModuleSpec* find_module_spec(const InputSchema::Impl& impl, std::string_view name) {

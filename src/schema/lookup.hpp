@@ -14,6 +14,27 @@ namespace kelp::input::bdf {
 /// Returns what an alias map makes of a name: the canonical name, or else the normalised name.
 std::string canonical_name(const AliasMap& aliases, std::string_view name);
 
+/// Returns the same without allocating: a view of the map, or of the name, then in its own case.
+std::string_view canonical_view(const AliasMap& aliases, std::string_view name) noexcept;
+
+/// Tells which names have the canonical form of one name. Allocates nothing. Looks at the text of
+/// that name, or at that of the map, for as long as it is used.
+class CanonicalMatch {
+ public:
+  /// Null aliases are none.
+  CanonicalMatch(const AliasMap* aliases, std::string_view name) noexcept;
+
+  bool operator()(std::string_view name) const noexcept;
+  /// Returns the canonical name itself; its case may be that of the name given.
+  std::string_view wanted() const noexcept { return wanted_; }
+
+ private:
+  std::string_view view_of(std::string_view name) const noexcept;
+
+  const AliasMap* aliases_;
+  std::string_view wanted_;
+};
+
 /// Returns the module of that name or alias, or null.
 const ModuleSpec* find_module_spec(const InputSchema::Impl& impl, std::string_view name);
 

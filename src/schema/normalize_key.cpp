@@ -13,12 +13,16 @@ std::string_view require_text(std::string_view text) {
   return text;
 }
 
-std::string normalize_key(std::string_view text) {
-  std::string_view key = core::text::trim_view(require_text(text));
+std::string_view bare_key(std::string_view text) noexcept {
+  std::string_view key = core::text::trim_view(text);
   if (!key.empty() && key.front() == '$') {
     key.remove_prefix(1);
   }
-  return core::text::to_lower(key);
+  return key;
+}
+
+std::string normalize_key(std::string_view text) {
+  return core::text::to_lower(bare_key(require_text(text)));
 }
 
 }  // namespace kelp::input::bdf

@@ -46,7 +46,7 @@ std::string InputSchema::canonical_method(std::string_view name) const {
 }
 
 bool InputSchema::is_known_method(std::string_view name) const {
-  return impl_->methods.contains(normalize_key(name));
+  return impl_->methods.contains(bare_key(require_text(name)));
 }
 
 std::string InputSchema::canonical_functional(std::string_view name) const {
@@ -54,7 +54,7 @@ std::string InputSchema::canonical_functional(std::string_view name) const {
 }
 
 bool InputSchema::is_known_functional(std::string_view name) const {
-  return impl_->functionals.contains(normalize_key(name));
+  return impl_->functionals.contains(bare_key(require_text(name)));
 }
 
 std::string InputSchema::canonical_basis(std::string_view name) const {
@@ -62,7 +62,7 @@ std::string InputSchema::canonical_basis(std::string_view name) const {
 }
 
 bool InputSchema::is_known_basis(std::string_view name) const {
-  return impl_->basis_sets.contains(normalize_key(name));
+  return impl_->basis_sets.contains(bare_key(require_text(name)));
 }
 
 std::string InputSchema::canonical_easy_key(std::string_view name) const {
@@ -74,7 +74,7 @@ std::string InputSchema::canonical_module(std::string_view name) const {
 }
 
 bool InputSchema::is_known_module(std::string_view name) const {
-  return impl_->module_aliases.contains(normalize_key(name));
+  return impl_->module_aliases.contains(bare_key(require_text(name)));
 }
 
 bool InputSchema::module_repeatable(std::string_view name) const {

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string_view>
+
 #include "editor_fixture.hpp"
 
 namespace kelp::input::bdf {
@@ -204,6 +207,49 @@ TEST(ModuleEdits, AcceptOddNames) {
     ASSERT_NE(editor.append_module(name), nullptr) << name;
     ASSERT_NE(editor.upsert_module(name), nullptr) << name;
     EXPECT_EQ(order_of(editor.data()).size(), editor.data().modules.size()) << name;
+  }
+}
+
+TEST(Module, OfANameWithoutTextIsNone) {
+  BDFEditor editor(document_of({"scf"}), small_schema());
+  EXPECT_EQ(editor.module(std::string_view(nullptr, 3)), nullptr);
+}
+
+// Statements refer to modules twice, to none, or to some that are not there.
+BDFData random_document(std::mt19937& random) {
+  const Lines names = {"scf", "compass", "HFSCF", "extra", "unknown"};
+  BDFData data;
+  for (std::size_t count = random() % 8; count > 0; --count) {
+    data.modules.push_back(module_named("x"));
+    data.modules.back().name = names[random() % names.size()];
+  }
+  for (std::size_t count = random() % 12; count > 0; --count) {
+    const std::size_t module = random() % 13 == 0 ? Statement::no_module : random() % 11;
+    const StatementKind kind = random() % 5 == 0 ? StatementKind::Raw : StatementKind::Module;
+    data.statements.push_back({kind, module, {}, std::nullopt});
+  }
+  return data;
+}
+
+TEST(RemoveModule, OfANameIsTheSameAsOneAfterTheOther) {
+  std::mt19937 random(7);
+  for (int i = 0; i < 2000; ++i) {
+    BDFEditor one(random_document(random), small_schema());
+    BDFEditor all = one;
+    bool removed = false;
+    while (one.remove_module("scf", 0)) {
+      removed = true;
+    }
+    ASSERT_EQ(all.remove_module("uhfscf"), removed);
+    ASSERT_EQ(all.data().modules.size(), one.data().modules.size());
+    ASSERT_EQ(all.data().statements.size(), one.data().statements.size());
+    for (std::size_t k = 0; k < one.data().modules.size(); ++k) {
+      ASSERT_EQ(all.data().modules[k].name, one.data().modules[k].name);
+    }
+    for (std::size_t k = 0; k < one.data().statements.size(); ++k) {
+      ASSERT_EQ(all.data().statements[k].kind, one.data().statements[k].kind);
+      ASSERT_EQ(all.data().statements[k].module_index, one.data().statements[k].module_index);
+    }
   }
 }
 

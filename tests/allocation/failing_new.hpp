@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+
+namespace kelp::test {
+
+/// Lets one allocation of this process fail while it lives: the one with that number, counted from
+/// 0. Only the first of them that is alive counts.
+class FailingNew {
+ public:
+  explicit FailingNew(std::size_t number) noexcept;
+  FailingNew(const FailingNew&) = delete;
+  FailingNew& operator=(const FailingNew&) = delete;
+  ~FailingNew();
+
+  /// Tells whether it has failed yet.
+  bool has_failed() const noexcept;
+};
+
+/// Returns how many blocks are allocated and not freed.
+long long live_blocks() noexcept;
+
+}  // namespace kelp::test
