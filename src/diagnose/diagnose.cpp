@@ -168,18 +168,6 @@ std::vector<Diagnostic> diagnose(const ParsedInput& input, const DiagnoseOptions
   return found;
 }
 
-std::string_view to_string(Severity severity) noexcept {
-  switch (severity) {
-    case Severity::Note:
-      return "note";
-    case Severity::Warning:
-      return "warning";
-    case Severity::Error:
-      return "error";
-  }
-  return "unknown";
-}
-
 std::string concise_text(const Diagnostic& diagnostic, const SourceText& source,
                          std::string_view file) {
   using core::unicode::displayable;

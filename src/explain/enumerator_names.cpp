@@ -39,4 +39,8 @@ std::string_view to_string(ValidationSeverity severity) noexcept {
   return name_in<ValidationSeverity, 2>({"warning", "error"}, severity);
 }
 
+std::string_view to_string(Severity severity) noexcept {
+  return name_in<Severity, 3>({"note", "warning", "error"}, severity);
+}
+
 }  // namespace kelp::input::bdf

@@ -81,6 +81,7 @@ class Explainer {
     if (const FindingText* const text = find_finding_text(name_)) {
       Explanation& made = add(ExplainedThing::Finding, std::string(text->code), "");
       made.summary = text->meaning;
+      made.facts.push_back({"severity", std::string(to_string(text->severity))});
       made.finding = text;
     }
   }

@@ -130,12 +130,5 @@ TEST(Diagnose, FindsThePlacesOfManyFindingsOnALongLine) {
   EXPECT_EQ(column(2999), 33009U);
 }
 
-TEST(SeverityNames, AreWords) {
-  EXPECT_EQ(to_string(Severity::Note), "note");
-  EXPECT_EQ(to_string(Severity::Warning), "warning");
-  EXPECT_EQ(to_string(Severity::Error), "error");
-  EXPECT_EQ(to_string(static_cast<Severity>(7)), "unknown");
-}
-
 }  // namespace
 }  // namespace kelp::input::bdf

@@ -20,6 +20,7 @@ TEST(ToString, NamesEachEnumerator) {
   expect_names<InputMode>({"easy", "module", "mixed"});
   expect_names<StatementKind>({"module", "shell", "database", "comment", "raw"});
   expect_names<ValidationSeverity>({"warning", "error"});
+  expect_names<Severity>({"note", "warning", "error"});
   expect_names<EntryValueKind>({"flag", "scalar", "tuple", "multiline", "counted_rows",
                                 "nested_block", "terminated_block", "raw"});
 }

@@ -57,19 +57,23 @@ TEST(FindingTexts, EveryCodeOfTheLibraryAndTheCommandIsExplained) {
   }
 }
 
+std::string graded(std::string_view severity, std::string_view code) {
+  return std::string(severity) + " " + std::string(code);
+}
+
 std::set<std::string> findings_of(const FindingText& text, std::string_view example) {
-  std::set<std::string> codes;
+  std::set<std::string> found;
   if (text.code.starts_with("schema.")) {
     for (const auto& problem : lint_schema(example)) {
-      codes.insert(problem.code);
+      found.insert(graded(to_string(problem.severity), problem.code));
     }
-    return codes;
+    return found;
   }
   const ParsedInput input(std::string(example), shipped_schema());
-  for (const Diagnostic& diagnostic : diagnose(input, {UnknownNames::Error})) {
-    codes.insert(diagnostic.code);
+  for (const Diagnostic& diagnostic : diagnose(input)) {
+    found.insert(graded(to_string(diagnostic.severity), diagnostic.code));
   }
-  return codes;
+  return found;
 }
 
 TEST(FindingTexts, EachExampleHasItsFindingAndNoOtherAndIsCuredByTheFix) {
@@ -77,7 +81,9 @@ TEST(FindingTexts, EachExampleHasItsFindingAndNoOtherAndIsCuredByTheFix) {
   for (const FindingText& text : finding_texts()) {
     if (!text.example.empty()) {
       ++examples;
-      EXPECT_THAT(findings_of(text, text.example), testing::ElementsAre(text.code)) << text.example;
+      EXPECT_THAT(findings_of(text, text.example),
+                  testing::ElementsAre(graded(to_string(text.severity), text.code)))
+          << text.example;
       EXPECT_THAT(findings_of(text, text.fixed), testing::IsEmpty()) << text.code << text.fixed;
     }
   }
@@ -100,8 +106,9 @@ std::string block(std::string_view title, std::string_view language, std::string
 
 std::string section(const FindingText& text) {
   const std::string_view language = text.code.starts_with("schema.") ? "yaml" : "text";
-  return "## " + std::string(text.code) + "\n\n" + std::string(text.meaning) + "\n\n*Cause:* " +
-         std::string(text.cause) + "\n\n*Fix:* " + std::string(text.fix) + "\n\n" +
+  return "## " + std::string(text.code) + "\n\n" + std::string(text.meaning) + "\n\n*Severity:* " +
+         std::string(to_string(text.severity)) + "\n\n*Cause:* " + std::string(text.cause) +
+         "\n\n*Fix:* " + std::string(text.fix) + "\n\n" +
          block("Example:", language, text.example) +
          block("Without the finding:", language, text.fixed);
 }

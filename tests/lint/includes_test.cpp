@@ -137,7 +137,7 @@ const Room* room_called(std::string_view name) {
 // The records of the document and of findings are everybody's.
 bool is_plain_record(std::string_view header) {
   return starts_with_any(header, {"export.hpp", "value_kind.hpp", "document.hpp", "record.hpp",
-                                  "validation.hpp", "schema.hpp"});
+                                  "validation.hpp", "schema.hpp", "severity.hpp"});
 }
 
 bool knows(const Room& room, std::string_view include) {

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "kelp/input/bdf/explain.hpp"
+#include "validate/fault.hpp"
 #include "validate/findings.hpp"
 
 namespace kelp::input::bdf {
@@ -140,6 +142,25 @@ TEST(IssueTable, OfNestedEntriesBesideEachOther) {
   expect_finding(module("nest\ncsingle\ncfights\nend"),
                  "4:1+7 error bdf.conflicting_entries BDF nested entries 'm.nest.cfights' and "
                  "'m.nest.csingle' conflict.");
+}
+
+// A name that the schema does not know is an error for whoever asks for that.
+bool is_stricter_on_request(IssueId id) {
+  return id == IssueId::UnknownModule || id == IssueId::UnknownEntry ||
+         id == IssueId::UnknownNestedEntry;
+}
+
+TEST(IssueTable, HasTheSeveritiesThatTheTextsOfTheCodesHave) {
+  const auto last = static_cast<int>(IssueId::DuplicateNestedEntry);
+  for (int number = 0; number <= last; ++number) {
+    const auto id = static_cast<IssueId>(number);
+    const FindingText* const text = find_finding_text(code_of(id));
+    ASSERT_NE(text, nullptr) << code_of(id);
+    const bool is_error = severity_of(id) == ValidationSeverity::Error;
+    const Severity expected =
+        is_error && !is_stricter_on_request(id) ? Severity::Error : Severity::Warning;
+    EXPECT_EQ(text->severity, expected) << code_of(id);
+  }
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "kelp/input/bdf/rewrite.hpp"
 #include "kelp/input/bdf/schema.hpp"
 #include "kelp/input/bdf/schema_lint.hpp"
+#include "kelp/input/bdf/severity.hpp"
 #include "kelp/input/bdf/source.hpp"
 #include "kelp/input/bdf/validation.hpp"
 #include "kelp/input/bdf/value_kind.hpp"

@@ -19,20 +19,10 @@
 #include "kelp/input/bdf/export.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/record.hpp"
+#include "kelp/input/bdf/severity.hpp"
 #include "kelp/input/bdf/source.hpp"
 
 namespace kelp::input::bdf {
-
-/// How grave a diagnostic is.
-enum class Severity : std::int32_t {
-  Note = 0,     ///< worth knowing; never a reason to fail
-  Warning = 1,  ///< probably not what was meant
-  Error = 2,    ///< will not run, or not as written
-};
-
-/// Returns "note", "warning" or "error"; "unknown" for a number that is none. The view lives for
-/// ever.
-KELP_BDF_INP_EXPORT std::string_view to_string(Severity severity) noexcept;
 
 /// Another part of the text that matters for a diagnostic.
 struct RelatedRange {

@@ -20,6 +20,7 @@
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/export.hpp"
 #include "kelp/input/bdf/schema.hpp"
+#include "kelp/input/bdf/severity.hpp"
 #include "kelp/input/bdf/validation.hpp"
 #include "kelp/input/bdf/value_kind.hpp"
 
@@ -39,12 +40,13 @@ KELP_BDF_INP_EXPORT std::string_view to_string(ValidationSeverity severity) noex
 /// `bdf.`, schemas for those that begin with `schema.`; both are empty where none is short enough.
 /// The views live for ever.
 struct FindingText {
-  std::string_view code;     ///< the dotted code
-  std::string_view meaning;  ///< what is the matter, in a sentence or two
-  std::string_view cause;    ///< what brings it about
-  std::string_view fix;      ///< what to do
-  std::string_view example;  ///< has the finding and no other
-  std::string_view fixed;    ///< the same without it
+  std::string_view code;                  ///< the dotted code
+  std::string_view meaning;               ///< what is the matter, in a sentence or two
+  std::string_view cause;                 ///< what brings it about
+  std::string_view fix;                   ///< what to do
+  std::string_view example;               ///< has the finding and no other
+  std::string_view fixed;                 ///< the same without it
+  Severity severity = Severity::Warning;  ///< how grave it is, unless options say otherwise
 };
 
 /// Returns the texts of all codes, those of inputs first. The span lives for ever.
