@@ -120,6 +120,61 @@ void for_each_character(std::string_view text, Use use) {
   }
 }
 
+// What stands at the end of a line rather than at the beginning of the next, and the reverse.
+constexpr auto closing = std::to_array<CodeRange>({
+    {0x21, 0x21},     {0x25, 0x25},     {0x29, 0x29},     {0x2C, 0x2C},     {0x2E, 0x2F},
+    {0x3A, 0x3B},     {0x3F, 0x3F},     {0x5D, 0x5D},     {0x7D, 0x7D},     {0x2019, 0x2019},
+    {0x201D, 0x201D}, {0x2026, 0x2026}, {0x3001, 0x3002}, {0x3009, 0x3009}, {0x300B, 0x300B},
+    {0x300D, 0x300D}, {0x300F, 0x300F}, {0x3011, 0x3011}, {0xFF01, 0xFF01}, {0xFF09, 0xFF09},
+    {0xFF0C, 0xFF0C}, {0xFF0E, 0xFF0F}, {0xFF1A, 0xFF1B}, {0xFF1F, 0xFF1F},
+});
+constexpr auto opening = std::to_array<CodeRange>({
+    {0x28, 0x28},
+    {0x5B, 0x5B},
+    {0x7B, 0x7B},
+    {0x2018, 0x2018},
+    {0x201C, 0x201C},
+    {0x3008, 0x3008},
+    {0x300A, 0x300A},
+    {0x300C, 0x300C},
+    {0x300E, 0x300E},
+    {0x3010, 0x3010},
+    {0xFF08, 0xFF08},
+});
+
+bool may_part(std::uint32_t before, std::uint32_t after) {
+  return (is_in(before, wide) || is_in(after, wide)) && !is_in(after, closing) &&
+         !is_in(after, zero_width) && !is_in(before, opening);
+}
+
+// Calls `use(begin, length)` for each part of a text that stays on one line: a word, or a wide
+// character with what belongs to it.
+template <typename Use>
+void for_each_piece(std::string_view text, Use use) {
+  std::size_t begin = 0;
+  std::size_t at = 0;
+  std::uint32_t last = 0;
+  const auto finish = [&] {
+    if (at > begin) {
+      use(begin, at - begin);
+    }
+  };
+  for_each_character(text, [&](std::string_view character) {
+    const std::uint32_t code = character.empty() ? 0 : code_of(character);
+    const std::size_t length = std::max<std::size_t>(character.size(), 1);
+    if (code == ' ') {
+      finish();
+      begin = at + length;
+    } else if (at > begin && may_part(last, code)) {
+      finish();
+      begin = at;
+    }
+    last = code;
+    at += length;
+  });
+  finish();
+}
+
 }  // namespace
 
 std::size_t character_length(std::string_view text) {
@@ -175,6 +230,45 @@ std::string displayable(std::string_view text) {
     }
   });
   return shown;
+}
+
+std::vector<std::string_view> wrap(std::string_view text, std::size_t columns) {
+  std::vector<std::string_view> lines;
+  std::size_t begin = 0;
+  std::size_t end = 0;  // of the line so far
+  std::size_t width = 0;
+  for_each_piece(text, [&](std::size_t piece, std::size_t length) {
+    const std::size_t wider = width + display_width(text.substr(end, piece + length - end));
+    if (end > begin && wider > columns) {
+      lines.push_back(text.substr(begin, end - begin));
+      end = begin;
+    }
+    width = end > begin ? wider : display_width(text.substr(piece, length));
+    begin = end > begin ? begin : piece;
+    end = piece + length;
+  });
+  if (end > begin) {
+    lines.push_back(text.substr(begin, end - begin));
+  }
+  return lines;
+}
+
+std::string fitted(std::string_view text, std::size_t columns) {
+  constexpr std::string_view dots = "...";
+  if (display_width(text) <= columns) {
+    return std::string(text);
+  }
+  const std::size_t room = columns - std::min(columns, dots.size());
+  const std::vector<std::string_view> lines = wrap(text, room);
+  std::string_view first = lines.empty() ? std::string_view() : lines.front();
+  while (display_width(first) > room) {
+    std::size_t last = first.size() - 1;
+    while (last > 0 && is_continuation(byte_at(first, last))) {
+      --last;
+    }
+    first = first.substr(0, last);
+  }
+  return std::string(first).append(dots);
 }
 
 std::string abridged(std::string_view text) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelp::core::unicode {
 
@@ -29,6 +30,16 @@ std::size_t display_width(std::string_view text);
 /// Returns a text that is safe to show: a tab becomes blanks; a control character, one that turns
 /// the direction of writing, or a byte that is no UTF-8 becomes a replacement character.
 std::string displayable(std::string_view text);
+
+/// Cuts a text into lines of at most `columns` columns, at blanks, which are left out, and beside
+/// wide characters, but so that no line begins with what closes and none ends with what opens. A
+/// word that is wider has a line of its own. None for a text of blanks. The lines are views into
+/// the text.
+std::vector<std::string_view> wrap(std::string_view text, std::size_t columns);
+
+/// Returns a text that takes at most `columns` columns, at least four: one that takes more ends in
+/// three dots, behind a whole word if there is one.
+std::string fitted(std::string_view text, std::size_t columns);
 
 /// Returns a text without its middle when it is so long that nobody would read it.
 std::string abridged(std::string_view text);
