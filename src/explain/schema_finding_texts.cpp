@@ -111,6 +111,32 @@ constexpr auto texts = std::to_array<FindingText>({
      "schema_version: 1\n"
      "modules: {scf: {entries: {charge: {value_type: integer, default: 0}}}}\n",
      error},
+    {"schema.missing_summary",
+     "A name has no sentence that says what it means, although the metadata require one of every "
+     "name.",
+     "A name that was added without its summary; a basis set may have that of its family instead.",
+     "Add 'summary', or take 'summaries: required' out of the metadata.",
+     "schema_version: 1\nmetadata: {summaries: required}\n"
+     "modules: {scf: {entries: {}}}\n",
+     "schema_version: 1\nmetadata: {summaries: required}\n"
+     "modules: {scf: {summary: Self-consistent field., entries: {}}}\n"},
+    {"schema.missing_value_meaning",
+     "A value of a closed list is not explained, although the metadata require it of every name.",
+     "A value that was added to 'allowed' alone.",
+     "Add the value under 'values', or take 'summaries: required' out of the metadata.",
+     "schema_version: 1\nmetadata: {summaries: required}\n"
+     "easy_keywords: {unit: {summary: Unit of lengths., allowed: [bohr]}}\n",
+     "schema_version: 1\nmetadata: {summaries: required}\n"
+     "easy_keywords:\n"
+     "  unit: {summary: Unit of lengths., allowed: [bohr], values: {bohr: atomic units}}\n"},
+    {"schema.unknown_value", "The meaning of a value is given that the entry does not have.",
+     "A slip, or a value that is no longer in 'allowed', or is explained in Chinese alone.",
+     "Correct the value, or add it to the list.",
+     "schema_version: 1\n"
+     "modules: {scf: {entries: {guess: {allowed: [atom], values: {atoms: of atoms}}}}}\n",
+     "schema_version: 1\n"
+     "modules: {scf: {entries: {guess: {allowed: [atom], values: {atom: of atoms}}}}}\n",
+     error},
     {"schema.reserved_category", "The category has a meaning of its own.",
      "The words method_spec and unknown tell what a word of the header is.",
      "Use another category.", "schema_version: 1\neasy_keywords: {charge: {category: unknown}}\n",

@@ -13,24 +13,30 @@ namespace kelp::input::bdf {
 inline constexpr std::array<std::string_view, 7> document_keys = {
     "program", "schema_kind", "metadata", "easy_input", "methods", "easy_keywords", "modules"};
 
-inline constexpr std::array<std::string_view, 4> metadata_keys = {
-    "bdf_version", "manual_source", "manual_revision", "generated_at"};
+// The last one is for the linter alone.
+inline constexpr std::array<std::string_view, 5> metadata_keys = {
+    "bdf_version", "manual_source", "manual_revision", "generated_at", "summaries"};
 
 inline constexpr std::array<std::string_view, 4> easy_input_keys = {"methods", "functionals",
                                                                     "basis", "control_keywords"};
 
-inline constexpr std::array<std::string_view, 2> basis_keys = {"known", "extensible"};
+inline constexpr std::array<std::string_view, 3> basis_keys = {"known", "extensible", "families"};
 
-inline constexpr std::array<std::string_view, 3> module_keys = {"repeatable", "aliases", "entries"};
+inline constexpr std::array<std::string_view, 3> family_keys = {"prefixes", "summary",
+                                                                "summary_zh"};
 
-inline constexpr std::array<std::string_view, 1> alias_keys = {"aliases"};
+inline constexpr std::array<std::string_view, 5> module_keys = {"repeatable", "aliases", "entries",
+                                                                "summary", "summary_zh"};
 
-inline constexpr std::array<std::string_view, 21> description_keys = {
+inline constexpr std::array<std::string_view, 3> listed_name_keys = {"aliases", "summary",
+                                                                     "summary_zh"};
+
+inline constexpr std::array<std::string_view, 25> description_keys = {
     "kind",      "terminator", "value_type",      "default",       "allowed",
     "min",       "max",        "min_exclusive",   "max_exclusive", "arity",
     "min_arity", "max_arity",  "allowed_arities", "count_line",    "repeatable",
     "row",       "requires",   "conflicts",       "aliases",       "entries",
-    "category"};
+    "category",  "summary",    "summary_zh",      "values",        "values_zh"};
 
 inline constexpr std::array<std::string_view, 5> row_keys = {"arity", "min_arity", "max_arity",
                                                              "allowed_arities", "types"};

@@ -99,14 +99,31 @@ void read_arities(const Fields<description_keys.size()>& fields, EntrySchemaInfo
   info.allowed_arities = count_list(fields["allowed_arities"], budget);
 }
 
-void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& budget, int depth) {
+Meaning::Values read_values(const YAML::Node& node, ExpansionBudget& budget, TextPool& texts) {
+  Meaning::Values values;
+  if (!node.IsMap()) {
+    return values;
+  }
+  values.reserve(node.size());
+  for (const auto& item : node) {
+    budget.pay_for(item.first);
+    budget.pay_for(item.second);
+    if (item.first.IsScalar() && item.second.IsScalar()) {
+      values.emplace_back(normalize_key(item.first.Scalar()), texts.add(item.second.Scalar()));
+    }
+  }
+  return values;
+}
+
+void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& budget,
+                   TextPool& texts, int depth) {
   for (const auto& item : map) {
     budget.pay_for(item.second);
     if (!item.first.IsScalar()) {
       continue;
     }
     const std::string name = normalize_key(item.first.Scalar());
-    NamedEntry child = read_entry(name, item.second, budget, depth + 1);
+    NamedEntry child = read_entry(name, item.second, budget, texts, depth + 1);
     parent.children.insert_or_assign(name,
                                      std::make_shared<const EntrySpec>(std::move(child.spec)));
     parent.child_aliases.insert_or_assign(name, name);
@@ -118,8 +135,8 @@ void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& bu
 
 }  // namespace
 
-EntryExtras read_description(const YAML::Node& map, EntrySchemaInfo& info,
-                             ExpansionBudget& budget) {
+EntryExtras read_description(const YAML::Node& map, EntrySchemaInfo& info, ExpansionBudget& budget,
+                             TextPool* texts) {
   const Fields fields(map, description_keys, budget);
   if (const YAML::Node& kind = fields["kind"]; kind.IsScalar()) {
     info.kind = kind_from_text(normalize_key(kind.Scalar()));
@@ -141,12 +158,18 @@ EntryExtras read_description(const YAML::Node& map, EntrySchemaInfo& info,
   read_row(fields["row"], info, budget);
   info.required = requirement_list(fields["requires"], budget);
   info.conflicts = normalized_list(fields["conflicts"], budget);
-  return {text_list(fields["aliases"], budget), fields["entries"],
-          normalize_key(scalar_text(fields["category"]))};
+  EntryExtras extras = {text_list(fields["aliases"], budget), fields["entries"],
+                        normalize_key(scalar_text(fields["category"])), Meaning()};
+  if (texts != nullptr) {
+    extras.meaning = read_summary(fields, *texts);
+    extras.meaning.values = {read_values(fields["values"], budget, *texts),
+                             read_values(fields["values_zh"], budget, *texts)};
+  }
+  return extras;
 }
 
 NamedEntry read_entry(std::string name, const YAML::Node& node, ExpansionBudget& budget,
-                      int depth) {
+                      TextPool& texts, int depth) {
   // yaml-cpp stops at 500 levels of YAML, which are 250 of entries; only aliases go deeper.
   constexpr int max_depth = 256;
   if (depth > max_depth) {
@@ -156,10 +179,11 @@ NamedEntry read_entry(std::string name, const YAML::Node& node, ExpansionBudget&
   NamedEntry entry;
   entry.spec.name = std::move(name);
   if (node.IsMap()) {
-    EntryExtras extras = read_description(node, entry.spec, budget);
+    EntryExtras extras = read_description(node, entry.spec, budget, &texts);
     entry.aliases = std::move(extras.aliases);
+    entry.spec.meaning = std::move(extras.meaning);
     if (extras.entries.IsMap()) {
-      read_children(extras.entries, entry.spec, budget, depth);
+      read_children(extras.entries, entry.spec, budget, texts, depth);
     }
   }
   return entry;

@@ -2,8 +2,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "kelp/input/bdf/schema.hpp"
+#include "schema/meaning_record.hpp"
 #include "schema/name_map.hpp"
 
 namespace kelp::input::bdf {
@@ -14,11 +16,13 @@ struct InputSchema::Impl {
   struct EntrySpec : EntrySchemaInfo {
     NameMap<std::shared_ptr<const EntrySpec>> children;
     AliasMap child_aliases;
+    Meaning meaning;
   };
 
   /// One easy keyword.
   struct ValueSpec : EntrySchemaInfo {
     std::string category = "control";
+    Meaning meaning;
   };
 
   /// One module.
@@ -27,6 +31,7 @@ struct InputSchema::Impl {
     bool repeatable = false;
     NameMap<EntrySpec> entries;
     AliasMap entry_aliases;
+    Meaning meaning;
   };
 
   SchemaMetadata metadata;
@@ -38,6 +43,14 @@ struct InputSchema::Impl {
   AliasMap control_keyword_aliases;
   NameMap<ModuleSpec> modules;
   AliasMap module_aliases;
+
+  // What the names of mere lists mean, by canonical name; of those that nothing is said about,
+  // nothing is here. The sentences of all names stand in the pool.
+  NameMap<Meaning> method_meanings;
+  NameMap<Meaning> functional_meanings;
+  NameMap<Meaning> basis_meanings;
+  std::vector<BasisFamilySpec> basis_families;
+  TextPool texts;
 };
 
 using EntrySpec = InputSchema::Impl::EntrySpec;

@@ -23,7 +23,9 @@ namespace {
 
 class SchemaReader {
  public:
-  explicit SchemaReader(std::size_t document_size) : budget_(document_size) {}
+  explicit SchemaReader(std::size_t document_size) : budget_(document_size) {
+    impl_->texts.expect(document_size);
+  }
 
   std::shared_ptr<const InputSchema::Impl> read(const YAML::Node& root) {
     impl_->metadata.schema_version = required_int(root["schema_version"]);
@@ -34,7 +36,7 @@ class SchemaReader {
     if (fields["easy_input"].IsMap()) {
       read_easy_input(fields["easy_input"]);
     } else {
-      read_name_list(fields["methods"], impl_->methods);
+      read_name_list(fields["methods"], impl_->methods, impl_->method_meanings);
       read_keywords(fields["easy_keywords"]);
     }
     read_modules(fields["modules"]);
@@ -76,23 +78,45 @@ class SchemaReader {
 
   void read_easy_input(const YAML::Node& node) {
     const Fields fields(node, easy_input_keys, budget_);
-    read_name_list(fields["methods"], impl_->methods);
-    read_name_list(fields["functionals"], impl_->functionals);
+    read_name_list(fields["methods"], impl_->methods, impl_->method_meanings);
+    read_name_list(fields["functionals"], impl_->functionals, impl_->functional_meanings);
     read_basis(fields["basis"]);
     read_keywords(fields["control_keywords"]);
   }
 
   void read_basis(const YAML::Node& node) {
     if (!node.IsMap()) {
-      read_name_list(node, impl_->basis_sets);
+      read_name_list(node, impl_->basis_sets, impl_->basis_meanings);
       return;
     }
     const Fields fields(node, basis_keys, budget_);
-    read_name_list(fields["known"], impl_->basis_sets);
+    read_name_list(fields["known"], impl_->basis_sets, impl_->basis_meanings);
     read_bool(fields["extensible"], impl_->basis_extensible);
+    read_families(fields["families"]);
   }
 
-  void read_name_list(const YAML::Node& node, AliasMap& names) {
+  // The name of a family is for people to read; it stays as it is written.
+  void read_families(const YAML::Node& node) {
+    if (!node.IsMap()) {
+      return;
+    }
+    for (const auto& item : node) {
+      budget_.pay_for(item.second);
+      if (!item.first.IsScalar() || !item.second.IsMap()) {
+        continue;
+      }
+      const Fields fields(item.second, family_keys, budget_);
+      BasisFamilySpec family;
+      family.name = item.first.Scalar();
+      family.meaning = read_summary(fields, impl_->texts);
+      for (const std::string& prefix : text_list(fields["prefixes"], budget_)) {
+        family.prefixes.push_back(core::text::to_lower(prefix));
+      }
+      impl_->basis_families.push_back(std::move(family));
+    }
+  }
+
+  void read_name_list(const YAML::Node& node, AliasMap& names, NameMap<Meaning>& meanings) {
     if (node.IsSequence()) {
       for (const std::string& text : text_list(node, budget_)) {
         const std::string name = normalize_key(text);
@@ -103,8 +127,12 @@ class SchemaReader {
     for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
       names.insert_or_assign(name, name);
       if (value.IsMap()) {
-        const Fields fields(value, alias_keys, budget_);
+        const Fields fields(value, listed_name_keys, budget_);
         add_aliases(names, text_list(fields["aliases"], budget_), name);
+        const Meaning meaning = read_summary(fields, impl_->texts);
+        if (meaning.has_summary()) {
+          meanings.insert_or_assign(name, meaning);
+        }
       }
     });
   }
@@ -113,8 +141,9 @@ class SchemaReader {
     for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
       ValueSpec spec;
       spec.name = name;
-      const EntryExtras extras =
-          value.IsMap() ? read_description(value, spec, budget_) : EntryExtras();
+      EntryExtras extras =
+          value.IsMap() ? read_description(value, spec, budget_, &impl_->texts) : EntryExtras();
+      spec.meaning = std::move(extras.meaning);
       if (!extras.category.empty()) {
         spec.category = extras.category;
       }
@@ -132,6 +161,7 @@ class SchemaReader {
       if (value.IsMap()) {
         const Fields fields(value, module_keys, budget_);
         read_bool(fields["repeatable"], module.repeatable);
+        module.meaning = read_summary(fields, impl_->texts);
         add_aliases(impl_->module_aliases, text_list(fields["aliases"], budget_), name);
         read_entries(fields["entries"], module);
       }
@@ -141,7 +171,7 @@ class SchemaReader {
 
   void read_entries(const YAML::Node& node, ModuleSpec& module) {
     for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
-      NamedEntry entry = read_entry(name, value, budget_);
+      NamedEntry entry = read_entry(name, value, budget_, impl_->texts);
       module.entries.insert_or_assign(name, std::move(entry.spec));
       module.entry_aliases.insert_or_assign(name, name);
       add_aliases(module.entry_aliases, entry.aliases, name);

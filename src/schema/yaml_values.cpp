@@ -65,6 +65,10 @@ std::string scalar_text(const YAML::Node& node) {
   return node.IsScalar() ? node.Scalar() : std::string();
 }
 
+std::string_view scalar_view(const YAML::Node& node) {
+  return node.IsScalar() ? std::string_view(node.Scalar()) : std::string_view();
+}
+
 std::vector<std::string> text_list(const YAML::Node& node, ExpansionBudget& budget) {
   std::vector<std::string> texts;
   if (node.IsScalar()) {

@@ -36,6 +36,9 @@ class ExpansionBudget {
 
 /// Returns a scalar's text, or an empty text.
 std::string scalar_text(const YAML::Node& node);
+/// Returns a scalar's text without a copy, or an empty text; the view lives as long as the
+/// document.
+std::string_view scalar_view(const YAML::Node& node);
 /// Returns the text of a scalar, or those of a sequence's scalars.
 std::vector<std::string> text_list(const YAML::Node& node, ExpansionBudget& budget);
 /// Reads a boolean into `target` if the node is a scalar.

@@ -150,6 +150,9 @@ class DescriptionCheck {
       without_effect("category", "it is for easy keywords");
       check_effects_of_kind();
     }
+    if (described_ != Described::Keyword && info_.kind == EntryValueKind::Flag) {
+      without_effect("values", "a flag has no value");
+    }
     if (!info_.min && info_.min_exclusive) {
       without_effect("min_exclusive", "there is no 'min'");
     }

@@ -8,7 +8,7 @@
 namespace kelp::input::bdf::lint {
 namespace {
 
-constexpr std::array<KeyRule, 21> description_rules = {{
+constexpr std::array<KeyRule, 25> description_rules = {{
     {"kind", Form::Text},
     {"terminator", Form::Text},
     {"value_type", Form::Text},
@@ -30,6 +30,10 @@ constexpr std::array<KeyRule, 21> description_rules = {{
     {"aliases", Form::TextList},
     {"entries", Form::Map},
     {"category", Form::Text},
+    {"summary", Form::Text},
+    {"summary_zh", Form::Text},
+    {"values", Form::TextMap},
+    {"values_zh", Form::TextMap},
 }};
 
 constexpr std::array<KeyRule, 5> row_rules = {{

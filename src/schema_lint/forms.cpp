@@ -33,6 +33,8 @@ std::string_view form_text(Form form) {
       return "a count or a list of counts";
     case Form::Map:
       return "a map";
+    case Form::TextMap:
+      return "a map of texts";
     case Form::NameList:
       return "a list of names or a map whose keys are names";
     case Form::Requirements:
@@ -114,6 +116,8 @@ bool FormCheck::check(const YAML::Node& value, Form form, std::string_view key) 
   switch (form) {
     case Form::Map:
       return value.IsMap() || wrong_type(value, key, form_text(form));
+    case Form::TextMap:
+      return check_text_map(value, key);
     case Form::NameList:
       return value.IsMap() || value.IsSequence() || wrong_type(value, key, form_text(form));
     case Form::TextList:
@@ -149,6 +153,20 @@ bool FormCheck::check_list(const YAML::Node& value, Form item_form, std::string_
   for (const auto& item : value) {
     budget_.pay_for(item);
     good = check(item, item_form, "an item of " + std::string(key)) && good;
+  }
+  return good;
+}
+
+bool FormCheck::check_text_map(const YAML::Node& value, std::string_view key) {
+  if (!value.IsMap()) {
+    return wrong_type(value, key, form_text(Form::TextMap));
+  }
+  bool good = true;
+  for (const auto& item : value) {
+    budget_.pay_for(item.first);
+    budget_.pay_for(item.second);
+    good = check(item.first, Form::Text, "a key of " + std::string(key)) && good;
+    good = check(item.second, Form::Text, "an item of " + std::string(key)) && good;
   }
   return good;
 }

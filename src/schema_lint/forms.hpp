@@ -20,6 +20,7 @@ enum class Form {
   TextList,
   CountList,
   Map,
+  TextMap,       ///< a map of texts
   NameList,      ///< a map or a sequence of texts
   Requirements,  ///< a text, or a sequence of texts and of maps with `entry` and `equals`
 };
@@ -47,6 +48,7 @@ class FormCheck {
   bool check_key(const YAML::Node& key, const YAML::Node& value, std::span<const KeyRule> rules,
                  std::string_view thing);
   bool check_list(const YAML::Node& value, Form item_form, std::string_view key);
+  bool check_text_map(const YAML::Node& value, std::string_view key);
   bool check_requirements(const YAML::Node& value, std::string_view key);
   bool check_requirement(const YAML::Node& item, std::string_view key);
   bool converts(const YAML::Node& value, Form form) const;

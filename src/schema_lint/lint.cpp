@@ -19,6 +19,7 @@
 #include "schema/yaml_values.hpp"
 #include "schema_lint/description.hpp"
 #include "schema_lint/forms.hpp"
+#include "schema_lint/meanings.hpp"
 #include "schema_lint/names.hpp"
 #include "schema_lint/problems.hpp"
 
@@ -36,11 +37,12 @@ constexpr std::array<KeyRule, 8> document_rules = {{
     {"easy_keywords", Form::Map},
     {"modules", Form::Map},
 }};
-constexpr std::array<KeyRule, 4> metadata_rules = {{
+constexpr std::array<KeyRule, 5> metadata_rules = {{
     {"bdf_version", Form::Text},
     {"manual_source", Form::Text},
     {"manual_revision", Form::Text},
     {"generated_at", Form::Text},
+    {"summaries", Form::Text},
 }};
 constexpr std::array<KeyRule, 4> easy_input_rules = {{
     {"methods", Form::NameList},
@@ -48,17 +50,22 @@ constexpr std::array<KeyRule, 4> easy_input_rules = {{
     {"basis", Form::NameList},
     {"control_keywords", Form::Map},
 }};
-constexpr std::array<KeyRule, 2> basis_rules = {{
+constexpr std::array<KeyRule, 3> basis_rules = {{
     {"known", Form::NameList},
     {"extensible", Form::Bool},
+    {"families", Form::Map},
 }};
-constexpr std::array<KeyRule, 3> module_rules = {{
+constexpr std::array<KeyRule, 5> module_rules = {{
     {"repeatable", Form::Bool},
     {"aliases", Form::TextList},
     {"entries", Form::Map},
+    {"summary", Form::Text},
+    {"summary_zh", Form::Text},
 }};
-constexpr std::array<KeyRule, 1> name_rules = {{
+constexpr std::array<KeyRule, 3> name_rules = {{
     {"aliases", Form::TextList},
+    {"summary", Form::Text},
+    {"summary_zh", Form::Text},
 }};
 
 static_assert(document_rules.size() == document_keys.size() + 1 &&
@@ -66,14 +73,19 @@ static_assert(document_rules.size() == document_keys.size() + 1 &&
                   easy_input_rules.size() == easy_input_keys.size() &&
                   basis_rules.size() == basis_keys.size() &&
                   module_rules.size() == module_keys.size() &&
-                  name_rules.size() == alias_keys.size(),
+                  name_rules.size() == listed_name_keys.size(),
               "the linter must know the keys that the reader reads");
+
+constexpr std::string_view basis_set = "a basis set";
 
 /// Walks one document.
 class Linter {
  public:
   Linter(Problems& problems, std::size_t document_size)
-      : problems_(problems), budget_(document_size), form_(problems, budget_) {}
+      : problems_(problems),
+        budget_(document_size),
+        form_(problems, budget_),
+        meanings_(problems, budget_) {}
 
   void check_document(const YAML::Node& root) {
     if (!root.IsMap()) {
@@ -87,6 +99,7 @@ class Linter {
     }
     if (is_map(root["metadata"])) {
       form_.check_map(root["metadata"], metadata_rules, "'metadata'");
+      meanings_.check_metadata(root["metadata"]);
     }
     if (is_map(root["easy_input"])) {
       check_easy_input(root);
@@ -103,6 +116,10 @@ class Linter {
   // Two nodes of one kind never begin at the same byte.
   bool is_first_visit(const YAML::Node& node) {
     return visited_.insert({node.Mark().pos, node.Type()}).second;
+  }
+
+  bool is_empty_or_first_visit(const YAML::Node& node) {
+    return node.IsNull() || is_first_visit(node);
   }
 
   void check_easy_input(const YAML::Node& root) {
@@ -123,9 +140,10 @@ class Linter {
   void check_basis(const YAML::Node& node) {
     if (is_map(node)) {
       form_.check_map(node, basis_rules, "'basis'");
-      check_names(node["known"], "a basis set");
+      meanings_.check_families(node["families"]);
+      check_names(node["known"], basis_set);
     } else {
-      check_names(node, "a basis set");
+      check_names(node, basis_set);
     }
   }
 
@@ -135,8 +153,16 @@ class Linter {
     }
     const NameTable table(node, thing, problems_, budget_);
     for (const NamedItem& item : table.items()) {
-      if (!item.value.IsNull() && is_first_visit(item.value)) {
+      if (!is_empty_or_first_visit(item.value)) {
+        continue;
+      }
+      if (!item.value.IsNull()) {
         form_.check_map(item.value, name_rules, thing);
+      }
+      if (thing == basis_set) {
+        meanings_.check_basis_set(item);
+      } else {
+        meanings_.check_summary(item);
       }
     }
   }
@@ -153,7 +179,11 @@ class Linter {
     }
     const NameTable table(node, "a module", problems_, budget_);
     for (const NamedItem& item : table.items()) {
-      if (item.value.IsNull() || !is_first_visit(item.value)) {
+      if (!is_empty_or_first_visit(item.value)) {
+        continue;
+      }
+      meanings_.check_summary(item);
+      if (item.value.IsNull()) {
         continue;
       }
       form_.check_map(item.value, module_rules, "a module");
@@ -173,7 +203,11 @@ class Linter {
     }
     const NameTable table(node, thing, problems_, budget_);
     for (const NamedItem& item : table.items()) {
-      if (!item.value.IsNull() && is_first_visit(item.value)) {
+      if (!is_empty_or_first_visit(item.value)) {
+        continue;
+      }
+      meanings_.check_summary(item);
+      if (!item.value.IsNull()) {
         check_entry(item, described, table, depth);
       }
     }
@@ -183,6 +217,7 @@ class Linter {
                    int depth) {
     if (check_description_form(item.value, problems_, budget_)) {
       check_description(item.value, described, problems_, budget_);
+      meanings_.check_values(item.value);
     }
     if (!item.value.IsMap()) {
       return;
@@ -197,6 +232,7 @@ class Linter {
   Problems& problems_;
   ExpansionBudget budget_;
   FormCheck form_;
+  MeaningCheck meanings_;
   std::set<std::pair<int, YAML::NodeType::value>> visited_;
 };
 

@@ -8,6 +8,7 @@
 #include "kelp/input/bdf/editor.hpp"
 #include "kelp/input/bdf/explain.hpp"
 #include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/meaning.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/outline.hpp"
