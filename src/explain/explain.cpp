@@ -31,9 +31,10 @@ class Facts {
     add(std::move(heading), core::text::join(names, ", "));
   }
 
-  void add_description(const EntrySchemaInfo& info, const Names& aliases) {
+  // Values of a closed list that are shown with their meanings need not be named once more.
+  void add_description(const EntrySchemaInfo& info, const Names& aliases, bool values_shown) {
     add("type", value_type_text(info));
-    add("values", expected_value(info));
+    add("values", values_shown && !info.allowed.empty() ? "" : expected_value(info));
     add("default", info.default_value.value_or(""));
     add("ends with", info.terminator);
     Names needed;
@@ -55,7 +56,8 @@ class Facts {
 /// Finds all that a name means.
 class Explainer {
  public:
-  Explainer(std::string_view name, const InputSchema& schema) : name_(name), schema_(schema) {}
+  Explainer(std::string_view name, const InputSchema& schema, Language language)
+      : name_(name), schema_(schema), language_(language) {}
 
   std::vector<Explanation> run() {
     explain_code();
@@ -121,6 +123,7 @@ class Explainer {
     const std::string module = schema_.canonical_module(name_);
     const Names entries = schema_.known_entries(module);
     Explanation& made = add(ExplainedThing::Module, module, "a module");
+    made.summary = module_summary(schema_, module, language_);
     made.layout = {"$" + module, "$end"};
     if (!entries.empty()) {
       made.layout.insert(made.layout.begin() + 1, {"  " + entries.front(), "  ..."});
@@ -139,9 +142,11 @@ class Explainer {
     }
     Explanation& made = add(ExplainedThing::EasyKeyword, std::string(header_prefix) + info->name,
                             "a word of the header (" + schema_.easy_token_category(name) + ")");
+    made.summary = easy_keyword_summary(schema_, name, language_);
+    made.values = easy_keyword_value_meanings(schema_, name, language_);
     made.layout = {header_example(*info)};
     Facts facts;
-    facts.add_description(*info, schema_.easy_keyword_aliases(info->name));
+    facts.add_description(*info, schema_.easy_keyword_aliases(info->name), !made.values.empty());
     made.facts = facts.take();
   }
 
@@ -151,8 +156,11 @@ class Explainer {
       return;
     }
     const std::string canonical = schema_.canonical_module(module);
-    describe(add(ExplainedThing::Entry, canonical + "." + info->name, "an entry of $" + canonical),
-             *info, schema_.entry_aliases(canonical, info->name),
+    Explanation& made =
+        add(ExplainedThing::Entry, canonical + "." + info->name, "an entry of $" + canonical);
+    made.summary = entry_summary(schema_, module, name, language_);
+    made.values = entry_value_meanings(schema_, module, name, language_);
+    describe(made, *info, schema_.entry_aliases(canonical, info->name),
              schema_.known_nested_entries(canonical, info->name));
   }
 
@@ -163,17 +171,19 @@ class Explainer {
       return;
     }
     const std::string path = schema_.canonical_module(module) + "." + parent->name;
-    describe(
-        add(ExplainedThing::NestedEntry, path + "." + info->name, "an entry of the block " + path),
-        *info, schema_.nested_entry_aliases(module, entry, info->name), {});
+    Explanation& made =
+        add(ExplainedThing::NestedEntry, path + "." + info->name, "an entry of the block " + path);
+    made.summary = nested_entry_summary(schema_, module, entry, name, language_);
+    made.values = nested_entry_value_meanings(schema_, module, entry, name, language_);
+    describe(made, *info, schema_.nested_entry_aliases(module, entry, info->name), {});
   }
 
   static void describe(Explanation& made, const EntrySchemaInfo& info, const Names& aliases,
                        const Names& children) {
-    made.summary = layout_sentence(info.kind);
+    made.writing = layout_sentence(info.kind);
     made.layout = layout_example(info, children);
     Facts facts;
-    facts.add_description(info, aliases);
+    facts.add_description(info, aliases, !made.values.empty());
     facts.add_names("entries", children);
     made.facts = facts.take();
   }
@@ -181,23 +191,35 @@ class Explainer {
   void explain_listed_names() {
     if (schema_.is_known_method(name_)) {
       const std::string name = schema_.canonical_method(name_);
-      add(ExplainedThing::Method, name, "a method of the header").layout = {
-          name + "/basis", name + "/functional/basis"};
+      Explanation& made = add(ExplainedThing::Method, name, "a method of the header");
+      made.summary = method_summary(schema_, name, language_);
+      made.layout = {name + "/basis", name + "/functional/basis"};
     }
     if (schema_.is_known_functional(name_)) {
       const std::string name = schema_.canonical_functional(name_);
-      add(ExplainedThing::Functional, name, "a functional of the header").layout = {
-          name + "/basis", "method/" + name + "/basis"};
+      Explanation& made = add(ExplainedThing::Functional, name, "a functional of the header");
+      made.summary = functional_summary(schema_, name, language_);
+      made.layout = {name + "/basis", "method/" + name + "/basis"};
     }
     if (schema_.is_known_basis(name_)) {
-      const std::string name = schema_.canonical_basis(name_);
-      add(ExplainedThing::BasisSet, name, "a basis set of the header").layout = {
-          "method/" + name, "functional/" + name};
+      explain_basis(schema_.canonical_basis(name_));
     }
+  }
+
+  void explain_basis(const std::string& name) {
+    Explanation& made = add(ExplainedThing::BasisSet, name, "a basis set of the header");
+    made.summary = basis_summary(schema_, name, language_);
+    made.layout = {"method/" + name, "functional/" + name};
+    Facts facts;
+    if (const auto family = basis_family(schema_, name, language_)) {
+      facts.add("family", family->name);
+    }
+    made.facts = facts.take();
   }
 
   std::string_view name_;
   const InputSchema& schema_;
+  Language language_;
   std::vector<Explanation> found_;
 };
 
@@ -242,8 +264,9 @@ Names explained_bare_names(const InputSchema& schema) {
 
 }  // namespace
 
-std::vector<Explanation> explain(std::string_view name, const InputSchema& schema) {
-  return Explainer(core::text::trim_view(name), schema).run();
+std::vector<Explanation> explain(std::string_view name, const InputSchema& schema,
+                                 Language language) {
+  return Explainer(core::text::trim_view(name), schema, language).run();
 }
 
 Names similar_explained_names(std::string_view name, const InputSchema& schema) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "kelp/core/text.hpp"
@@ -13,8 +14,8 @@ namespace {
 
 class OutlineMaker {
  public:
-  explicit OutlineMaker(const ParsedInput& input)
-      : input_(input), data_(input.data()), paths_(input.data()) {}
+  OutlineMaker(const ParsedInput& input, Language language)
+      : input_(input), data_(input.data()), paths_(input.data()), language_(language) {}
 
   Outline run() {
     outline_.mode = data_.mode;
@@ -45,6 +46,11 @@ class OutlineMaker {
     made.canonical = token.canonical;
     made.category = token.category;
     made.known = token.known;
+    if (token.category != "method_spec") {
+      const std::string_view keyword = std::string_view(token.canonical);
+      made.summary =
+          easy_keyword_summary(input_.schema(), keyword.substr(0, keyword.find('=')), language_);
+    }
     stand(made, record);
     outline_.header.push_back(std::move(made));
   }
@@ -80,12 +86,14 @@ class OutlineMaker {
     made.path = paths_.path_of(record);
     made.known = module.known;
     made.terminated = module.terminated;
+    made.summary = module_summary(input_.schema(), module.name, language_);
     stand(made, record);
     made.name_range = input_.keyword_range(record);
     for (std::size_t i = 0; i < module.entries.size(); ++i) {
       const RecordId entry = RecordId::of_entry(index, i);
       if (says_something(entry)) {
         made.entries.push_back(outline_entry(module.entries[i], entry));
+        add_summaries(module.name, made.entries.back());
       }
     }
     outline_.modules.push_back(std::move(made));
@@ -118,16 +126,25 @@ class OutlineMaker {
     return made;
   }
 
+  void add_summaries(const std::string& module, Outline::Entry& made) const {
+    made.summary = entry_summary(input_.schema(), module, made.name, language_);
+    for (Outline::Entry& child : made.children) {
+      child.summary =
+          nested_entry_summary(input_.schema(), module, made.name, child.name, language_);
+    }
+  }
+
   const ParsedInput& input_;
   const BDFData& data_;
   PathIndex paths_;
+  Language language_;
   Outline outline_;
 };
 
 }  // namespace
 
-Outline outline_of(const ParsedInput& input) {
-  return OutlineMaker(input).run();
+Outline outline_of(const ParsedInput& input, Language language) {
+  return OutlineMaker(input, language).run();
 }
 
 }  // namespace kelp::input::bdf

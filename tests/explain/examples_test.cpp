@@ -40,14 +40,14 @@ TEST(Example, ExplainTellsWhatNamesMean) {
   EXPECT_EQ(output_of(KELP_EXAMPLE_EXPLAIN, {"scf.maxiter", "scf.maxitre"}),
             "scf.maxiter: an entry of $scf\n"
             "\n"
+            "  type        integer\n"
+            "  values      an integer of at least 1\n"
+            "  default     100\n"
+            "\n"
             "  The keyword, then its value on the next line.\n"
             "\n"
             "    maxiter\n"
             "      100\n"
-            "\n"
-            "  type        integer\n"
-            "  values      an integer of at least 1\n"
-            "  default     100\n"
             "\n"
             "scf.maxitre: unknown; similar: 'scf.maxiter'\n");
 }

@@ -146,5 +146,24 @@ TEST(Outline, FindsAChargeWhoseNameIsAnAlias) {
   EXPECT_EQ(outline.charge->line, 3U);
 }
 
+TEST(Outline, SaysWhatNamesMean) {
+  const InputSchema schema = schema_from(
+      "methods: {hf: {summary: Hartree-Fock.}}\n"
+      "easy_keywords: {charge: {summary: Total charge., summary_zh: 总电荷。}}\n"
+      "modules: {scf: {summary: Orbitals., entries: {n: {kind: nested_block, terminator: end,\n"
+      "  summary: Block., entries: {d: {kind: flag, summary: Within.}}}}}}\n");
+  const ParsedInput input("hf/sto-3g charge=1\n$scf\nn\nd\nend\n$end\n$nosuch\n$end\n", schema);
+  const Outline english = outline_of(input);
+  ASSERT_EQ(english.header.size(), 2U);
+  EXPECT_EQ(english.header[0].summary, "");
+  EXPECT_EQ(english.header[1].summary, "Total charge.");
+  ASSERT_EQ(english.modules.size(), 2U);
+  EXPECT_EQ(english.modules[0].summary, "Orbitals.");
+  EXPECT_EQ(english.modules[0].entries.at(0).summary, "Block.");
+  EXPECT_EQ(english.modules[0].entries.at(0).children.at(0).summary, "Within.");
+  EXPECT_EQ(english.modules[1].summary, "");
+  EXPECT_EQ(outline_of(input, Language::Chinese).header[1].summary, "总电荷。");
+}
+
 }  // namespace
 }  // namespace kelp::input::bdf

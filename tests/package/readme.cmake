@@ -1,6 +1,7 @@
 # What the README shows as a program or as its output must be just that.
 
 file(READ ${SOURCE}/README.md readme)
+set(ENV{LC_ALL} C)
 
 # must_show(WHAT TEXT): the text stands in the README and ends where the block ends, or where the
 # next command begins.

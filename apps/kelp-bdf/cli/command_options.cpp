@@ -237,6 +237,12 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
                   "What to call standard input in findings")
       ->type_name("NAME")
       ->take_last();
+  command
+      .add_option("--lang", options.language,
+                  "The language of what names and values mean: en or zh; else that of LC_ALL, "
+                  "LC_MESSAGES, LANG")
+      ->check(CLI::IsMember({"en", "zh"}))
+      ->take_last();
   command.add_flag("-q,--quiet", options.quiet, "Say nothing; the exit status tells");
 }
 

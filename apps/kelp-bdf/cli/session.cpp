@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "kelp/core/resource.hpp"
+
 namespace kelp::app {
 
 std::string Session::schema_path() const {
@@ -20,6 +22,19 @@ const input::bdf::InputSchema& Session::schema() {
     schema_ = input::bdf::InputSchema::from_file(schema_path());
   }
   return *schema_;
+}
+
+// The first variable that says anything counts, as for every program.
+input::bdf::Language Session::language() const {
+  if (!options.language.empty()) {
+    return input::bdf::language_of_locale(options.language);
+  }
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    if (const std::string value = core::resource::getenv_string(name); !value.empty()) {
+      return input::bdf::language_of_locale(value);
+    }
+  }
+  return input::bdf::Language::English;
 }
 
 }  // namespace kelp::app

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "kelp/input/bdf/meaning.hpp"
 #include "kelp/input/bdf/schema.hpp"
 
 namespace kelp::app {
@@ -25,6 +26,7 @@ struct CommonOptions {
   std::string schema_file;  ///< empty: the one that belongs to the program
   std::string colour = "auto";
   bool quiet = false;
+  std::string language;  ///< en, zh; empty: that of the environment
   std::string stdin_filename = "<stdin>";
 };
 
@@ -39,6 +41,8 @@ struct Session {
   /// Returns the path of the schema in use.
   /// @throws std::runtime_error when there is none.
   std::string schema_path() const;
+  /// Returns the language for the sentences of the vocabulary.
+  input::bdf::Language language() const;
 
  private:
   std::optional<input::bdf::InputSchema> schema_;

@@ -30,7 +30,7 @@ void tell_how_to_list_entries(Explanation& about) {
 ExitStatus run_explain(const ExplainOptions& options, Session& session) {
   const std::string& name = options.name;
   const InputSchema& schema = session.schema();
-  std::vector<Explanation> found = input::bdf::explain(name, schema);
+  std::vector<Explanation> found = input::bdf::explain(name, schema, session.language());
   if (found.empty()) {
     complain(fmt::format("nothing is called '{}'{}", name,
                          did_you_mean(input::bdf::similar_explained_names(name, schema))));

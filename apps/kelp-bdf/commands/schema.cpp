@@ -21,93 +21,118 @@ namespace {
 using input::bdf::Diagnostic;
 using input::bdf::EntrySchemaInfo;
 using input::bdf::InputSchema;
+using input::bdf::Language;
 using input::bdf::SchemaProblem;
 using input::bdf::Severity;
 using input::bdf::SourceText;
-using Row = std::vector<std::string>;
-using Rows = std::vector<Row>;
+using Names = std::vector<std::string>;
 
 constexpr std::string_view header_words = "easy";
+constexpr std::size_t widest_line = 100;
+constexpr std::size_t widest_cell = 32;
 
-std::vector<std::size_t> widths_of(const Rows& rows) {
-  std::vector<std::size_t> widths;
-  for (const Row& row : rows) {
-    widths.resize(std::max(widths.size(), row.size()));
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      widths[i] = std::max(widths[i], core::unicode::display_width(row[i]));
+/// Columns parted by two blanks, each as wide as its widest cell, but for cells so long that they
+/// would push those of all other rows aside. What a row's name means stands below the row.
+class Table {
+ public:
+  explicit Table(Names heading) { add(std::move(heading), {}); }
+
+  void add(Names cells, std::string meaning) {
+    widths_.resize(std::max(widths_.size(), cells.size()));
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      const std::size_t width = core::unicode::display_width(cells[i]);
+      widths_[i] = std::max(widths_[i], width > widest_cell ? 0 : width);
     }
+    rows_.push_back({std::move(cells), std::move(meaning)});
   }
-  return widths;
-}
 
-Row entry_row(const EntrySchemaInfo& info, const std::vector<std::string>& aliases) {
-  return {info.name, std::string(to_string(info.kind)), value_type_text(info),
-          info.default_value.value_or(""), fmt::format("{}", fmt::join(aliases, ", "))};
-}
-
-Rows keyword_rows(const InputSchema& schema) {
-  Rows rows;
-  for (const std::string& name : schema.known_easy_keywords()) {
-    if (const auto info = schema.easy_keyword_info(name)) {
-      rows.push_back(entry_row(*info, schema.easy_keyword_aliases(name)));
+  std::string text() const {
+    std::string text;
+    for (const Row& row : rows_) {
+      text += line_of(row.cells) + '\n';
+      constexpr std::size_t indent = 4;
+      for (const auto& line : core::unicode::wrap(row.meaning, widest_line - indent)) {
+        text.append(indent, ' ').append(line).append("\n");
+      }
     }
+    return text;
   }
-  return rows;
-}
 
-void add_nested_rows(Rows& rows, const InputSchema& schema, std::string_view module,
-                     const std::string& entry) {
-  for (const std::string& name : schema.known_nested_entries(module, entry)) {
-    if (const auto info = schema.nested_entry_info(module, entry, name)) {
-      rows.push_back(entry_row(*info, schema.nested_entry_aliases(module, entry, name)));
-      rows.back().front().insert(0, entry + ".");
-    }
-  }
-}
+ private:
+  struct Row {
+    Names cells;
+    std::string meaning;
+  };
 
-Rows entry_rows(const InputSchema& schema, std::string_view module) {
-  Rows rows;
-  for (const std::string& name : schema.known_entries(module)) {
-    if (const auto info = schema.entry_info(module, name)) {
-      rows.push_back(entry_row(*info, schema.entry_aliases(module, name)));
-      add_nested_rows(rows, schema, module, name);
-    }
-  }
-  return rows;
-}
-
-/// Lays rows out in columns parted by two blanks, each as wide as its widest cell, the first row
-/// being the heading. The last column is not filled up.
-std::string table_text(const Rows& rows) {
-  const std::vector<std::size_t> widths = widths_of(rows);
-  std::string text;
-  for (const Row& row : rows) {
+  // The last column is not filled up.
+  std::string line_of(const Names& cells) const {
     std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      line += row[i];
-      line.append(widths[i] - core::unicode::display_width(row[i]) + 2, ' ');
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      line += cells[i];
+      const std::size_t width = core::unicode::display_width(cells[i]);
+      line.append(std::max(widths_[i], width) - width + 2, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);
-    text += line + '\n';
+    return line;
   }
-  return text;
+
+  std::vector<std::size_t> widths_;
+  std::vector<Row> rows_;
+};
+
+std::string joined(const Names& names) {
+  return fmt::format("{}", fmt::join(names, ", "));
 }
 
-std::string module_table(const InputSchema& schema) {
-  Rows rows = {{"module", "entries", "repeatable", "aliases"}};
+Names cells_of(std::string name, const EntrySchemaInfo& info, const Names& aliases) {
+  return {std::move(name), std::string(to_string(info.kind)), value_type_text(info),
+          info.default_value.value_or(""), joined(aliases)};
+}
+
+std::string module_table(const InputSchema& schema, Language language) {
+  Table table({"module", "entries", "repeatable", "aliases"});
   for (const std::string& name : schema.known_modules()) {
-    rows.push_back({name, std::to_string(schema.known_entries(name).size()),
-                    schema.module_repeatable(name) ? "yes" : "no",
-                    fmt::format("{}", fmt::join(schema.module_aliases(name), ", "))});
+    table.add({name, std::to_string(schema.known_entries(name).size()),
+               schema.module_repeatable(name) ? "yes" : "no", joined(schema.module_aliases(name))},
+              module_summary(schema, name, language));
   }
-  return table_text(rows);
+  return table.text();
 }
 
-std::string entry_table(const InputSchema& schema, std::string_view module) {
-  Rows rows = {{"name", "kind", "type", "default", "aliases"}};
-  Rows entries = schema.is_known_module(module) ? entry_rows(schema, module) : keyword_rows(schema);
-  rows.insert(rows.end(), entries.begin(), entries.end());
-  return table_text(rows);
+const Names entry_heading = {"name", "kind", "type", "default", "aliases"};
+
+std::string keyword_table(const InputSchema& schema, Language language) {
+  Table table(entry_heading);
+  for (const std::string& name : schema.known_easy_keywords()) {
+    if (const auto info = schema.easy_keyword_info(name)) {
+      table.add(cells_of(name, *info, schema.easy_keyword_aliases(name)),
+                easy_keyword_summary(schema, name, language));
+    }
+  }
+  return table.text();
+}
+
+void add_nested_rows(Table& table, const InputSchema& schema, std::string_view module,
+                     const std::string& entry, Language language) {
+  for (const std::string& name : schema.known_nested_entries(module, entry)) {
+    if (const auto info = schema.nested_entry_info(module, entry, name)) {
+      table.add(
+          cells_of(entry + "." + name, *info, schema.nested_entry_aliases(module, entry, name)),
+          nested_entry_summary(schema, module, entry, name, language));
+    }
+  }
+}
+
+std::string entry_table(const InputSchema& schema, std::string_view module, Language language) {
+  Table table(entry_heading);
+  for (const std::string& name : schema.known_entries(module)) {
+    if (const auto info = schema.entry_info(module, name)) {
+      table.add(cells_of(name, *info, schema.entry_aliases(module, name)),
+                entry_summary(schema, module, name, language));
+      add_nested_rows(table, schema, module, name, language);
+    }
+  }
+  return table.text();
 }
 
 Diagnostic diagnostic_of(const SchemaProblem& problem, const SourceText& source) {
@@ -140,12 +165,11 @@ ExitStatus run_schema_path(Session& session) {
 ExitStatus run_schema_list(const SchemaListOptions& options, Session& session) {
   const std::string& module = options.module;
   const InputSchema& schema = session.schema();
-  if (module.empty()) {
-    print(module_table(schema));
-    return ExitStatus::Success;
-  }
-  if (schema.is_known_module(module) || module == header_words) {
-    print(entry_table(schema, module));
+  const Language language = session.language();
+  if (module.empty() || module == header_words || schema.is_known_module(module)) {
+    print(module.empty()                   ? module_table(schema, language)
+          : schema.is_known_module(module) ? entry_table(schema, module, language)
+                                           : keyword_table(schema, language));
     return ExitStatus::Success;
   }
   const input::bdf::NameLists names(schema);

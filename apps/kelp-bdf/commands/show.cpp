@@ -11,12 +11,13 @@
 namespace kelp::app {
 namespace {
 
-FileOutline outline_of(const Source& source, const input::bdf::InputSchema& schema) {
+FileOutline outline_of(const Source& source, const input::bdf::InputSchema& schema,
+                       input::bdf::Language language) {
   const input::bdf::ParsedInput input(read_source(source), schema);
   if (input.is_empty()) {
     throw std::runtime_error(source.name + ": there is nothing to show: BDF input is empty");
   }
-  return {source.name, input::bdf::outline_of(input)};
+  return {source.name, input::bdf::outline_of(input, language)};
 }
 
 }  // namespace
@@ -26,7 +27,7 @@ ExitStatus run_show(const ShowOptions& options, Session& session) {
   std::vector<FileOutline> outlines;
   const ExitStatus status =
       for_each_source(expand_sources(options.inputs, session.options), [&](const Source& source) {
-        outlines.push_back(outline_of(source, schema));
+        outlines.push_back(outline_of(source, schema, session.language()));
         return ExitStatus::Success;
       });
   if (options.json) {

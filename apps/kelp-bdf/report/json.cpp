@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cstddef>
+#include <string>
 #include <utility>
 
 #include "kelp/input/bdf/explain.hpp"
@@ -15,12 +16,14 @@ using Json = nlohmann::ordered_json;
 // To be raised when a field changes its meaning or goes; new fields may come at any time.
 constexpr int record_version = 1;
 
+Json text_or_null(const std::string& text) {
+  return text.empty() ? Json() : Json(text);
+}
+
 Json to_json(const Outline::Word& word) {
-  return {{"text", word.text},
-          {"canonical", word.canonical},
-          {"category", word.category},
-          {"known", word.known},
-          {"line", word.line}};
+  return {{"text", word.text},         {"canonical", word.canonical},
+          {"category", word.category}, {"known", word.known},
+          {"line", word.line},         {"summary", text_or_null(word.summary)}};
 }
 
 Json to_json(const std::optional<Outline::Value>& value) {
@@ -47,13 +50,18 @@ Json to_json(const Outline::Entry& entry) {
           {"known", entry.known},
           {"line", entry.line},
           {"values", entry.values},
-          {"children", list_of(entry.children)}};
+          {"children", list_of(entry.children)},
+          {"summary", text_or_null(entry.summary)}};
 }
 
 Json to_json(const Outline::Module& module) {
-  return {{"name", module.name},   {"path", module.path},
-          {"known", module.known}, {"terminated", module.terminated},
-          {"line", module.line},   {"entries", list_of(module.entries)}};
+  return {{"name", module.name},
+          {"path", module.path},
+          {"known", module.known},
+          {"terminated", module.terminated},
+          {"line", module.line},
+          {"entries", list_of(module.entries)},
+          {"summary", text_or_null(module.summary)}};
 }
 
 Json to_json(const FileOutline& file) {

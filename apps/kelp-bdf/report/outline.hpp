@@ -15,7 +15,7 @@ struct FileOutline {
   input::bdf::Outline outline;
 };
 
-/// Returns an outline as people like to read it.
+/// Returns an outline as people like to read it, what names mean beside them.
 std::string outline_text(const FileOutline& file);
 
 /// Returns outlines as one JSON document.

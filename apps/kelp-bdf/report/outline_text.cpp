@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
@@ -13,6 +16,9 @@ namespace {
 using input::bdf::Outline;
 
 constexpr std::size_t longest_value = 60;
+constexpr std::size_t widest_line = 100;
+constexpr std::size_t widest_text = 44;
+constexpr std::size_t least_meaning = 30;
 
 std::string shortened(std::string_view text) {
   if (text.size() <= longest_value) {
@@ -47,8 +53,9 @@ class TextWriter {
   explicit TextWriter(const FileOutline& file) : file_(file.file), outline_(file.outline) {}
 
   std::string run() {
-    text_ =
-        fmt::format("{}: {} input\n", core::unicode::displayable(file_), to_string(outline_.mode));
+    lines_.push_back(
+        {fmt::format("{}: {} input", core::unicode::displayable(file_), to_string(outline_.mode)),
+         {}});
     if (outline_.script_name) {
       add("script name", shortened(*outline_.script_name));
     }
@@ -64,12 +71,37 @@ class TextWriter {
     for (const Outline::Module& module : outline_.modules) {
       add_module(module);
     }
-    return text_;
+    return joined_lines();
   }
 
  private:
+  struct Line {
+    std::string text;
+    std::string_view meaning;  ///< of the name that it is about
+  };
+
+  // Meanings stand in a column, but for those of lines that are much longer than most.
+  std::string joined_lines() const {
+    std::size_t column = 0;
+    for (const Line& line : lines_) {
+      const std::size_t width = core::unicode::display_width(line.text);
+      column = std::max(column, line.meaning.empty() || width > widest_text ? 0 : width);
+    }
+    std::string text;
+    for (const Line& line : lines_) {
+      text += line.text;
+      const std::size_t begin = std::max(column, core::unicode::display_width(line.text)) + 2;
+      if (!line.meaning.empty() && begin + least_meaning <= widest_line) {
+        text.append(begin - core::unicode::display_width(line.text), ' ');
+        text += core::unicode::fitted(line.meaning, widest_line - begin);
+      }
+      text += '\n';
+    }
+    return text;
+  }
+
   void add(std::string_view what, std::string_view value) {
-    text_ += fmt::format("  {:<14}{}\n", what, value);
+    lines_.push_back({fmt::format("  {:<14}{}", what, value), {}});
   }
 
   void add_value(std::string_view what, const std::optional<Outline::Value>& value) {
@@ -102,8 +134,9 @@ class TextWriter {
     if (!module.terminated) {
       notes += "  (no $end)";
     }
-    text_ +=
-        fmt::format("{:>6}  ${}{}\n", module.line, core::unicode::displayable(module.name), notes);
+    lines_.push_back(
+        {fmt::format("{:>6}  ${}{}", module.line, core::unicode::displayable(module.name), notes),
+         module.summary});
     add_entries(module.entries, 1);
   }
 
@@ -114,18 +147,17 @@ class TextWriter {
     }
     for (const Outline::Entry& entry : entries) {
       const std::string name = core::unicode::displayable(entry.name);
-      const std::string line =
-          fmt::format("{:>6}  {:{}}{:<{}}{}{}", entry.line, "", 2 * depth, name,
-                      entry.values.empty() ? 0 : width, values_text(entry.values),
-                      entry.known ? "" : "  (unknown)");
-      text_ += line + '\n';
+      lines_.push_back({fmt::format("{:>6}  {:{}}{:<{}}{}{}", entry.line, "", 2 * depth, name,
+                                    entry.values.empty() ? 0 : width, values_text(entry.values),
+                                    entry.known ? "" : "  (unknown)"),
+                        entry.summary});
       add_entries(entry.children, depth + 1);
     }
   }
 
   const std::string& file_;
   const Outline& outline_;
-  std::string text_;
+  std::vector<Line> lines_;
 };
 
 }  // namespace

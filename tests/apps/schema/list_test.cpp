@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "support/program.hpp"
 
 namespace kelp::test {
@@ -55,6 +57,56 @@ TEST(SchemaList, ListsTheWordsOfTheHeader) {
   EXPECT_EQ(program.run({"schema", "list", "easy", "--schema", "s.yaml"}).out,
             "name    kind    type     default  aliases\n"
             "charge  scalar  integer  0        q\n");
+}
+
+TEST(SchemaList, PutsWhatNamesMeanBelowThem) {
+  Program program;
+  program.write("s.yaml",
+                "schema_version: 1\n"
+                "easy_keywords: {charge: {summary: Total charge.}}\n"
+                "modules:\n"
+                "  scf:\n"
+                "    summary: Orbitals.\n"
+                "    summary_zh: 轨道。\n"
+                "    entries:\n"
+                "      block:\n"
+                "        {kind: nested_block, terminator: end, entries: {on: {kind: flag,\n"
+                "         summary: Within.}}}\n"
+                "      maxiter:\n"
+                "        summary: As many words as it takes to make a sentence that is longer than"
+                " a line of a hundred columns can hold.\n");
+  EXPECT_EQ(program.run({"schema", "list", "--schema", "s.yaml"}).out,
+            "module  entries  repeatable  aliases\n"
+            "scf     2        no\n"
+            "    Orbitals.\n");
+  EXPECT_EQ(program.run({"schema", "list", "--schema", "s.yaml", "--lang", "zh"}).out,
+            "module  entries  repeatable  aliases\n"
+            "scf     2        no\n"
+            "    轨道。\n");
+  EXPECT_EQ(program.run({"schema", "list", "easy", "--schema", "s.yaml"}).out,
+            "name    kind    type    default  aliases\n"
+            "charge  scalar  string\n"
+            "    Total charge.\n");
+  EXPECT_EQ(
+      program.run({"schema", "list", "scf", "--schema", "s.yaml"}).out,
+      "name      kind          type    default  aliases\n"
+      "block     nested_block\n"
+      "block.on  flag\n"
+      "    Within.\n"
+      "maxiter   scalar        string\n"
+      "    As many words as it takes to make a sentence that is longer than a line of a hundred "
+      "columns can\n"
+      "    hold.\n");
+}
+
+TEST(SchemaList, ACellThatIsVeryLongDoesNotPushThoseOfOtherRowsAside) {
+  Program program;
+  program.write("s.yaml", "schema_version: 1\nmodules: {m: {entries: {" + std::string(40, 'x') +
+                              ": {aliases: [y]}, z: {kind: flag}}}}\n");
+  EXPECT_EQ(program.run({"schema", "list", "m", "--schema", "s.yaml"}).out,
+            "name  kind    type    default  aliases\n" + std::string(40, 'x') +
+                "  scalar  string           y\n"
+                "z     flag\n");
 }
 
 TEST(SchemaList, SaysWhichModuleMayHaveBeenMeant) {

@@ -31,7 +31,8 @@ struct Outcome {
 void PrintTo(const Outcome& outcome, std::ostream* stream);
 
 /// The built kelp-bdf, in an empty folder that is removed with it. The variables that change what
-/// the command does (NO_COLOR, TERM, KELP_BDF_INP_SCHEMA_YAML) are unset unless a test sets them.
+/// the command does (NO_COLOR, TERM, KELP_BDF_INP_SCHEMA_YAML, and those of the language) are unset
+/// unless a test sets them.
 class Program {
  public:
   Program();

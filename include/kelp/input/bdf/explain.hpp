@@ -19,6 +19,7 @@
 
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/meaning.hpp"
 #include "kelp/input/bdf/schema.hpp"
 #include "kelp/input/bdf/severity.hpp"
 #include "kelp/input/bdf/validation.hpp"
@@ -96,22 +97,27 @@ struct Explanation {
   ExplainedThing thing = ExplainedThing::Entry;  ///< what it is
   std::string name;     ///< the canonical name or path: "scf.charge", "easy.charge", "hf"
   std::string title;    ///< the name and what it is: "scf.charge: an entry of $scf"
-  std::string summary;  ///< sentences; empty where the title and the layout say all
+  std::string summary;  ///< what it means; empty where the vocabulary does not say it
+  std::vector<ValueMeaning> values;      ///< values and their meanings, as `entry_value_meanings`
+  std::vector<ExplanationFact> facts;    ///< what it accepts, needs, excludes; its aliases
+  std::string writing;                   ///< how an entry is written, in a sentence; may be empty
   std::vector<std::string> layout;       ///< the lines that write it in an input; of a method, a
                                          ///< functional, a basis set the words to choose from
-  std::vector<ExplanationFact> facts;    ///< what it accepts, needs, excludes; its aliases
   const FindingText* finding = nullptr;  ///< of a code: cause, fix and examples; lives for ever
 };
 
 /// Returns what there is to say about a code, a module, an entry, a child of a nested block, a word
 /// of the header. A path (`scf.charge`, `scf#2.charge`, `bdfopt.neb-block.crude`, `easy.charge`)
 /// means one thing, a bare name may mean several; every name may be an alias, in any case. Nothing
-/// when the name is unknown.
+/// when the name is unknown. The language is that of the sentences of the vocabulary, summaries and
+/// meanings of values; all other words are English.
 KELP_BDF_INP_EXPORT std::vector<Explanation> explain(std::string_view name,
-                                                     const InputSchema& schema);
+                                                     const InputSchema& schema,
+                                                     Language language = Language::English);
 
-/// Returns an explanation as plain text of several lines with a line feed at the end of each, the
-/// title first, the layout and the facts indented.
+/// Returns an explanation as plain text of several lines with a line feed at the end of each: the
+/// title, then, indented, what it means, the meanings of its values, the facts, the layout. Lines
+/// are cut at 100 columns where they can be.
 KELP_BDF_INP_EXPORT std::string explanation_text(const Explanation& explanation);
 
 /// Returns the names that `explain` knows something about and that a name is likely to be a slip

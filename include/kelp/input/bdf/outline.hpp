@@ -15,6 +15,7 @@
 
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/export.hpp"
+#include "kelp/input/bdf/meaning.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/record.hpp"
 #include "kelp/input/bdf/source.hpp"
@@ -33,6 +34,7 @@ struct Outline {
     RecordId record;        ///< the header token
     std::size_t line = 0;   ///< that it stands on
     TextRange range;        ///< from its first to its last byte
+    std::string summary;    ///< what a keyword does, if the schema says it
   };
 
   /// The charge or the multiplicity.
@@ -65,6 +67,7 @@ struct Outline {
     TextRange name_range;                          ///< the keyword
     std::vector<std::string> values;               ///< lines, without white space around them
     std::vector<Entry> children;                   ///< of a nested block
+    std::string summary;                           ///< what it does, if the schema says it
   };
 
   /// A module.
@@ -78,6 +81,7 @@ struct Outline {
     TextRange range;             ///< all its lines
     TextRange name_range;        ///< its `$name`
     std::vector<Entry> entries;  ///< without comments and blank lines
+    std::string summary;         ///< what it is for, if the schema says it
   };
 
   InputMode mode = InputMode::Easy;        ///< which of the three layouts it has
@@ -89,8 +93,9 @@ struct Outline {
   std::vector<Module> modules;             ///< in order
 };
 
-/// Returns the outline of an input. It stands for itself: the input need not outlive it. May be
-/// called from any number of threads at once.
-KELP_BDF_INP_EXPORT Outline outline_of(const ParsedInput& input);
+/// Returns the outline of an input, with summaries in a language. It stands for itself: the input
+/// need not outlive it. May be called from any number of threads at once.
+KELP_BDF_INP_EXPORT Outline outline_of(const ParsedInput& input,
+                                       Language language = Language::English);
 
 }  // namespace kelp::input::bdf
