@@ -141,8 +141,8 @@ std::string_view Draft::line_end() const {
   return end == "\r\n" ? end : std::string_view("\n");
 }
 
-void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
-              const std::function<void(const Diagnostic&)>& use) {
+void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
+                      const std::function<void(const Diagnostic&)>& use) {
   // A text that cannot be read as lines has nothing else to be told of.
   if (const auto unreadable = find_text_fault(input.source())) {
     use(*unreadable);
@@ -160,12 +160,6 @@ void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
       use(draft.diagnostic);
     }
   });
-}
-
-std::vector<Diagnostic> diagnose(const ParsedInput& input, const DiagnoseOptions& options) {
-  std::vector<Diagnostic> found;
-  diagnose(input, options, [&](const Diagnostic& diagnostic) { found.push_back(diagnostic); });
-  return found;
 }
 
 std::string concise_text(const Diagnostic& diagnostic, const SourceText& source,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -75,6 +76,10 @@ class Draft {
   /// Returns how lines of the input end.
   std::string_view line_end() const;
 };
+
+/// Finds everything that is to be said about an input, before anybody's wishes about severities.
+void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
+                      const std::function<void(const Diagnostic&)>& use);
 
 /// Adds to a draft what there is to say of its finding: range, label, help, suggestions, fixes.
 void complete(Draft& draft);

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 // Every dotted code in quotes in the sources of a folder.
 std::set<std::string> codes_in(const fs::path& folder) {
   static const std::regex code(
-      "\"((bdf|schema)\\.[a-z]+_[a-z_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\"");
+      "\"((bdf|comment|schema)\\.[a-z]+_[a-z_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\"");
   std::set<std::string> codes;
   for (const auto& item : fs::recursive_directory_iterator(folder)) {
     if (item.path().extension() != ".cpp" ||
@@ -116,12 +116,12 @@ std::string section(const FindingText& text) {
 std::string manual_page() {
   std::string page =
       "# Findings\n\n"
-      "What each code means, as `kelp-bdf explain CODE` tells it. Codes that begin with `bdf.` "
+      "What each code means, as `kelp-bdf explain CODE` tells it. Codes that begin with `schema.` "
       "are\n"
-      "about inputs (`kelp-bdf check`), those that begin with `text.` about files that cannot be "
-      "read\n"
-      "at all, and those that begin with `schema.` about vocabularies (`kelp-bdf schema "
-      "lint`).\n\n";
+      "about vocabularies (`kelp-bdf schema lint`), all others about inputs (`kelp-bdf check`): "
+      "`text.`\n"
+      "about files that cannot be read at all, `comment.` about comments that are for the check.\n"
+      "[check.md](check.md) tells how severities are changed and findings allowed.\n\n";
   for (const FindingText& text : finding_texts()) {
     page += section(text);
   }

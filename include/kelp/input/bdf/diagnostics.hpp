@@ -60,15 +60,40 @@ enum class UnknownNames : std::int32_t {
   Error = 2,   ///< errors
 };
 
+/// What a rule does with the findings that it is about.
+enum class SeverityAction : std::int32_t {
+  Allow = 0,  ///< they are left out
+  Warn = 1,   ///< they are warnings
+  Deny = 2,   ///< they are errors
+};
+
+/// A wish of the user about some codes.
+struct SeverityRule {
+  std::string pattern;                            ///< as `matches_code` takes it
+  SeverityAction action = SeverityAction::Allow;  ///< what becomes of their findings
+};
+
 /// What to look for.
 struct DiagnoseOptions {
   UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries and nested entries
+  std::vector<SeverityRule> rules = {};       ///< of several about one code the last counts
 };
 
 /// Returns everything that is to be said about an input, in the order in which
 /// `InputSchema::validate` finds it. Comments and blank lines within modules, which that reports as
 /// unknown entries, are left out; an input that holds nothing else has the one finding
 /// `bdf.empty_input`. Safe to call from any number of threads. Only a failed allocation throws.
+///
+/// What a comment of the input allows is left out, whatever the rules say; patterns are those of
+/// `matches_code`, parted by blanks or commas, and what follows `--` is for readers:
+///
+///     # kelp-bdf: allow bdf.unknown_entry         the next line that says anything, and all that
+///                                                 begins there: an entry, a block, a module
+///     spinmlti  # kelp-bdf: allow bdf.* -- why    that line
+///     # kelp-bdf: allow-file bdf.duplicate_entry  the whole input
+///
+/// Such a comment that is wrong or that nothing needs is a finding of its own (`comment.*`), behind
+/// all others.
 KELP_BDF_INP_EXPORT std::vector<Diagnostic> diagnose(const ParsedInput& input,
                                                      const DiagnoseOptions& options = {});
 

@@ -37,8 +37,8 @@ KELP_BDF_INP_EXPORT std::string_view to_string(StatementKind kind) noexcept;
 /// Returns "warning" or "error"; "unknown" for a number that is none.
 KELP_BDF_INP_EXPORT std::string_view to_string(ValidationSeverity severity) noexcept;
 
-/// What there is to say about a code. Examples are whole texts, inputs for codes that begin with
-/// `bdf.`, schemas for those that begin with `schema.`; both are empty where none is short enough.
+/// What there is to say about a code. Examples are whole texts, schemas for codes that begin with
+/// `schema.`, inputs for all others; both are empty where none is short enough.
 /// The views live for ever.
 struct FindingText {
   std::string_view code;                  ///< the dotted code
@@ -56,6 +56,17 @@ KELP_BDF_INP_EXPORT std::span<const FindingText> finding_texts();
 /// Returns the text of a code, in any case; without its first part it is looked for among the codes
 /// of inputs, then among those of schemas. Null when there is none. The pointer lives for ever.
 KELP_BDF_INP_EXPORT const FindingText* find_finding_text(std::string_view code);
+
+/// Tells whether a pattern means a code: it is the code, in any case, or ends in a `*` and is what
+/// the code begins with (`header.*`, `*`).
+KELP_BDF_INP_EXPORT bool matches_code(std::string_view pattern, std::string_view code) noexcept;
+
+/// Tells whether there is a code that a pattern means.
+KELP_BDF_INP_EXPORT bool means_any_code(std::string_view pattern);
+
+/// Returns the codes that a pattern which means none may have been meant to be, the nearest first;
+/// for one that ends in a `*` patterns of the form `header.*`.
+KELP_BDF_INP_EXPORT std::vector<std::string> similar_codes(std::string_view pattern);
 
 /// Returns the type of an entry's values, for rows the types of the columns: "integer float". Empty
 /// for a flag, for a block and for what is kept as it is.
