@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 
@@ -13,6 +14,8 @@
 
 namespace kelp::app {
 namespace {
+
+using input::bdf::SeverityAction;
 
 /// Makes a command the one to run when it was named.
 template <typename Options>
@@ -63,11 +66,51 @@ void add_edits(CLI::App& command, SetOptions& options) {
       ->allow_extra_args(false);
 }
 
+std::string complaint_about_count(const std::string& text) {
+  constexpr std::size_t most_digits = 9;
+  const bool is_count = !text.empty() && text.size() <= most_digits &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+  return is_count ? "" : "'" + text + "' is no number of findings";
+}
+
+/// Adds an option that says what becomes of some findings. Rules are kept in the order in which
+/// they are given, whichever option gives them.
+void add_rule(CLI::App& command, const std::string& name, SeverityAction action,
+              const std::shared_ptr<CheckOptions>& options, const std::string& description) {
+  command
+      .add_option_function<std::string>(
+          name,
+          [options, action](const std::string& codes) {
+            std::istringstream list(codes + ',');
+            for (std::string code; std::getline(list, code, ',');) {
+              options->rules.push_back({code, action});
+            }
+          },
+          description)
+      ->type_name("CODE,...")
+      ->trigger_on_parse();
+}
+
+void add_severities(CLI::App& command, const std::shared_ptr<CheckOptions>& options) {
+  command.add_flag("--strict", options->strict, "Let warnings fail, too");
+  add_rule(command, "--allow", SeverityAction::Allow, options, "Leave these findings out");
+  add_rule(command, "--warn", SeverityAction::Warn, options, "Make these findings warnings");
+  add_rule(command, "--deny", SeverityAction::Deny, options, "Make these findings errors");
+  command.add_flag("--list-codes", options->list_codes,
+                   "Print the codes of all findings, with severity and meaning");
+  command.footer(
+      "A '*' at the end of a CODE stands for anything: 'bdf.unknown_*'. Of several options about "
+      "one code the last counts. In an input, '# kelp-bdf: allow CODE' leaves findings out: on a "
+      "line of its own, those of the next line and of what begins there, an entry or a module; "
+      "behind a line, those of that line; 'allow-file CODE', those of the whole input. Notes never "
+      "fail.");
+}
+
 void add_check(CLI::App& app, Session& session) {
   const auto options = std::make_shared<CheckOptions>();
   CLI::App* const command = app.add_subcommand("check", "Report findings");
+  // Without any, the command complains itself: it needs none to list the codes.
   command->add_option("input", options->inputs, "Files, folders (searched for *.inp and *.bdf), -")
-      ->required()
       ->type_name("FILE|DIR|-");
   command->add_option("--unknown", options->unknown, "What unknown names are: error, warn, ignore")
       ->check(CLI::IsMember({"error", "warn", "ignore"}))
@@ -77,7 +120,13 @@ void add_check(CLI::App& app, Session& session) {
       ->check(CLI::IsMember({"human", "concise"}))
       ->capture_default_str()
       ->take_last();
-  command->add_flag("--strict", options->strict, "Let warnings fail, too");
+  command
+      ->add_option("--max-findings", options->max_findings,
+                   "Print no more than these, and count all")
+      ->check(complaint_about_count)
+      ->type_name("N")
+      ->take_last();
+  add_severities(*command, options);
   CLI::Option* const fix = command->add_flag("--fix", options->fix,
                                              "Mend in the files what has but one sensible remedy");
   command

@@ -1,5 +1,8 @@
 #include "commands/commands.hpp"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <string>
@@ -10,6 +13,7 @@
 #include "commands/deliver.hpp"
 #include "commands/fixes.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
+#include "kelp/input/bdf/explain.hpp"
 #include "report/findings.hpp"
 #include "report/unified_diff.hpp"
 
@@ -18,18 +22,48 @@ namespace {
 
 using input::bdf::DiagnoseOptions;
 using input::bdf::Diagnostic;
+using input::bdf::FindingText;
 using input::bdf::ParsedInput;
 using input::bdf::Severity;
+using input::bdf::SeverityRule;
 using input::bdf::UnknownNames;
 
-DiagnoseOptions diagnose_options(const std::string& unknown) {
+DiagnoseOptions diagnose_options(const CheckOptions& given) {
   DiagnoseOptions options;
-  if (unknown == "ignore") {
+  if (given.unknown == "ignore") {
     options.unknown = UnknownNames::Ignore;
-  } else if (unknown == "error") {
+  } else if (given.unknown == "error") {
     options.unknown = UnknownNames::Error;
   }
+  options.rules = given.rules;
   return options;
+}
+
+void refuse_unknown_codes(const std::vector<SeverityRule>& rules) {
+  for (const SeverityRule& rule : rules) {
+    if (!input::bdf::means_any_code(rule.pattern)) {
+      throw std::runtime_error(fmt::format("there is no code '{}'{}", rule.pattern,
+                                           did_you_mean(input::bdf::similar_codes(rule.pattern))));
+    }
+  }
+}
+
+// Codes of schemas are not what this command finds.
+std::string list_of_codes() {
+  std::vector<FindingText> texts;
+  std::size_t width = 0;
+  for (const FindingText& text : input::bdf::finding_texts()) {
+    if (!text.code.starts_with("schema.")) {
+      texts.push_back(text);
+      width = std::max(width, text.code.size());
+    }
+  }
+  std::string list;
+  for (const FindingText& text : texts) {
+    list +=
+        fmt::format("{:{}}  {:7}  {}\n", text.code, width, to_string(text.severity), text.meaning);
+  }
+  return list;
 }
 
 /// One run of the command.
@@ -38,6 +72,7 @@ class Check {
   Check(const CheckOptions& options, Session& session)
       : options_(options),
         session_(session),
+        wanted_(diagnose_options(options)),
         form_{options.format == "human", use_colour(session.options.colour)} {}
 
   ExitStatus run() {
@@ -54,6 +89,8 @@ class Check {
     }
     if (form_.human && reports()) {
       print(human_summary(totals_));
+    } else if (reports() && totals_.not_shown > 0) {
+      complain(fmt::format("... and {} more", totals_.not_shown));
     }
     return status_;
   }
@@ -85,8 +122,7 @@ class Check {
 
   ParsedInput fixed(const Source& source, const ParsedInput& input) {
     SafeFixes fixes;
-    diagnose(input, diagnose_options(options_.unknown),
-             [&fixes](const Diagnostic& diagnostic) { fixes.add(diagnostic); });
+    diagnose(input, wanted_, [&fixes](const Diagnostic& diagnostic) { fixes.add(diagnostic); });
     if (fixes.count() == 0) {
       return input;
     }
@@ -103,9 +139,12 @@ class Check {
   // Findings are printed as they are made: there may be more of them than fit into memory.
   bool report_all(const ParsedInput& input, const std::string& name) {
     bool found = false;
-    diagnose(input, diagnose_options(options_.unknown), [&](const Diagnostic& diagnostic) {
+    diagnose(input, wanted_, [&](const Diagnostic& diagnostic) {
       count(diagnostic.severity);
-      if (reports()) {
+      if (is_full()) {
+        ++totals_.not_shown;
+      } else if (reports()) {
+        ++shown_;
         print(report_text(diagnostic, input.source(), name, form_));
       }
       found = true;
@@ -113,9 +152,10 @@ class Check {
     return found;
   }
 
+  bool is_full() const { return options_.max_findings && shown_ >= *options_.max_findings; }
+
   void count(Severity severity) {
-    totals_.errors += severity == Severity::Error ? 1 : 0;
-    totals_.warnings += severity == Severity::Warning ? 1 : 0;
+    totals_.count(severity);
     if (severity == Severity::Error || (severity == Severity::Warning && options_.strict)) {
       status_ = worse_of(status_, ExitStatus::Findings);
     }
@@ -123,14 +163,24 @@ class Check {
 
   const CheckOptions& options_;
   Session& session_;
+  DiagnoseOptions wanted_;
   ReportForm form_;
   Totals totals_;
+  std::size_t shown_ = 0;
   ExitStatus status_ = ExitStatus::Success;
 };
 
 }  // namespace
 
 ExitStatus run_check(const CheckOptions& options, Session& session) {
+  if (options.list_codes) {
+    print(list_of_codes());
+    return ExitStatus::Success;
+  }
+  if (options.inputs.empty()) {
+    throw std::runtime_error("input is required; see 'kelp-bdf check --help'");
+  }
+  refuse_unknown_codes(options.rules);
   return Check(options, session).run();
 }
 

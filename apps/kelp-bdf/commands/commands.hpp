@@ -5,21 +5,27 @@
 /// print, and return what becomes the exit status. They throw std::runtime_error when nothing could
 /// be done.
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/session.hpp"
 #include "commands/deliver.hpp"
+#include "kelp/input/bdf/diagnostics.hpp"
 
 namespace kelp::app {
 
 struct CheckOptions {
   std::vector<std::string> inputs;
-  std::string unknown = "warn";  ///< what unknown names are: error, warn, ignore
-  std::string format = "human";  ///< or concise
-  bool strict = false;           ///< warnings fail, too
-  bool fix = false;              ///< apply the fixes that are safe
-  bool diff = false;             ///< only show what that would change
+  std::string unknown = "warn";                 ///< what unknown names are: error, warn, ignore
+  std::string format = "human";                 ///< or concise
+  bool strict = false;                          ///< warnings fail, too
+  std::vector<input::bdf::SeverityRule> rules;  ///< what becomes of which findings
+  std::optional<std::size_t> max_findings;      ///< the most to print
+  bool list_codes = false;                      ///< print the codes instead
+  bool fix = false;                             ///< apply the fixes that are safe
+  bool diff = false;                            ///< only show what that would change
 };
 
 /// Reports findings.

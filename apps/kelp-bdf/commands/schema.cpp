@@ -183,10 +183,12 @@ ExitStatus run_schema_lint(const SchemaLintOptions& options, Session& session) {
   const SourceText text(read_source(source));
   const std::vector<SchemaProblem> problems = input::bdf::lint_schema(text.text());
   const ReportForm form = {options.format == "human", use_colour(session.options.colour)};
-  Totals totals{0, 0, problems.empty() ? std::size_t{0} : std::size_t{1}, 1};
+  Totals totals;
+  totals.files_checked = 1;
+  totals.files_with_findings = problems.empty() ? 0 : 1;
   for (const SchemaProblem& problem : problems) {
     const Diagnostic diagnostic = diagnostic_of(problem, text);
-    ++(diagnostic.severity == Severity::Error ? totals.errors : totals.warnings);
+    totals.count(diagnostic.severity);
     if (!session.options.quiet) {
       print(report_text(diagnostic, text, source.name, form));
     }

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "kelp/core/unicode.hpp"
 #include "report/findings.hpp"
@@ -133,6 +135,23 @@ std::string counted(std::size_t count, std::string_view thing) {
   return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
 }
 
+// "1 error, 2 warnings and 1 note"; empty for none.
+std::string counts_text(const Totals& totals) {
+  std::vector<std::string> counts;
+  for (const auto& [count, thing] :
+       {std::pair(totals.errors, "error"), {totals.warnings, "warning"}, {totals.notes, "note"}}) {
+    if (count > 0) {
+      counts.push_back(counted(count, thing));
+    }
+  }
+  if (counts.size() < 2) {
+    return counts.empty() ? std::string() : counts.front();
+  }
+  const std::string last = std::move(counts.back());
+  counts.pop_back();
+  return fmt::format("{} and {}", fmt::join(counts, ", "), last);
+}
+
 }  // namespace
 
 std::string report_text(const Diagnostic& diagnostic, const input::bdf::SourceText& source,
@@ -141,20 +160,30 @@ std::string report_text(const Diagnostic& diagnostic, const input::bdf::SourceTe
                     : concise_text(diagnostic, source, file) + '\n';
 }
 
+void Totals::count(Severity severity) {
+  switch (severity) {
+    case Severity::Error:
+      ++errors;
+      return;
+    case Severity::Warning:
+      ++warnings;
+      return;
+    case Severity::Note:
+      ++notes;
+      return;
+  }
+}
+
 std::string human_summary(const Totals& totals) {
-  std::string counts;
-  if (totals.errors > 0) {
-    counts = counted(totals.errors, "error");
-  }
-  if (totals.warnings > 0) {
-    counts += (counts.empty() ? "" : " and ") + counted(totals.warnings, "warning");
-  }
+  const std::string counts = counts_text(totals);
   const std::string fixed = totals.fixed > 0 ? counted(totals.fixed, "finding") + " fixed" : "";
   if (counts.empty()) {
     return fixed.empty() ? fixed : fixed + '\n';
   }
-  return fmt::format("{}{}{} in {} ({} checked)\n", fixed, fixed.empty() ? "" : "; ", counts,
-                     counted(totals.files_with_findings, "file"), totals.files_checked);
+  const std::string rest =
+      totals.not_shown > 0 ? fmt::format("... and {} more\n\n", totals.not_shown) : "";
+  return fmt::format("{}{}{}{} in {} ({} checked)\n", rest, fixed, fixed.empty() ? "" : "; ",
+                     counts, counted(totals.files_with_findings, "file"), totals.files_checked);
 }
 
 }  // namespace kelp::app

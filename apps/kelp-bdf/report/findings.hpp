@@ -13,9 +13,13 @@ namespace kelp::app {
 struct Totals {
   std::size_t errors = 0;
   std::size_t warnings = 0;
+  std::size_t notes = 0;
   std::size_t files_with_findings = 0;
   std::size_t files_checked = 0;
-  std::size_t fixed = 0;  ///< findings that are no more
+  std::size_t fixed = 0;      ///< findings that are no more
+  std::size_t not_shown = 0;  ///< of all that are counted above
+
+  void count(input::bdf::Severity severity);
 };
 
 /// How a report on a diagnostic is written.

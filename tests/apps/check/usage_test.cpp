@@ -37,7 +37,8 @@ TEST(Usage, HelpOfACommandListsItsOptions) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
     for (const char* const text :
-         {"kelp-bdf check", "--unknown", "--strict", "--format", "--schema", "--stdin-filename"}) {
+         {"kelp-bdf check", "--unknown", "--strict", "--format", "--schema", "--stdin-filename",
+          "--allow", "--warn", "--deny", "--list-codes", "--max-findings"}) {
       EXPECT_THAT(outcome.out, HasSubstr(text));
     }
   }
@@ -104,6 +105,15 @@ const Row rows[] = {
     {{"check", "-x", "a.inp"}, "unknown option '-x'"},
     {{"check", "--\x1B[31m", "a.inp"}, "unknown option '--\xEF\xBF\xBD[31m'"},
     {{"check"}, "input is required; see 'kelp-bdf check --help'"},
+    {{"check", "--deny", "bdf.unknown_entri", "a.inp"},
+     "there is no code 'bdf.unknown_entri'; did you mean 'bdf.unknown_entry'?"},
+    {{"check", "--allow", "bdf.*,unknown_module", "a.inp"},
+     "there is no code 'unknown_module'; did you mean 'bdf.unknown_module'?"},
+    {{"check", "--warn=bfd.*", "a.inp"}, "there is no code 'bfd.*'; did you mean 'bdf.*'?"},
+    {{"check", "--warn", "", "a.inp"}, "there is no code ''"},
+    {{"check", "a.inp", "--allow"}, "option '--allow' needs a value; see 'kelp-bdf check --help'"},
+    {{"check", "--max-findings=-1", "a.inp"},
+     "--max-findings: '-1' is no number of findings; see 'kelp-bdf check --help'"},
     {{"check", "a.inp", "--schema"},
      "option '--schema' needs a value; see 'kelp-bdf check --help'"},
     {{"check", "--unknown", "maybe", "a.inp"},
