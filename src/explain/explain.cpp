@@ -21,9 +21,9 @@ constexpr std::string_view header_prefix = "easy.";
 /// Collects what is to be known beside the layout; empty texts say nothing.
 class Facts {
  public:
-  void add(std::string heading, std::string text) {
+  void add(std::string heading, std::string text, FactKind kind = FactKind::Plain) {
     if (!text.empty()) {
-      facts_.push_back({std::move(heading), std::move(text)});
+      facts_.push_back({std::move(heading), std::move(text), kind});
     }
   }
 
@@ -129,7 +129,7 @@ class Explainer {
       made.layout.insert(made.layout.begin() + 1, {"  " + entries.front(), "  ..."});
     }
     Facts facts;
-    facts.add("entries", std::to_string(entries.size()));
+    facts.add("entries", std::to_string(entries.size()), FactKind::EntryCount);
     facts.add("repeatable", schema_.module_repeatable(module) ? "yes" : "no, once in an input");
     facts.add_names("also spelt", schema_.module_aliases(module));
     made.facts = facts.take();

@@ -73,6 +73,21 @@ TEST(Explain, AnEntryShowsItsLayoutAndAllThatIsSaidAboutIt) {
   EXPECT_THAT(texts("scf.beta"), HasSubstr("\n  repeatable  yes\n"));
 }
 
+TEST(Explain, TheNumberOfEntriesIsKnownAsSuch) {
+  const std::vector<Explanation> found = explain("$scf", small_schema());
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].facts.front().kind, FactKind::EntryCount);
+  EXPECT_EQ(found[0].facts.front().text, "5");
+  for (const ExplanationFact& fact : explain("scf.second", small_schema()).front().facts) {
+    EXPECT_EQ(fact.kind, FactKind::Plain) << fact.heading;
+  }
+}
+
+TEST(Explain, ACodeHasItsSeverity) {
+  EXPECT_THAT(texts("bdf.unknown_entry"), HasSubstr("\n  severity    warning\n"));
+  EXPECT_THAT(texts("comment.unused_allowance"), HasSubstr("\n  severity    note\n"));
+}
+
 TEST(Explain, AFlagHasNoFacts) {
   EXPECT_EQ(texts("$scf.rhf"),
             "scf.rhf: an entry of $scf\n\n  The keyword alone; it has no value.\n\n    rhf\n");
@@ -151,6 +166,7 @@ TEST(Explain, EachPartOfARecordStandsForItself) {
   ASSERT_EQ(entry.facts.size(), 5U);
   EXPECT_EQ(entry.facts[2].heading, "needs");
   EXPECT_EQ(entry.facts[2].text, "beta, charge = 1");
+  EXPECT_EQ(entry.facts[2].kind, FactKind::Plain);
   EXPECT_EQ(entry.finding, nullptr);
 }
 

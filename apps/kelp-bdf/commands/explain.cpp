@@ -11,15 +11,15 @@
 namespace kelp::app {
 namespace {
 
-using input::bdf::ExplainedThing;
 using input::bdf::Explanation;
 using input::bdf::ExplanationFact;
+using input::bdf::FactKind;
 using input::bdf::InputSchema;
 
 // Where to go from the number of a module's entries, the library cannot know.
 void tell_how_to_list_entries(Explanation& about) {
   for (ExplanationFact& fact : about.facts) {
-    if (about.thing == ExplainedThing::Module && fact.heading == "entries") {
+    if (fact.kind == FactKind::EntryCount) {
       fact.text += fmt::format("; 'kelp-bdf schema list {}' lists them", about.name);
     }
   }

@@ -97,10 +97,17 @@ enum class ExplainedThing : std::int32_t {
   BasisSet = 7,     ///< a basis set of the header
 };
 
+/// Facts that a tool may want to say more about.
+enum class FactKind : std::int32_t {
+  Plain = 0,       ///< any other
+  EntryCount = 1,  ///< the number of entries of a module
+};
+
 /// One thing to know: "default" and "0" for example.
 struct ExplanationFact {
-  std::string heading;  ///< a word or two, lower case
-  std::string text;     ///< on one line; never empty
+  std::string heading;              ///< a word or two, lower case
+  std::string text;                 ///< on one line; never empty
+  FactKind kind = FactKind::Plain;  ///< what it is about
 };
 
 /// What there is to say about one thing.
