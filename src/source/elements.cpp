@@ -1,0 +1,50 @@
+#include "source/elements.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "kelp/core/text.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+constexpr std::array<std::string_view, 118> symbols = {
+    "H",  "He", "Li", "Be", "B",  "C",  "N",  "O",  "F",  "Ne", "Na", "Mg", "Al", "Si", "P",
+    "S",  "Cl", "Ar", "K",  "Ca", "Sc", "Ti", "V",  "Cr", "Mn", "Fe", "Co", "Ni", "Cu", "Zn",
+    "Ga", "Ge", "As", "Se", "Br", "Kr", "Rb", "Sr", "Y",  "Zr", "Nb", "Mo", "Tc", "Ru", "Rh",
+    "Pd", "Ag", "Cd", "In", "Sn", "Sb", "Te", "I",  "Xe", "Cs", "Ba", "La", "Ce", "Pr", "Nd",
+    "Pm", "Sm", "Eu", "Gd", "Tb", "Dy", "Ho", "Er", "Tm", "Yb", "Lu", "Hf", "Ta", "W",  "Re",
+    "Os", "Ir", "Pt", "Au", "Hg", "Tl", "Pb", "Bi", "Po", "At", "Rn", "Fr", "Ra", "Ac", "Th",
+    "Pa", "U",  "Np", "Pu", "Am", "Cm", "Bk", "Cf", "Es", "Fm", "Md", "No", "Lr", "Rf", "Db",
+    "Sg", "Bh", "Hs", "Mt", "Ds", "Rg", "Cn", "Nh", "Fl", "Mc", "Lv", "Ts", "Og"};
+
+bool is_letter(char byte) {
+  const char lower = core::text::to_lower(byte);
+  return lower >= 'a' && lower <= 'z';
+}
+
+}  // namespace
+
+std::span<const std::string_view> element_symbols() {
+  return symbols;
+}
+
+std::string_view find_element(std::string_view text) {
+  const auto* const found = std::find_if(
+      symbols.begin(), symbols.end(),
+      [&](std::string_view symbol) { return core::text::equals_ignoring_case(symbol, text); });
+  return found == symbols.end() ? std::string_view() : *found;
+}
+
+std::string_view letters_of_label(std::string_view label) {
+  const auto end = std::find_if_not(label.begin(), label.end(), is_letter);
+  return label.substr(0, static_cast<std::size_t>(end - label.begin()));
+}
+
+bool is_atom_label(std::string_view label) {
+  const std::string_view letters = letters_of_label(label);
+  return !find_element(letters).empty() || core::text::equals_ignoring_case(letters, "X");
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace kelp::input::bdf {
+
+/// Returns the symbols of the elements by their atomic numbers: hydrogen comes first. The views
+/// live for ever.
+std::span<const std::string_view> element_symbols();
+
+/// Returns the symbol that a text is, in any case: `Cl` for `CL`; empty when it is none. The view
+/// lives for ever.
+std::string_view find_element(std::string_view text);
+
+/// Returns the ASCII letters that a label begins with: `H` of `H12`, `Cl` of `Cl-`.
+std::string_view letters_of_label(std::string_view label);
+
+/// Tells whether a label is that of an atom: it begins with the symbol of an element, or with the
+/// `X` of a centre without a nucleus, and no letter follows.
+bool is_atom_label(std::string_view label);
+
+}  // namespace kelp::input::bdf
