@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "diagnose/draft.hpp"
+#include "diagnose/finders.hpp"
+#include "diagnose/offers.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/explain.hpp"
@@ -104,26 +106,11 @@ void Draft::expect(const std::optional<EntrySchemaInfo>& description) {
 
 void Draft::suggest(std::vector<std::string> names, std::string_view thing, std::string_view things,
                     const TextRange& range, bool are_names) {
-  if (names.empty()) {
-    return;
-  }
-  std::string text = names.size() == 1 ? "a similar " : "similar ";
-  text += names.size() == 1 ? thing : things;
-  text += names.size() == 1 ? " exists: " : " exist: ";
-  help(text + quoted_choice(names));
-  // Where only one name is near, nothing else can be meant.
-  for (const std::string& name : names) {
-    fix("write '" + name + "'", range, name, are_names && names.size() == 1);
-  }
-  diagnostic.suggestions = std::move(names);
+  offer_names(diagnostic, std::move(names), {thing, things}, range, are_names);
 }
 
 void Draft::fix(std::string title, const TextRange& range, std::string text, bool is_safe) {
-  Fix offer;
-  offer.title = std::move(title);
-  offer.edits.push_back({range, std::move(text)});
-  offer.is_safe = is_safe;
-  diagnostic.fixes.push_back(std::move(offer));
+  offer_fix(diagnostic, std::move(title), range, std::move(text), is_safe);
 }
 
 void Draft::fix_by_line(const std::string& text, std::size_t behind) {
@@ -154,12 +141,15 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
   }
   DiagnoseContext context(input);
   find_faults(input.data(), input.schema(), validation_options(options), [&](const Fault& fault) {
-    if (!is_about_comment(fault, input)) {
+    if (!is_about_comment(fault, input) && !is_cut_specification(fault, input)) {
       Draft draft(fault, context);
       complete(draft);
       use(draft.diagnostic);
     }
   });
+  find_header_words(context, options, use);
+  find_module_names(context, use);
+  find_atom_lines(context, use);
 }
 
 std::string concise_text(const Diagnostic& diagnostic, const SourceText& source,

@@ -6,11 +6,11 @@
 
 namespace kelp::input::bdf {
 
-// The tables that `finding_texts` joins: what inputs, the comments in them that are for the check,
-// rewriting them, and schemas may bring.
+// The tables that `finding_texts` joins.
 
 std::span<const FindingText> input_finding_texts();
 std::span<const FindingText> comment_finding_texts();
+std::span<const FindingText> misspelling_finding_texts();
 std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
 

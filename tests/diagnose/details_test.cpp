@@ -37,9 +37,9 @@ const Row header_rows[] = {
       "2:18 'one'\n"
       "help: expected: an integer\n"}},
     {"a value of the header that stands apart, before a comment",
-     "#! job\ncharge=0 HF/sto-3g charge = one # charge=two\n" + geometry,
+     "#! job\nspinmulti=1 HF/sto-3g charge = one # charge=two\n" + geometry,
      {"error bdf.invalid_easy_value of easy.charge [charge] [one]\n"
-      "2:29 'one'\n"
+      "2:32 'one'\n"
       "help: expected: an integer\n"}},
     {"a value of the header behind its keyword",
      "#! job\nHF/sto-3g\n charge  one # two\n" + geometry,
@@ -56,7 +56,15 @@ const Row header_rows[] = {
       "help: expected: an integer\n",
       "error bdf.invalid_easy_value of easy.charge [charge] [x]\n"
       "3:9 'x'\n"
-      "help: expected: an integer\n"}},
+      "help: expected: an integer\n",
+      "warning header.keyword_twice of easy.charge [charge]\n"
+      "2:20 'charge': first given on line 2\n"
+      "2:11 'charge=x' is related: first given here\n"
+      "help: keep the one that is meant; which of them counts is not said\n",
+      "warning header.keyword_twice of easy.charge [charge]\n"
+      "3:1 'charge': first given on line 2\n"
+      "2:11 'charge=x' is related: first given here\n"
+      "help: keep the one that is meant; which of them counts is not said\n"}},
     {"a header without a method",
      "#! job\n charge=0 spinmulti=1 # c\n" + geometry,
      {"error bdf.missing_method\n"

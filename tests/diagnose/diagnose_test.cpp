@@ -120,7 +120,10 @@ TEST(Diagnose, FindsThePlacesOfManyFindingsOnALongLine) {
     header += " \u6C34 charge=x";
   }
   const ParsedInput input = parse(header + "\nGeometry\nH 0 0 0\nEnd Geometry\n");
-  const auto diagnostics = diagnose(input);
+  auto diagnostics = diagnose(input);
+  std::erase_if(diagnostics, [](const Diagnostic& diagnostic) {
+    return diagnostic.code != "bdf.invalid_easy_value";
+  });
   ASSERT_EQ(diagnostics.size(), 3000U);
   const auto column = [&](std::size_t index) {
     return input.source().position(diagnostics[index].range->begin).column;

@@ -22,7 +22,9 @@ namespace fs = std::filesystem;
 // Every dotted code in quotes in the sources of a folder.
 std::set<std::string> codes_in(const fs::path& folder) {
   static const std::regex code(
-      "\"((bdf|comment|schema)\\.[a-z]+_[a-z_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\"");
+      "\"((bdf|comment|frame|header|names|geometry|advice|symmetry|basis|electrons|guess|"
+      "functional|solvent|tddft|soc|resp|optimisation|sequence|fragments|knowledge|schema)"
+      "\\.[a-z]+_[a-z0-9_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\"");
   std::set<std::string> codes;
   for (const auto& item : fs::recursive_directory_iterator(folder)) {
     if (item.path().extension() != ".cpp" ||

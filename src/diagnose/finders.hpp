@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+#include "diagnose/draft.hpp"
+#include "kelp/input/bdf/diagnostics.hpp"
+
+namespace kelp::input::bdf {
+
+/// Takes diagnostics one by one. What it throws is passed on.
+using DiagnosticSink = std::function<void(const Diagnostic&)>;
+
+// Each finder hands over what it finds in the order of the text.
+
+/// Looks for words of the header that are misspelt, cut or given twice.
+void find_header_words(DiagnoseContext& context, const DiagnoseOptions& options,
+                       const DiagnosticSink& use);
+
+/// Tells whether the validator misses a specification in the header that is there, cut by blanks,
+/// which `find_header_words` tells more exactly.
+bool is_cut_specification(const Fault& fault, const ParsedInput& input);
+
+/// Looks for misspelt names of functionals and basis sets among the values of entries.
+void find_module_names(DiagnoseContext& context, const DiagnosticSink& use);
+
+/// Looks for lines of geometries that cannot be read, and for unknown elements.
+void find_atom_lines(DiagnoseContext& context, const DiagnosticSink& use);
+
+}  // namespace kelp::input::bdf

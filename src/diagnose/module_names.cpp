@@ -1,0 +1,118 @@
+// Functionals and basis sets that stand among the values of entries. Both lists are open, here more
+// than in the header: a basis set may be a file of the user's own.
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "diagnose/finders.hpp"
+#include "diagnose/listed_names.hpp"
+#include "diagnose/offers.hpp"
+#include "kelp/core/text.hpp"
+#include "kelp/core/unicode.hpp"
+#include "source/geometry_line.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+enum class Holds : std::int32_t {
+  Functional,
+  Basis,
+  BasisRows,  ///< a basis set alone on its line, or behind the atoms that get it: `C,N = 6-31g`
+};
+
+struct NameEntry {
+  std::string_view module;
+  std::string_view entry;
+  Holds holds;
+};
+
+constexpr auto name_entries = std::to_array<NameEntry>({
+    {"scf", "dft", Holds::Functional},
+    {"compass", "basis", Holds::Basis},
+    {"compass", "basis-block", Holds::BasisRows},
+    {"compass", "ri-j", Holds::Basis},
+    {"compass", "ri-k", Holds::Basis},
+    {"compass", "ri-c", Holds::Basis},
+});
+
+class ModuleNameFinder {
+ public:
+  ModuleNameFinder(DiagnoseContext& context, const DiagnosticSink& use)
+      : context_(context), input_(context.input), use_(use) {}
+
+  void look_at(const ModuleEntry& entry, const RecordId& record, Holds holds) const {
+    bool is_inline = false;
+    for (std::size_t i = 0; i < entry.values.size(); ++i) {
+      const TextRange range = input_.value_range(record, i);
+      const std::string_view text = input_.source().text_of(range);
+      if (holds != Holds::BasisRows) {
+        look_at_words(range, record, holds);
+      } else if (is_inline || core::text::equals_ignoring_case(text, "inline")) {
+        // The data of a basis set, not its name.
+        is_inline = !core::text::equals_ignoring_case(text, "end line");
+      } else if (const std::size_t equals = text.find('='); equals == std::string_view::npos) {
+        look_at_words(range, record, holds);
+      } else {
+        look_at_words({range.begin + equals + 1, range.end}, record, holds);
+      }
+    }
+  }
+
+ private:
+  void look_at_words(const TextRange& range, const RecordId& record, Holds holds) const {
+    const std::string_view text = input_.source().text_of(range);
+    for (const std::string_view word : words_of(text)) {
+      const std::size_t begin = range.begin + static_cast<std::size_t>(word.data() - text.data());
+      look_at_name(std::string(word), {begin, begin + word.size()}, record, holds);
+    }
+  }
+
+  void look_at_name(const std::string& name, const TextRange& range, const RecordId& record,
+                    Holds holds) const {
+    const bool is_functional = holds == Holds::Functional;
+    const std::string thing = is_functional ? "functional" : "basis set";
+    std::vector<std::string> likely = likely_names(
+        name, is_functional ? context_.names().functionals() : context_.names().basis_sets());
+    if (likely.empty()) {
+      return;
+    }
+    Diagnostic diagnostic;
+    diagnostic.code = is_functional ? "names.unknown_functional" : "names.unknown_basis";
+    diagnostic.message = "Unknown " + thing + " '" + core::unicode::abridged(name) + "' in $" +
+                         module_of(input_.data(), record)->name + ".";
+    diagnostic.arguments = {name, module_of(input_.data(), record)->name};
+    diagnostic.range = range;
+    diagnostic.label = "not a " + thing + " that is listed";
+    diagnostic.record = record;
+    diagnostic.path = context_.paths.path_of(record);
+    offer_names(diagnostic, std::move(likely), {thing, thing + "s"}, range, false);
+    use_(diagnostic);
+  }
+
+  DiagnoseContext& context_;
+  const ParsedInput& input_;
+  const DiagnosticSink& use_;
+};
+
+}  // namespace
+
+void find_module_names(DiagnoseContext& context, const DiagnosticSink& use) {
+  const ModuleNameFinder finder(context, use);
+  const std::vector<Module>& modules = context.input.data().modules;
+  for (std::size_t i = 0; i < modules.size(); ++i) {
+    for (std::size_t k = 0; k < modules[i].entries.size(); ++k) {
+      for (const NameEntry& item : name_entries) {
+        if (modules[i].name == item.module && modules[i].entries[k].name == item.entry) {
+          finder.look_at(modules[i].entries[k], RecordId::of_entry(i, k), item.holds);
+        }
+      }
+    }
+  }
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,36 @@
+// What a diagnostic offers to write instead, in the same words wherever it comes from.
+
+#include "diagnose/offers.hpp"
+
+#include <utility>
+
+#include "kelp/input/bdf/names.hpp"
+
+namespace kelp::input::bdf {
+
+void offer_fix(Diagnostic& diagnostic, std::string title, const TextRange& range, std::string text,
+               bool is_safe) {
+  Fix offer;
+  offer.title = std::move(title);
+  offer.edits.push_back({range, std::move(text)});
+  offer.is_safe = is_safe;
+  diagnostic.fixes.push_back(std::move(offer));
+}
+
+void offer_names(Diagnostic& diagnostic, std::vector<std::string> names, const NamedThing& thing,
+                 const TextRange& range, bool is_closed_list) {
+  if (names.empty()) {
+    return;
+  }
+  std::string text = names.size() == 1 ? "a similar " : "similar ";
+  text += names.size() == 1 ? thing.one : thing.many;
+  text += names.size() == 1 ? " exists: " : " exist: ";
+  diagnostic.help.push_back(text + quoted_choice(names));
+  // Where only one name is near, nothing else can be meant.
+  for (const std::string& name : names) {
+    offer_fix(diagnostic, "write '" + name + "'", range, name, is_closed_list && names.size() == 1);
+  }
+  diagnostic.suggestions = std::move(names);
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,83 @@
+#include <array>
+
+#include "explain/finding_tables.hpp"
+
+namespace kelp::input::bdf {
+
+namespace {
+
+constexpr auto texts = std::to_array<FindingText>({
+    {"header.unknown_method",
+     "The first part of the specification is no method, or a slip of one where it may be a "
+     "functional as well.",
+     "A slip, or a method of another program.", "Write the name of a method.",
+     "#! neon\ntddtf/b3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\ntddft/b3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.unknown_functional",
+     "A functional of the header is not listed, and a listed name is one slip away from it. Names "
+     "that differ by a digit, or by their first or last letter, are taken for other functionals: "
+     "BDF knows more than are listed.",
+     "A slip, or another program's way to write the name.", "Write the name as it is listed.",
+     "#! neon\nb3lpy/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nb3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.unknown_basis",
+     "The basis set of the header is not listed, and a listed name is one slip away from it. Names "
+     "that differ by a digit, or by their first or last letter, are taken for other basis sets.",
+     "A slip.", "Write the name as it is listed.",
+     "#! neon\nhf/def2-spv\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.unknown_keyword", "A word of the header is no keyword.",
+     "A slip, a keyword of a module, or a comment without its '#'.",
+     "Correct the word, or move it to the module that it belongs to.",
+     "#! neon\nhf/sto-3g spinmlti=3\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g spinmulti=3\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.keyword_twice",
+     "A keyword of the header is given twice, perhaps in both of the ways to write it, 'charge=1' "
+     "and 'charge 1'. The manual does not say which of the two counts.",
+     "A value was added instead of changed.", "Keep the one that is meant.",
+     "#! neon\nhf/sto-3g charge=1\ncharge 0\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g charge=0\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.blank_for_slash",
+     "Method, functional and basis set stand in the header with blanks between them. They are one "
+     "word: method/functional/basis.",
+     "Other programs write them apart.", "Write slashes between them.",
+     "#! neon\nb3lyp def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nb3lyp/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"names.unknown_functional",
+     "The functional of an entry is not listed, and a listed name is one slip away from it. In a "
+     "module any name of the library of functionals can be right, so that this is a finding of its "
+     "own, beside header.unknown_functional.",
+     "A slip, or another program's way to write the name.", "Write the name as it is listed.",
+     "$scf\nrks\ndft\n  b3lpy\n$end\n", "$scf\nrks\ndft\n  b3lyp\n$end\n"},
+    {"names.unknown_basis",
+     "The basis set of an entry is not listed, and a listed name is one slip away from it. In a "
+     "module the name can also be that of a file of your own, so that this is a finding of its "
+     "own, beside header.unknown_basis.",
+     "A slip, or a basis set file with a name like a listed one.",
+     "Write the name as it is listed.", "$compass\nbasis\n  cc-pvzd\n$end\n",
+     "$compass\nbasis\n  cc-pvdz\n$end\n"},
+    {"geometry.geometry_line_malformed",
+     "A line of a geometry is no atom with three coordinates; nor a row of internal coordinates, a "
+     "variable or its scan, where there are such; nor 'file=NAME', dots or a comment.",
+     "A decimal comma, a minus or a blank that is not the plain one, a letter O for a zero, a "
+     "missing blank, a number too few or too many, or the head of an XYZ file.",
+     "Write a symbol and three numbers, with blanks between them.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0,0 0,0 0,5\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0.0 0.0 0.5\nEnd Geometry\n"},
+    {"geometry.unknown_element",
+     "The letters of an atom's label are the symbol of no element. A label is a symbol in any "
+     "case, with digits behind it where atoms of one element are to differ; 'X' is a centre "
+     "without a nucleus.",
+     "A slip, an atomic number, or a name of an isotope.",
+     "Write the symbol; the masses of isotopes go into 'atommass' of $compass.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Nw 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+});
+
+}  // namespace
+
+std::span<const FindingText> misspelling_finding_texts() {
+  return texts;
+}
+
+}  // namespace kelp::input::bdf
