@@ -16,12 +16,43 @@ struct Fault {
   std::string text;
 };
 
+/// A kind of mistakes.
+struct FaultKind {
+  std::string_view name;
+  /// It is told on its own line and of itself: what it brings about is no finding of its own.
+  bool is_told_in_place = false;
+};
+
 /// The kinds of mistakes.
-inline constexpr std::string_view fault_kinds[] = {
-    "misspelt module",         "misspelt keyword",
-    "letter in a number",      "missing $end",
-    "missing end geometry",    "missing terminator",
-    "repeated singular entry", "value not in the list"};
+inline constexpr FaultKind fault_kinds[] = {
+    {"misspelt module"},
+    {"misspelt keyword"},
+    {"misspelt keyword behind lines"},
+    {"letter in a number"},
+    {"missing $end"},
+    {"missing end geometry"},
+    {"missing terminator"},
+    {"misspelt terminator"},
+    {"repeated singular entry"},
+    {"value not in the list"},
+    {"misspelt header keyword", true},
+    {"misspelt method", true},
+    {"misspelt functional", true},
+    {"misspelt basis set", true},
+    {"misspelt functional of a module", true},
+    {"misspelt basis set of a module", true},
+    {"atom: decimal comma", true},
+    {"atom: typographic minus", true},
+    {"atom: letter for zero", true},
+    {"atom: no-break space", true},
+    {"atom: full-width digit", true},
+    {"atom: missing number", true},
+    {"atom: surplus number", true},
+    {"atom: glued label", true},
+    {"atom: glued numbers", true},
+    {"atom: XYZ head", true},
+    {"misspelt element", true},
+};
 
 /// Returns a text in as many variants as there are places for a mistake.
 std::vector<Fault> faults_of(std::string_view text);

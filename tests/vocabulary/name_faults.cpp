@@ -1,0 +1,113 @@
+// Misspelt names: the words of the header, functionals and basis sets wherever they stand.
+
+#include <functional>
+
+#include "fault_writer.hpp"
+#include "kelp/core/text.hpp"
+
+namespace kelp::test {
+namespace {
+
+using input::bdf::EasyToken;
+using input::bdf::InputSchema;
+using input::bdf::Module;
+using input::bdf::ModuleEntry;
+using input::bdf::RecordId;
+using input::bdf::TextRange;
+using IsKnown = std::function<bool(const std::string&)>;
+
+class NameBreaker {
+ public:
+  explicit NameBreaker(FaultWriter& writer) : writer_(writer), schema_(writer.input().schema()) {}
+
+  void break_header() {
+    const std::vector<EasyToken>& tokens = writer_.input().data().easy_tokens;
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+      if (tokens[i].category == "method_spec") {
+        break_specification(i);
+      } else if (tokens[i].known) {
+        misspell("misspelt header keyword", writer_.input().token_ranges(i).key,
+                 [this](const std::string& name) { return schema_.is_known_easy_token(name); });
+      }
+    }
+  }
+
+  void break_values() {
+    const std::vector<Module>& modules = writer_.input().data().modules;
+    for (std::size_t i = 0; i < modules.size(); ++i) {
+      for (std::size_t k = 0; k < modules[i].entries.size(); ++k) {
+        const ModuleEntry& entry = modules[i].entries[k];
+        const RecordId record = RecordId::of_entry(i, k);
+        if (modules[i].name == "scf" && entry.name == "dft") {
+          break_functional("misspelt functional of a module", only_value(record));
+        } else if (modules[i].name == "compass" && entry.name == "basis") {
+          break_basis("misspelt basis set of a module", only_value(record));
+        } else if (modules[i].name == "compass" && entry.name == "basis-block") {
+          break_rows(record);
+        }
+      }
+    }
+  }
+
+ private:
+  // What is listed only: of a file of the user's own, nobody can tell.
+  void misspell(std::string_view kind, const TextRange& range, const IsKnown& is_known) {
+    const std::string name = writer_.text_of(range);
+    if (name.empty() || !is_known(name)) {
+      return;
+    }
+    for (const std::string& wrong : misspellings_of(name)) {
+      if (!is_known(wrong)) {
+        writer_.replace(kind, range, wrong);
+      }
+    }
+  }
+
+  void break_functional(std::string_view kind, const TextRange& range) {
+    misspell(kind, range,
+             [this](const std::string& name) { return schema_.is_known_functional(name); });
+  }
+
+  void break_basis(std::string_view kind, const TextRange& range) {
+    misspell(kind, range, [this](const std::string& name) { return schema_.is_known_basis(name); });
+  }
+
+  void break_specification(std::size_t token) {
+    const auto ranges = writer_.input().specification_ranges(token);
+    misspell("misspelt method", ranges.method,
+             [this](const std::string& name) { return schema_.is_known_method(name); });
+    break_functional("misspelt functional", ranges.functional);
+    break_basis("misspelt basis set", ranges.basis);
+  }
+
+  TextRange only_value(const RecordId& record) const {
+    const auto ranges = writer_.input().value_ranges(record);
+    return ranges.size() == 1 ? ranges[0] : TextRange{};
+  }
+
+  void break_rows(const RecordId& record) {
+    for (TextRange range : writer_.input().value_ranges(record)) {
+      const std::string text = writer_.text_of(range);
+      if (core::text::equals_ignoring_case(text, "inline")) {
+        return;
+      }
+      if (const std::size_t equals = text.find('='); equals != std::string::npos) {
+        range = writer_.input().source().trimmed({range.begin + equals + 1, range.end});
+      }
+      break_basis("misspelt basis set of a module", range);
+    }
+  }
+
+  FaultWriter& writer_;
+  const InputSchema& schema_;
+};
+
+}  // namespace
+
+void break_names(FaultWriter& writer) {
+  NameBreaker breaker(writer);
+  breaker.break_header();
+  breaker.break_values();
+}
+
+}  // namespace kelp::test
