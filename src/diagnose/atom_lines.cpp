@@ -29,7 +29,8 @@ struct GeometryLines {
   RecordId entry;  ///< none for the geometry block of the document
 };
 
-// What is a letter too many, another letter behind the first, or two letters in the wrong order.
+// The symbol itself, where something else is wrong about the label; two letters in the wrong order;
+// or else a letter too many, or another one behind the first.
 std::vector<std::string> similar_elements(std::string_view letters) {
   std::vector<std::string> names;
   const auto add = [&](std::string_view text) {
@@ -39,11 +40,12 @@ std::vector<std::string> similar_elements(std::string_view letters) {
       names.push_back(name);
     }
   };
+  add(letters);
   if (letters.size() == 2) {
     add(std::string{letters[1], letters[0]});
-    if (!names.empty()) {
-      return names;
-    }
+  }
+  if (!names.empty()) {
+    return names;
   }
   if (letters.size() >= 2) {
     add(letters.substr(0, 1));
@@ -214,8 +216,9 @@ class AtomLineFinder {
     if (is_atom_label(label)) {
       return;
     }
+    // Where the letters are right, what follows them is not.
     const std::string_view letters = letters_of_label(label);
-    const std::string_view named = letters.empty() ? label : letters;
+    const std::string_view named = letters.empty() || is_atom_label(letters) ? label : letters;
     Diagnostic diagnostic =
         begin(lines, number, "geometry.unknown_element",
               "There is no element '" + core::unicode::abridged(named) + "'.", std::string(named));

@@ -241,7 +241,7 @@ TextRange range_in(std::string_view line, std::string_view part) {
 // The character behind the longest number that a field begins with; all of it where there is none.
 TextRange fault_of_number(std::string_view line, std::string_view field) {
   for (std::size_t length = field.size(); length-- > 1;) {
-    if (core::number::parse_float(field.substr(0, length))) {
+    if (is_decimal(field.substr(0, length))) {
       const std::size_t size = core::unicode::character_length(field.substr(length));
       return range_in(line, field.substr(length, size));
     }
@@ -316,11 +316,11 @@ AtomFault fault_of_atom_line(std::string_view line, const GeometryReader& reader
     return fault_of_row(line, words, fields_of_row(reader.rows()));
   }
   constexpr std::size_t wanted = 3;
-  if (core::number::parse_float(words[0])) {
+  if (is_decimal(words[0])) {
     return {range_in(line, words[0]), "no label of an atom"};
   }
   for (std::size_t i = 1; i < words.size() && i <= wanted; ++i) {
-    if (!core::number::parse_float(words[i])) {
+    if (!is_decimal(words[i])) {
       return {fault_of_number(line, words[i]), "not a number"};
     }
   }

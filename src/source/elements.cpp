@@ -44,7 +44,12 @@ std::string_view letters_of_label(std::string_view label) {
 
 bool is_atom_label(std::string_view label) {
   const std::string_view letters = letters_of_label(label);
-  return !find_element(letters).empty() || core::text::equals_ignoring_case(letters, "X");
+  const bool is_centre =
+      !find_element(letters).empty() || core::text::equals_ignoring_case(letters, "X");
+  const std::string_view mark = label.substr(letters.size());
+  return is_centre && std::all_of(mark.begin(), mark.end(), [](char byte) {
+           return is_letter(byte) || (byte >= '0' && byte <= '9') || byte == '_' || byte == '-';
+         });
 }
 
 }  // namespace kelp::input::bdf

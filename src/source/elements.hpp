@@ -16,8 +16,9 @@ std::string_view find_element(std::string_view text);
 /// Returns the ASCII letters that a label begins with: `H` of `H12`, `Cl` of `Cl-`.
 std::string_view letters_of_label(std::string_view label);
 
-/// Tells whether a label is that of an atom: it begins with the symbol of an element, or with the
-/// `X` of a centre without a nucleus, and no letter follows.
+/// Tells whether a label is that of an atom: its first letters are the symbol of an element, or the
+/// `X` of a centre without a nucleus; behind them may stand digits, as in `H1`, or what else makes a
+/// name.
 bool is_atom_label(std::string_view label);
 
 }  // namespace kelp::input::bdf

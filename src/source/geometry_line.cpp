@@ -5,7 +5,7 @@
 #include "source/geometry_line.hpp"
 
 #include <algorithm>
-#include <cmath>
+#include <span>
 
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
@@ -17,11 +17,6 @@ namespace kelp::input::bdf {
 namespace {
 
 using Words = std::vector<std::string_view>;
-
-bool is_number(std::string_view text) {
-  const auto value = core::number::parse_float(text);
-  return value && std::isfinite(*value);
-}
 
 bool is_letter(char byte) {
   return !letters_of_label({&byte, 1}).empty();
@@ -36,7 +31,7 @@ bool is_name(std::string_view text) {
 
 // The value of an internal coordinate: a number, or a variable, whose sign may be turned.
 bool is_coordinate(std::string_view text) {
-  return is_number(text) || is_name(text) || (text.starts_with('-') && is_name(text.substr(1)));
+  return is_decimal(text) || is_name(text) || (text.starts_with('-') && is_name(text.substr(1)));
 }
 
 bool is_elided(std::string_view line) {
@@ -53,9 +48,8 @@ bool is_file(std::string_view line) {
          core::text::trim_view(line.substr(keyword.size())).starts_with('=');
 }
 
-bool all_are_numbers(const Words& words, std::size_t first) {
-  return std::all_of(words.begin() + static_cast<std::ptrdiff_t>(std::min(first, words.size())),
-                     words.end(), is_number);
+bool all_are_numbers(std::span<const std::string_view> words) {
+  return std::all_of(words.begin(), words.end(), is_decimal);
 }
 
 // Whoever writes an atomic number for the symbol writes an atom, too, though not one that BDF
@@ -63,15 +57,18 @@ bool all_are_numbers(const Words& words, std::size_t first) {
 bool is_atom(std::string_view line) {
   const AtomLine atom = read_atom_line(line);
   const Words words = words_of(line);
-  const bool has_label = is_name(atom.label) || (is_number(atom.label) && words.size() == 4);
-  const bool is_finite = std::all_of(atom.position.begin(), atom.position.end(),
-                                     [](double value) { return std::isfinite(value); });
+  const bool has_label = is_name(atom.label) || (is_decimal(atom.label) && words.size() == 4);
   // A letter behind the coordinates marks an atom of a fragment; a number is one too many.
-  return atom.is_atom() && is_finite && has_label &&
-         std::none_of(words.begin() + 4, words.end(), is_number);
+  return atom.is_atom() && has_label && all_are_numbers(atom.fields) &&
+         std::none_of(words.begin() + 4, words.end(), is_decimal);
 }
 
 }  // namespace
+
+bool is_decimal(std::string_view text) {
+  return text.find_first_not_of("0123456789+-.eEdD") == std::string_view::npos &&
+         core::number::parse_float(text).has_value();
+}
 
 std::vector<std::string_view> words_of(std::string_view line) {
   Words words;
@@ -109,7 +106,7 @@ GeometryLineKind GeometryReader::take(std::string_view line) {
     ++rows_;
     const Words words = words_of(line);
     for (std::size_t i = 2; i < words.size(); i += 2) {
-      if (!is_number(words[i])) {
+      if (!is_decimal(words[i])) {
         variables_.emplace_back(words[i].substr(words[i].starts_with('-') ? 1 : 0));
       }
     }
@@ -130,7 +127,7 @@ GeometryLineKind GeometryReader::kind_of_internal(std::string_view line) const {
   } else if (is_row(words)) {
     return GeometryLineKind::Internal;
   }
-  if (!is_name(words[0]) || !all_are_numbers(words, 1)) {
+  if (!is_name(words[0]) || !all_are_numbers(std::span(words).subspan(1))) {
     return GeometryLineKind::Malformed;
   }
   if (words.size() == 2) {

@@ -20,6 +20,10 @@ enum class GeometryLineKind : std::int32_t {
   Malformed,   ///< none of these
 };
 
+/// Tells whether a text is a decimal number, perhaps with an exponent. Nobody means hexadecimal
+/// digits, or a word for infinity, by a coordinate.
+bool is_decimal(std::string_view text);
+
 /// Returns the words of a line.
 std::vector<std::string_view> words_of(std::string_view line);
 

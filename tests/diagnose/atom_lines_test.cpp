@@ -93,6 +93,8 @@ const Row rows[] = {
     {"0.1 0.5 1.5", "4:1 '0.1': no label of an atom", nullptr, false},
     {"O 0.1 0.5 1.2 1.0", "4:15 '1.0': more than three coordinates", nullptr, false},
     {"O 0.1 0.5x 1.2", "4:10 'x': not a number", nullptr, false},
+    {"O 0x1 0.5 1.2", "4:4 'x': not a number", nullptr, false},
+    {"O 0.1 inf 1.2", "4:7 'inf': not a number", nullptr, false},
     {"O 0.1 y 1.2", "4:7 'y': not a number", nullptr, false},
     {"2\nwater, optimised\nH 0 0 0\nH 0 0 1", "4:1 '2': the head of an XYZ file",
      "H 0 0 0\nH 0 0 1", false},
@@ -148,6 +150,8 @@ TEST(Elements, ThatAreNoneAreToldOf) {
            Label{"119", "119", {}},
            Label{"D", "D", {"H"}},
            Label{"Q", "Q", {}},
+           Label{"N)", "N)", {"N"}},
+           Label{"Cl+", "Cl+", {"Cl"}},
        }) {
     const ParsedInput input = with_lines(" " + std::string(row.label) + " 0 0 0");
     const auto found = diagnose(input);
