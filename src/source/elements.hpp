@@ -17,8 +17,8 @@ std::string_view find_element(std::string_view text);
 std::string_view letters_of_label(std::string_view label);
 
 /// Tells whether a label is that of an atom: its first letters are the symbol of an element, or the
-/// `X` of a centre without a nucleus; behind them may stand digits, as in `H1`, or what else makes a
-/// name.
+/// `X` of a centre without a nucleus; behind them may stand digits, as in `H1`, or what else makes
+/// a name.
 bool is_atom_label(std::string_view label);
 
 }  // namespace kelp::input::bdf
