@@ -156,16 +156,11 @@ class AtomLineFinder {
     }
   }
 
-  Diagnostic begin(const GeometryLines& lines, std::size_t number, std::string code,
+  Diagnostic begin(const GeometryLines& lines, std::size_t number, std::string_view code,
                    std::string message, std::string argument) const {
-    Diagnostic diagnostic;
-    diagnostic.code = std::move(code);
-    diagnostic.severity = Severity::Error;
-    diagnostic.message = std::move(message);
-    diagnostic.arguments.push_back(std::move(argument));
-    diagnostic.record = lines.entry ? lines.entry : input_.line(number).record;
-    diagnostic.path = context_.paths.path_of(diagnostic.record);
-    return diagnostic;
+    const RecordId record = lines.entry ? lines.entry : input_.line(number).record;
+    return begin_diagnostic({code, std::move(message), {std::move(argument)}, record},
+                            context_.paths);
   }
 
   Diagnostic begin_malformed(const GeometryLines& lines, std::size_t number) const {

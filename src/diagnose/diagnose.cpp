@@ -148,7 +148,7 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     }
   });
   find_header_words(context, options, use);
-  find_module_names(context, use);
+  find_module_names(context, options, use);
   find_atom_lines(context, use);
 }
 

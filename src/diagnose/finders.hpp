@@ -21,7 +21,8 @@ void find_header_words(DiagnoseContext& context, const DiagnoseOptions& options,
 bool is_cut_specification(const Fault& fault, const ParsedInput& input);
 
 /// Looks for misspelt names of functionals and basis sets among the values of entries.
-void find_module_names(DiagnoseContext& context, const DiagnosticSink& use);
+void find_module_names(DiagnoseContext& context, const DiagnoseOptions& options,
+                       const DiagnosticSink& use);
 
 /// Looks for lines of geometries that cannot be read, and for unknown elements.
 void find_atom_lines(DiagnoseContext& context, const DiagnosticSink& use);

@@ -138,21 +138,23 @@ class HeaderWordFinder {
             core::text::equals_ignoring_case(core::text::trim_view(rest), "setting"));
   }
 
-  Diagnostic begin(std::size_t token, std::string code, Severity severity, std::string message,
+  Diagnostic begin(std::size_t token, std::string_view code, std::string message,
                    std::string_view argument) const {
-    Diagnostic diagnostic;
-    diagnostic.code = std::move(code);
-    diagnostic.severity = severity;
-    diagnostic.message = std::move(message);
-    diagnostic.arguments.emplace_back(argument);
-    diagnostic.record = RecordId::of(RecordKind::EasyToken, token);
-    diagnostic.path = context_.paths.path_of(diagnostic.record);
-    return diagnostic;
+    return begin_diagnostic({code,
+                             std::move(message),
+                             {std::string(argument)},
+                             RecordId::of(RecordKind::EasyToken, token)},
+                            context_.paths);
   }
 
   // What is in no closed list is as grave as the options have it.
-  Severity severity_of_unknown() const {
-    return unknown_ == UnknownNames::Error ? Severity::Error : Severity::Warning;
+  Diagnostic begin_unknown(std::size_t token, std::string_view code, std::string_view thing,
+                           std::string_view name) const {
+    Diagnostic diagnostic = begin(token, code, message(thing, name), name);
+    if (unknown_ == UnknownNames::Error) {
+      diagnostic.severity = Severity::Error;
+    }
+    return diagnostic;
   }
 
   std::string written(const TextRange& range) const {
@@ -202,8 +204,7 @@ class HeaderWordFinder {
     if (schema_.is_known_method(name)) {
       return;
     }
-    Diagnostic diagnostic =
-        begin(token, "header.unknown_method", severity_of_unknown(), message("method", name), name);
+    Diagnostic diagnostic = begin_unknown(token, "header.unknown_method", "method", name);
     diagnostic.range = range;
     diagnostic.label = "not a method";
     offer_names(diagnostic, similar_names(name, context_.names().methods()), {"method", "methods"},
@@ -234,7 +235,7 @@ class HeaderWordFinder {
     if (likely.empty()) {
       return false;
     }
-    Diagnostic diagnostic = begin(token, code, Severity::Warning, message(thing, name), name);
+    Diagnostic diagnostic = begin(token, code, message(thing, name), name);
     diagnostic.range = range;
     diagnostic.label = "not a " + std::string(thing) + " that is listed";
     offer_names(diagnostic, std::move(likely), things, range, false);
@@ -275,8 +276,7 @@ class HeaderWordFinder {
     if (is_value_of_unknown(token) || is_one_of(name, values)) {
       return;
     }
-    Diagnostic diagnostic = begin(token, "header.unknown_keyword", severity_of_unknown(),
-                                  message("keyword", name), name);
+    Diagnostic diagnostic = begin_unknown(token, "header.unknown_keyword", "keyword", name);
     diagnostic.range = range;
     diagnostic.label = "not a keyword of the header";
     std::vector<std::string> near = similar_names(name, values);
@@ -295,7 +295,7 @@ class HeaderWordFinder {
       return;
     }
     const TokenRanges ranges = input_.token_ranges(token);
-    Diagnostic diagnostic = begin(token, "header.keyword_twice", Severity::Warning,
+    Diagnostic diagnostic = begin(token, "header.keyword_twice",
                                   "The keyword '" + key + "' is given twice in the header.", key);
     diagnostic.range = ranges.key;
     diagnostic.label = "first given on line " + std::to_string(line_of(input_, found->second));
@@ -323,7 +323,7 @@ class HeaderWordFinder {
                              input_.token_ranges(last).whole.end};
     const std::string meant = core::text::join(parts_of(tokens_, cut.first, cut.count), "/");
     Diagnostic diagnostic =
-        begin(cut.first, "header.blank_for_slash", Severity::Error,
+        begin(cut.first, "header.blank_for_slash",
               "The specification '" + written(range) + "' is cut by a blank.", written(range));
     diagnostic.range = range;
     diagnostic.label = "meant to be '" + meant + "'?";

@@ -81,15 +81,15 @@ class ModuleNameFinder {
     if (likely.empty()) {
       return;
     }
-    Diagnostic diagnostic;
-    diagnostic.code = is_functional ? "names.unknown_functional" : "names.unknown_basis";
-    diagnostic.message = "Unknown " + thing + " '" + core::unicode::abridged(name) + "' in $" +
-                         module_of(input_.data(), record)->name + ".";
-    diagnostic.arguments = {name, module_of(input_.data(), record)->name};
+    const std::string& module = module_of(input_.data(), record)->name;
+    Diagnostic diagnostic = begin_diagnostic(
+        {is_functional ? "names.unknown_functional" : "names.unknown_basis",
+         "Unknown " + thing + " '" + core::unicode::abridged(name) + "' in $" + module + ".",
+         {name, module},
+         record},
+        context_.paths);
     diagnostic.range = range;
     diagnostic.label = "not a " + thing + " that is listed";
-    diagnostic.record = record;
-    diagnostic.path = context_.paths.path_of(record);
     offer_names(diagnostic, std::move(likely), {thing, thing + "s"}, range, false);
     use_(diagnostic);
   }
@@ -101,7 +101,11 @@ class ModuleNameFinder {
 
 }  // namespace
 
-void find_module_names(DiagnoseContext& context, const DiagnosticSink& use) {
+void find_module_names(DiagnoseContext& context, const DiagnoseOptions& options,
+                       const DiagnosticSink& use) {
+  if (options.unknown == UnknownNames::Ignore) {
+    return;
+  }
   const ModuleNameFinder finder(context, use);
   const std::vector<Module>& modules = context.input.data().modules;
   for (std::size_t i = 0; i < modules.size(); ++i) {

@@ -1,12 +1,27 @@
-// What a diagnostic offers to write instead, in the same words wherever it comes from.
+// How diagnostics begin, and what they offer to write instead: in the same words wherever they come
+// from.
 
 #include "diagnose/offers.hpp"
 
 #include <utility>
 
+#include "kelp/input/bdf/explain.hpp"
 #include "kelp/input/bdf/names.hpp"
 
 namespace kelp::input::bdf {
+
+Diagnostic begin_diagnostic(Finding finding, const PathIndex& paths) {
+  Diagnostic diagnostic;
+  diagnostic.code = finding.code;
+  if (const FindingText* const text = find_finding_text(finding.code)) {
+    diagnostic.severity = text->severity;
+  }
+  diagnostic.message = std::move(finding.message);
+  diagnostic.arguments = std::move(finding.arguments);
+  diagnostic.record = finding.record;
+  diagnostic.path = paths.path_of(finding.record);
+  return diagnostic;
+}
 
 void offer_fix(Diagnostic& diagnostic, std::string title, const TextRange& range, std::string text,
                bool is_safe) {

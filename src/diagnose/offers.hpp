@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "kelp/input/bdf/diagnostics.hpp"
+#include "kelp/input/bdf/record.hpp"
+#include "kelp/input/bdf/value_path.hpp"
 
 namespace kelp::input::bdf {
 
@@ -13,6 +15,17 @@ struct NamedThing {
   std::string_view one;
   std::string_view many;
 };
+
+/// What a finding that the validator does not know is about.
+struct Finding {
+  std::string_view code;  ///< of the table of texts, which has its severity
+  std::string message;
+  std::vector<std::string> arguments;
+  RecordId record;
+};
+
+/// Begins the diagnostic of a finding: all but its range and what is said about that.
+Diagnostic begin_diagnostic(Finding finding, const PathIndex& paths);
 
 /// Adds a fix that writes a text in place of a range.
 void offer_fix(Diagnostic& diagnostic, std::string title, const TextRange& range, std::string text,

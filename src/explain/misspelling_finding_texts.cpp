@@ -6,6 +6,8 @@ namespace kelp::input::bdf {
 
 namespace {
 
+constexpr auto error = Severity::Error;
+
 constexpr auto texts = std::to_array<FindingText>({
     {"header.unknown_method",
      "The first part of the specification is no method, or a slip of one where it may be a "
@@ -42,7 +44,7 @@ constexpr auto texts = std::to_array<FindingText>({
      "word: method/functional/basis.",
      "Other programs write them apart.", "Write slashes between them.",
      "#! neon\nb3lyp def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
-     "#! neon\nb3lyp/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+     "#! neon\nb3lyp/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
     {"names.unknown_functional",
      "The functional of an entry is not listed, and a listed name is one slip away from it. In a "
      "module any name of the library of functionals can be right, so that this is a finding of its "
@@ -63,7 +65,7 @@ constexpr auto texts = std::to_array<FindingText>({
      "missing blank, a number too few or too many, or the head of an XYZ file.",
      "Write a symbol and three numbers, with blanks between them.",
      "#! neon\nhf/sto-3g\nGeometry\n  Ne 0,0 0,0 0,5\nEnd Geometry\n",
-     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0.0 0.0 0.5\nEnd Geometry\n"},
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0.0 0.0 0.5\nEnd Geometry\n", error},
     {"geometry.unknown_element",
      "The letters of an atom's label are the symbol of no element. A label is a symbol in any "
      "case, with digits behind it where atoms of one element are to differ; 'X' is a centre "
@@ -71,7 +73,7 @@ constexpr auto texts = std::to_array<FindingText>({
      "A slip, an atomic number, or a name of an isotope.",
      "Write the symbol; the masses of isotopes go into 'atommass' of $compass.",
      "#! neon\nhf/sto-3g\nGeometry\n  Nw 0 0 0\nEnd Geometry\n",
-     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
 });
 
 }  // namespace

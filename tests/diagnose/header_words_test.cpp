@@ -277,6 +277,7 @@ TEST(NamesAmongValues, AreToldOf) {
   for (const Diagnostic& diagnostic : diagnose(input)) {
     EXPECT_FALSE(diagnostic.fixes.at(0).is_safe) << diagnostic.message;
   }
+  EXPECT_THAT(diagnose(input, {UnknownNames::Ignore}), testing::IsEmpty());
 }
 
 }  // namespace

@@ -53,7 +53,9 @@ struct Diagnostic {
   RecordId record;                        ///< the record that it is about
 };
 
-/// What is done about names that the schema does not know.
+/// What is done about names that the schema does not know. Functionals and basis sets are lists
+/// that no schema has in full: of those, a name that is a slip of a listed one is a warning at
+/// most.
 enum class UnknownNames : std::int32_t {
   Ignore = 0,  ///< nothing
   Warn = 1,    ///< warnings
@@ -75,6 +77,7 @@ struct SeverityRule {
 
 /// What to look for.
 struct DiagnoseOptions {
+<<<<<<< HEAD
   UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries and nested entries
   std::vector<SeverityRule> rules = {};       ///< of several about one code the last counts
 };
@@ -94,6 +97,17 @@ struct DiagnoseOptions {
 ///
 /// Such a comment that is wrong or that nothing needs is a finding of its own (`comment.*`), behind
 /// all others.
+=======
+  UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries, nested entries, header words
+};
+
+/// Returns everything that is to be said about an input: what `InputSchema::validate` finds, in its
+/// order; then misspelt, cut and repeated words of the header, misspelt names among values, and
+/// lines of geometries that are no atoms. Comments and blank lines within modules, which the
+/// validation reports as unknown entries, are left out, and so is a missing specification that is
+/// there, cut by a blank; an input that holds nothing else has the one finding `bdf.empty_input`.
+/// Safe to call from any number of threads. Only a failed allocation throws.
+>>>>>>> 651da16 (Take the severities of slips from the table of texts, and write down what is found)
 KELP_BDF_INP_EXPORT std::vector<Diagnostic> diagnose(const ParsedInput& input,
                                                      const DiagnoseOptions& options = {});
 
