@@ -15,14 +15,6 @@
 namespace kelp::input::bdf {
 namespace {
 
-// Moves a line number back to the last line that is not blank.
-std::size_t without_blanks(const ParsedInput& input, std::size_t line) {
-  while (line > 1 && input.line(line).role == LineRole::Blank) {
-    --line;
-  }
-  return line;
-}
-
 // -- the header and the geometry
 
 void complete_header_value(Draft& draft) {
@@ -50,66 +42,27 @@ void complete_missing_geometry(Draft& draft) {
   draft.help("put the atoms between a line 'Geometry' and a line 'End Geometry'");
 }
 
-// Returns a text without its blanks, in lower case.
-std::string letters_of(std::string_view text) {
-  std::string letters = core::text::to_lower(text);
-  std::erase_if(letters, core::text::is_space);
-  return letters;
-}
-
-// Tells whether a line is likely to be a misspelt end: `$edn`, `end`, `End Geom`, `EndGeometry`.
-bool is_misspelt_end(std::string_view line, std::string_view end) {
-  const std::string written = letters_of(line);
-  const std::string wanted = letters_of(end);
-  constexpr std::size_t least = 3;
-  if (written.size() < least || wanted.empty()) {
-    return false;
+// Marks the last line of what has no end, behind which the end is missing.
+void mark_missing_end(Draft& draft, std::size_t last, const std::string& end) {
+  while (last > draft.line && draft.statement_on(last).empty()) {
+    --last;
   }
-  const bool is_cut_off = written.size() > least && wanted.starts_with(written);
-  const bool lacks_dollar = wanted.front() == '$' && written == wanted.substr(1);
-  return written == wanted || is_cut_off || lacks_dollar ||
-         !similar_names(written, {wanted}).empty();
-}
-
-// A block whose end is misspelt takes lines that are not its own; the first one that could be its
-// end is what is at fault.
-bool offer_misspelt_end(Draft& draft, const std::string& end) {
-  // A misspelt `$end` begins a module of its own.
-  const std::size_t last = draft.input.last_line(draft.fault.record) +
-                           (draft.fault.record.kind == RecordKind::Module ? 1 : 0);
-  for (std::size_t number = draft.line + 1; number <= last; ++number) {
-    if (const Module* const next = module_of(draft.input.data(), draft.input.line(number).record);
-        next != nullptr && next != draft.module && next->known) {
-      break;
-    }
-    const TextRange words = draft.statement_on(number);
-    if (!is_misspelt_end(draft.source.text_of(words), end)) {
-      continue;
-    }
-    draft.mark(words, "meant to be '" + end + "'?");
+  draft.mark(draft.statement_on(last), "'" + end + "' is missing behind this");
+  if (last != draft.line) {
     draft.relate(draft.fault.record, "begins here");
-    draft.help("did you mean '" + end + "'?");
-    draft.fix("write '" + end + "'", words, end, true);
-    draft.diagnostic.suggestions = {end};
-    return true;
   }
-  return false;
+  draft.help("add a line '" + end + "' behind it");
+  draft.fix_by_line(end, last);
 }
 
-// A block without its end takes all lines that follow; the atoms in a row are what is meant.
+// The atoms in a row are what is meant.
 void complete_unterminated_geometry(Draft& draft) {
-  if (offer_misspelt_end(draft, "End Geometry")) {
-    return;
-  }
-  draft.mark_word("begins here");
-  draft.help("add a line 'End Geometry' after the last atom");
   std::size_t last = draft.input.first_line(RecordId::of(RecordKind::Atom, 0));
   while (last != 0 && draft.input.line(last + 1).role == LineRole::Atom) {
     ++last;
   }
-  if (last != 0) {
-    draft.fix_by_line("End Geometry", last);
-  }
+  mark_missing_end(draft, last == 0 ? draft.input.last_line(draft.fault.record) : last,
+                   "End Geometry");
 }
 
 // -- names that the schema does not know
@@ -199,24 +152,15 @@ void complete_unknown_nested_entry(Draft& draft) {
 // -- how modules, entries and blocks stand together
 
 void complete_unterminated_module(Draft& draft) {
-  if (offer_misspelt_end(draft, "$end")) {
-    return;
-  }
-  draft.mark(draft.statement_on(draft.line), "begins here");
-  draft.help("add a line '$end' after its last entry");
-  draft.fix_by_line("$end", without_blanks(draft.input, draft.input.last_line(draft.fault.record)));
+  mark_missing_end(draft, draft.input.last_line(draft.fault.record), "$end");
 }
 
 void complete_unterminated_block(Draft& draft) {
-  draft.mark_word("begins here");
   const ModuleEntry& record = draft.child == nullptr ? *draft.entry : *draft.child;
-  if (offer_misspelt_end(draft, record.terminator)) {
-    return;
-  }
-  if (!record.terminator.empty()) {
-    draft.help("add a line '" + record.terminator + "' after its last line");
-    draft.fix_by_line(record.terminator,
-                      without_blanks(draft.input, draft.input.last_line(draft.fault.record)));
+  if (record.terminator.empty()) {
+    draft.mark_word("begins here");
+  } else {
+    mark_missing_end(draft, draft.input.last_line(draft.fault.record), record.terminator);
   }
 }
 

@@ -1,11 +1,14 @@
 // The validator tells of each finding which records it is about, and of a value which part of it is
-// at fault; the input knows where these stand. A diagnostic is put together from the two, one after
-// the other, so that any number of them needs no memory.
+// at fault; the input knows where these stand. A diagnostic is put together from the two. What only
+// follows from a finding before is left out, and the rest is handed over in the order of the text.
 
 #include <utility>
 
+#include "diagnose/consequences.hpp"
 #include "diagnose/draft.hpp"
 #include "diagnose/finders.hpp"
+#include "diagnose/frame_faults.hpp"
+#include "diagnose/in_order.hpp"
 #include "diagnose/offers.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
@@ -41,6 +44,10 @@ bool is_about_comment(const Fault& fault, const ParsedInput& input) {
     default:
       return false;
   }
+}
+
+bool is_about_missing_header(const Fault& fault) {
+  return fault.id == IssueId::MissingMethod || fault.id == IssueId::MissingGeometry;
 }
 
 Diagnostic empty_input() {
@@ -139,17 +146,32 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     use(empty_input());
     return;
   }
+  const auto start = find_strange_start(input);
+  if (start && start->is_all) {
+    use(start->diagnostic);
+    return;
+  }
   DiagnoseContext context(input);
+  InOrder in_order(use);
+  if (start) {
+    in_order.add(start->diagnostic);
+  }
+  const auto add = [&](const Diagnostic& found) { in_order.add(found); };
+  tell_misspelt_borders(context, add);
+  Consequences consequences(context);
   find_faults(input.data(), input.schema(), validation_options(options), [&](const Fault& fault) {
-    if (!is_about_comment(fault, input) && !is_cut_specification(fault, input)) {
+    const bool is_told = (start && is_about_missing_header(fault)) ||
+                         is_cut_specification(fault, input) || consequences.cover(fault);
+    if (!is_told && !is_about_comment(fault, input)) {
       Draft draft(fault, context);
       complete(draft);
-      use(draft.diagnostic);
+      in_order.add(std::move(draft.diagnostic));
     }
   });
-  find_header_words(context, options, use);
-  find_module_names(context, options, use);
-  find_atom_lines(context, use);
+  find_header_words(context, options, add);
+  find_module_names(context, options, add);
+  find_atom_lines(context, add);
+  in_order.finish();
 }
 
 std::string concise_text(const Diagnostic& diagnostic, const SourceText& source,

@@ -11,6 +11,7 @@ namespace kelp::input::bdf {
 std::span<const FindingText> input_finding_texts();
 std::span<const FindingText> comment_finding_texts();
 std::span<const FindingText> misspelling_finding_texts();
+std::span<const FindingText> frame_finding_texts();
 std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
 

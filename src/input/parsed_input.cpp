@@ -52,6 +52,10 @@ struct ParsedInput::Impl {
         leading_lines.push_back(number);
       }
     }
+    for (const AmendedLine& amended : map.amended) {
+      borders.push_back(
+          {amended.line, amended.fault, amended.text, map.lines[amended.line].record});
+    }
   }
 
   std::size_t first_line(const RecordId& record) const {
@@ -113,6 +117,7 @@ struct ParsedInput::Impl {
   BDFData data;
   LineMap map;
   bool holds_something = false;
+  std::vector<MisspeltBorder> borders;
   // The document does not tell where these stand.
   std::vector<std::size_t> geometry_lines;
   std::vector<std::size_t> leading_lines;
@@ -277,6 +282,14 @@ TextRange ParsedInput::comment_range(std::size_t number) const {
   }
   const std::size_t hash = source().text_of(line).find('#');
   return {hash == std::string_view::npos ? line.end : line.begin + hash, line.end};
+}
+
+const std::vector<MisspeltBorder>& ParsedInput::misspelt_borders() const {
+  return impl_->borders;
+}
+
+bool ParsedInput::is_misspelt_border(std::size_t number) const {
+  return impl_->map.amended_text(number) != nullptr;
 }
 
 TokenRanges ParsedInput::token_ranges(std::size_t token) const {

@@ -7,6 +7,7 @@
 #include "model/from_schema.hpp"
 #include "parser/frame.hpp"
 #include "parser/header_words.hpp"
+#include "parser/mending.hpp"
 #include "source/atom_line.hpp"
 
 namespace kelp::input::bdf {
@@ -48,7 +49,8 @@ void parse_geometry(LineReader& reader, BDFData& data) {
   const RecordId geometry = RecordId::of(RecordKind::Geometry, 0);
   reader.begin_record(geometry);
   reader.skip(LineRole::GeometryStart);
-  while (!reader.at_end()) {
+  mend_geometry(reader);
+  while (!reader.at_end() && !reader.at_break()) {
     const std::string_view line = reader.line();
     if (is_geometry_end(line)) {
       data.geometry_terminated = true;
@@ -72,8 +74,12 @@ void parse_geometry(LineReader& reader, BDFData& data) {
 }  // namespace
 
 void parse_easy_section(LineReader& reader, const InputSchema& schema, BDFData& data) {
-  while (!reader.at_end() && !starts_body(reader.line())) {
+  while (!reader.at_end()) {
+    mend_opening(reader, schema, Outside::Header);
     const std::string_view line = reader.line();
+    if (starts_body(line)) {
+      return;
+    }
     if (is_geometry_start(line)) {
       parse_geometry(reader, data);
       return;

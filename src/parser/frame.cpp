@@ -10,6 +10,7 @@
 
 #include "model/script_name.hpp"
 #include "parser/easy_section.hpp"
+#include "parser/mending.hpp"
 #include "parser/module_block.hpp"
 #include "source/lines.hpp"
 
@@ -97,6 +98,7 @@ void read_side_statement(LineReader& reader, BDFData& data) {
 void read_body(LineReader& reader, const InputSchema& schema, const ParseOptions& options,
                BDFData& data) {
   while (!reader.at_end()) {
+    mend_opening(reader, schema, Outside::Body);
     if (is_module_header(reader.line())) {
       read_module(reader, schema, options, data);
     } else {
@@ -108,6 +110,7 @@ void read_body(LineReader& reader, const InputSchema& schema, const ParseOptions
 // Reads all that follows the preamble.
 void read_document(LineReader& reader, const InputSchema& schema, const ParseOptions& options,
                    BDFData& data) {
+  mend_opening(reader, schema, Outside::Header);
   bool easy = !starts_body(reader.line());
   if (is_script_line(reader.line())) {
     data.script_name = normalize_script_name(take_script_line(reader));

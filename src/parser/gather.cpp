@@ -1,5 +1,6 @@
 #include "parser/gather.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -11,7 +12,7 @@ namespace kelp::input::bdf {
 namespace {
 
 bool at_border(const LineReader& reader) {
-  return reader.at_end() || is_module_border(reader.line());
+  return reader.at_end() || reader.at_break() || is_module_border(reader.line());
 }
 
 // Tells whether a line is none of an entry's values. The line that closes the block around an entry
@@ -22,7 +23,7 @@ bool is_stop(const LineReader& reader, std::string_view line, const Keywords& ke
 }
 
 bool at_stop(const LineReader& reader, const Keywords& keywords) {
-  return reader.at_end() || is_stop(reader, reader.line(), keywords);
+  return reader.at_end() || reader.at_break() || is_stop(reader, reader.line(), keywords);
 }
 
 void take_value(LineReader& reader, ModuleEntry& entry) {
@@ -38,7 +39,7 @@ bool is_blank_or_comment(std::string_view line) {
 std::optional<std::size_t> distance_to_value(const LineReader& reader, const Keywords& keywords) {
   for (std::size_t distance = 0; distance < reader.lines_left(); ++distance) {
     const std::string_view line = reader.line_ahead(distance);
-    if (is_stop(reader, line, keywords)) {
+    if (reader.at_break(distance) || is_stop(reader, line, keywords)) {
       break;
     }
     if (!is_blank_or_comment(line)) {
@@ -63,8 +64,16 @@ void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& 
   }
 }
 
+// Of lines that nothing but the next keyword ends, the first is a value whatever it says. A word
+// further on that is nearly a keyword is one, unless the entry has such a value.
+bool is_swallowed_keyword(const LineReader& reader, const Keywords& keywords,
+                          const ModuleEntry& entry) {
+  return reader.reads_as_program() && entry.kind == EntryValueKind::MultiLine &&
+         keywords.may_be_misspelt(reader.line(), entry);
+}
+
 void gather_lines(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
-  while (!at_stop(reader, keywords)) {
+  while (!at_stop(reader, keywords) && !is_swallowed_keyword(reader, keywords, entry)) {
     take_value(reader, entry);
   }
 }
@@ -89,7 +98,7 @@ void gather_counted_rows(LineReader& reader, const Keywords& keywords, ModuleEnt
 
 void gather_block(LineReader& reader, ModuleEntry& entry) {
   entry.terminated = false;
-  while (!reader.at_end()) {
+  while (!reader.at_end() && !reader.at_break()) {
     if (is_terminator(reader.line(), entry)) {
       entry.terminated = true;
       reader.skip(LineRole::BlockEnd);

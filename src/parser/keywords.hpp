@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "kelp/input/bdf/document.hpp"
 #include "schema/lookup.hpp"
 #include "source/lines.hpp"
 
@@ -20,6 +21,9 @@ class Keywords {
     return !word.empty() &&
            (find_entry_spec(module_, word) != nullptr || find_child_spec(block_, word) != nullptr);
   }
+  /// Tells whether a line is one word that is nearly such a keyword, and none of the values that
+  /// the schema names for an entry.
+  bool may_be_misspelt(std::string_view line, const ModuleEntry& entry) const;
   /// Tells whether a line closes the nested block that the keywords are those of.
   bool end(std::string_view line) const {
     return block_ != nullptr && !is_blank(line) && is_same_line(line, block_->terminator);

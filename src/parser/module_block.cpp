@@ -7,6 +7,7 @@
 #include "model/from_schema.hpp"
 #include "parser/gather.hpp"
 #include "parser/keywords.hpp"
+#include "parser/mending.hpp"
 #include "parser/nested_block.hpp"
 #include "schema/lookup.hpp"
 
@@ -35,10 +36,12 @@ class ModuleBody {
         index_(index),
         spec_(find_module_spec(SchemaAccess::impl(schema), module.name)),
         keywords_(spec_),
-        options_(options) {}
+        options_(options) {
+    mend_module(reader, spec_, schema);
+  }
 
   void read() {
-    while (!reader_.at_end()) {
+    while (!reader_.at_end() && !leaves_early()) {
       if (is_module_end(reader_.line())) {
         module_.terminated = true;
         reader_.begin_record(RecordId::of_module(index_));
@@ -53,6 +56,9 @@ class ModuleBody {
   }
 
  private:
+  // A break that a block stopped at is of that block.
+  bool leaves_early() const { return reader_.at_break() && !keywords_.start(reader_.line()); }
+
   void read_entry() {
     const std::string_view line = reader_.line();
     reader_.begin_record(RecordId::of_entry(index_, module_.entries.size()));

@@ -35,7 +35,7 @@ void gather_children(LineReader& reader, const EntrySpec* block, const ParseOpti
   const bool has_terminator = !entry.terminator.empty();
   const RecordId own = reader.record();
   entry.terminated = false;
-  while (!reader.at_end()) {
+  while (!reader.at_end() && !reader.at_break()) {
     const std::string_view line = reader.line();
     if (has_terminator && is_terminator(line, entry)) {
       entry.terminated = true;

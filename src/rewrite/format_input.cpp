@@ -25,7 +25,8 @@ class Layout {
   std::vector<TextEdit> run() {
     for (std::size_t number = 1; number <= source_.line_count(); ++number) {
       const LineInfo info = input_.line(number);
-      if (!lay_out_blank(number, info)) {
+      // A line that is misspelt is kept as it is, until somebody says that it be mended.
+      if (!input_.is_misspelt_border(number) && !lay_out_blank(number, info)) {
         lay_out(number, info);
       }
     }

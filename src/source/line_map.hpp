@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <deque>
+#include <string>
 #include <vector>
 
 #include "kelp/input/bdf/record.hpp"
@@ -15,6 +18,13 @@ struct TokenPiece {
   TextRange range;             ///< where it stands in the input
 };
 
+/// A line that is read as another one.
+struct AmendedLine {
+  std::size_t line = 0;  ///< its number
+  BorderFault fault = BorderFault::MisspeltEnd;
+  std::string text;  ///< what it was meant to be
+};
+
 /// What the parser tells of the lines that it moves over. Nothing has to be guessed afterwards from
 /// the document or from the text.
 struct LineMap {
@@ -22,6 +32,18 @@ struct LineMap {
   std::vector<std::size_t> last_line;      ///< of each module, by its index
   std::vector<TokenPiece> pieces;          ///< in the order of the text
   std::vector<std::size_t> inline_values;  ///< numbers of keyword lines that hold the value, too
+  /// In the order of the text. The texts never move: the parser has views of them.
+  std::deque<AmendedLine> amended;
+  /// Numbers of lines before which a block that has no end is left, in the order of the text.
+  std::vector<std::size_t> breaks;
+
+  /// Returns what a line is read as instead of what it says; null for most lines.
+  const std::string* amended_text(std::size_t line) const {
+    const auto found = std::lower_bound(
+        amended.begin(), amended.end(), line,
+        [](const AmendedLine& it, std::size_t wanted) { return it.line < wanted; });
+    return found == amended.end() || found->line != line ? nullptr : &found->text;
+  }
 };
 
 }  // namespace kelp::input::bdf

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "source/line_map.hpp"
@@ -34,7 +36,11 @@ class LineReader {
       return {};
     }
     const std::string_view whole = (*lines_)[index_ + distance];
-    return reading_ == Reading::Literal ? whole : without_comment(whole);
+    if (reading_ == Reading::Literal) {
+      return whole;
+    }
+    const std::string* const amended = map_->amended_text(index_ + distance + 1);
+    return amended == nullptr ? without_comment(whole) : *amended;
   }
   std::size_t lines_left() const { return lines_->size() - index_; }
   /// Returns the current line's location.
@@ -48,6 +54,18 @@ class LineReader {
   }
   /// Moves past the current line.
   void skip(LineRole role) { take(role); }
+
+  /// Reads a line further on as another one, which no line behind it has been yet.
+  void amend(std::size_t distance, BorderFault fault, std::string_view text) {
+    map_->amended.push_back({index_ + distance + 1, fault, std::string(text)});
+  }
+  /// Has a block that has no end be left before a line further on.
+  void break_before(std::size_t distance) { map_->breaks.push_back(index_ + distance + 1); }
+  /// Tells whether a block is left before the current line, or one further on.
+  bool at_break(std::size_t distance = 0) const {
+    return map_ != nullptr &&
+           std::binary_search(map_->breaks.begin(), map_->breaks.end(), index_ + distance + 1);
+  }
 
   bool reads_as_program() const { return reading_ == Reading::AsByProgram; }
   /// Sets the record that the lines taken from now on belong to.

@@ -86,8 +86,9 @@ const Row header_rows[] = {
     {"a geometry without end",
      "#! job\nHF/sto-3g\nGeometry\n H 0 0 0\n",
      {"error bdf.unterminated_geometry of geometry\n"
-      "3:1 'Geometry': begins here\n"
-      "help: add a line 'End Geometry' after the last atom\n"}},
+      "4:2 'H 0 0 0': 'End Geometry' is missing behind this\n"
+      "3:1 'Geometry' is related: begins here\n"
+      "help: add a line 'End Geometry' behind it\n"}},
     {"nothing", "", {"error bdf.empty_input\n"}},
     {"nothing but comments", "\n# c\n* d\n", {"error bdf.empty_input\n"}},
 };
@@ -109,9 +110,7 @@ const Row name_rows[] = {
      "$scf first try # c\nrhf\n$end\n",
      {"warning bdf.unknown_module of scf first try [scf first try]\n"
       "1:6 'first try': taken as part of the name\n"
-      "help: only '$scf' and a comment may stand on this line\n",
-      "warning bdf.unknown_entry of scf first try.rhf [scf first try] [rhf]\n"
-      "2:1 'rhf': not an entry of $scf first try\n"}},
+      "help: only '$scf' and a comment may stand on this line\n"}},
     {"a misspelt entry of a second module",
      "$scf\n$end\n$scf\n  ocupied#c\n$end\n",
      {"warning bdf.unknown_entry of scf#2.ocupied [scf] [ocupied]\n"
@@ -152,14 +151,16 @@ const Row structure_rows[] = {
     {"a module without end",
      "$scf\nrhf\n",
      {"error bdf.unterminated_module of scf [scf]\n"
-      "1:1 '$scf': begins here\n"
-      "help: add a line '$end' after its last entry\n"}},
+      "2:1 'rhf': '$end' is missing behind this\n"
+      "1:1 '$scf' is related: begins here\n"
+      "help: add a line '$end' behind it\n"}},
     {"a block without end",
      "$compass\nbasis-block\n H sto-3g\n$end\n",
      {"error bdf.unterminated_entry_block of compass.basis-block [compass.basis-block] [end "
       "basis]\n"
-      "2:1 'basis-block': begins here\n"
-      "help: add a line 'end basis' after its last line\n"}},
+      "3:2 'H sto-3g': 'end basis' is missing behind this\n"
+      "2:1 'basis-block' is related: begins here\n"
+      "help: add a line 'end basis' behind it\n"}},
     {"an entry that needs another one",
      "$scf\nalpha\n 5 0\n$end\n",
      {"error bdf.missing_required_entry of scf.alpha [scf] [alpha] [beta] []\n"
@@ -172,10 +173,7 @@ const Row structure_rows[] = {
      "$scf\nRHF\n  uhf\n$end\n",
      {"error bdf.conflicting_entries of scf.rhf [scf] [rhf] [uhf]\n"
       "2:1 'RHF': not beside line 3\n"
-      "3:3 'uhf' is related: conflicts with this\n",
-      "error bdf.conflicting_entries of scf.uhf [scf] [uhf] [rhf]\n"
-      "3:3 'uhf': not beside line 2\n"
-      "2:1 'RHF' is related: conflicts with this\n"}},
+      "3:3 'uhf' is related: conflicts with this\n"}},
     {"an entry given three times",
      "$scf\ncharge\n 0\nrhf\ncharge\n 1\ncharge\n 2\n$end\n",
      {"warning bdf.duplicate_entry of scf.charge [scf] [charge]\n"

@@ -1,5 +1,7 @@
 // Which findings there are, in which order, and how they are handed over.
 
+#include <tuple>
+
 #include "diagnose/diagnosing.hpp"
 
 namespace kelp::input::bdf {
@@ -12,21 +14,29 @@ constexpr std::string_view much_wrong =
     "charge\n$bdfopt\nscan\n 1\nneb-block\ncrud\ncrude\ncrude\nnimage\n 0\n$end\n$bdfopt\n$end\n"
     "$compass\nbasis-block\n";
 
-TEST(Diagnose, TellsWhatValidationDoesInItsWordsAndOrder) {
+using Told = std::tuple<std::string, std::string, bool>;
+
+TEST(Diagnose, TellsWhatValidationDoesInItsWords) {
   ValidationOptions options;
   options.report_unknown_modules = true;
   options.report_unknown_entries = true;
   const ParsedInput input = parse(much_wrong);
   const auto issues = schema_of_tests().validate(input.data(), options);
-  const auto diagnostics = diagnose(input);
-  ASSERT_EQ(diagnostics.size(), issues.size());
   EXPECT_GT(issues.size(), 14U);
-  for (std::size_t i = 0; i < issues.size(); ++i) {
-    EXPECT_EQ(diagnostics[i].code, issues[i].code);
-    EXPECT_EQ(diagnostics[i].message, issues[i].message);
-    EXPECT_EQ(diagnostics[i].severity == Severity::Error,
-              issues[i].severity == ValidationSeverity::Error);
+  std::vector<Told> expected;
+  for (const ValidationIssue& issue : issues) {
+    expected.emplace_back(issue.code, issue.message, issue.severity == ValidationSeverity::Error);
   }
+  // The one conflict is found from both of its ends.
+  std::erase_if(expected, [](const Told& told) {
+    return std::get<1>(told) == "BDF module entries 'scf.uhf' and 'scf.rhf' conflict.";
+  });
+  EXPECT_EQ(expected.size() + 1, issues.size());
+  std::vector<Told> told;
+  for (const Diagnostic& it : diagnose(input)) {
+    told.emplace_back(it.code, it.message, it.severity == Severity::Error);
+  }
+  EXPECT_THAT(told, ::testing::UnorderedElementsAreArray(expected));
 }
 
 TEST(Diagnose, FindsNothingWhereAllIsWell) {
@@ -69,7 +79,7 @@ TEST(Diagnose, NamesTheRecordAtFault) {
   const ParsedInput input = parse("$scf\nrhf\n$end\n$bdfopt\nneb-block\ncrude\ncrud\nend neb\n");
   std::vector<RecordId> records;
   diagnose(input, {}, [&](const Diagnostic& found) { records.push_back(found.record); });
-  EXPECT_EQ(records, (std::vector<RecordId>{RecordId::of_module(1), RecordId::of_child(1, 0, 1)}));
+  EXPECT_EQ(records, (std::vector<RecordId>{RecordId::of_child(1, 0, 1), RecordId::of_module(1)}));
 }
 
 TEST(Diagnose, HandsOverOneByOneWhatItReturnsTogether) {

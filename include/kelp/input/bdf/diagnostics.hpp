@@ -77,14 +77,16 @@ struct SeverityRule {
 
 /// What to look for.
 struct DiagnoseOptions {
-<<<<<<< HEAD
-  UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries and nested entries
+  UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries, nested entries, header words
   std::vector<SeverityRule> rules = {};       ///< of several about one code the last counts
 };
 
-/// Returns everything that is to be said about an input, in the order in which
-/// `InputSchema::validate` finds it. Comments and blank lines within modules, which that reports as
-/// unknown entries, are left out; an input that holds nothing else has the one finding
+/// Returns everything that is to be said about an input, in the order of its text: what
+/// `InputSchema::validate` finds; lines that bound a part of the input and are misspelt (`frame.*`);
+/// misspelt, cut and repeated words of the header and misspelt names among values (`header.*`,
+/// `names.*`); lines of geometries that are no atoms (`geometry.*`). What only follows from another
+/// finding is left out, and so are comments and blank lines within modules, which the validation
+/// reports as unknown entries. An input that holds nothing else has the one finding
 /// `bdf.empty_input`. Safe to call from any number of threads. Only a failed allocation throws.
 ///
 /// What a comment of the input allows is left out, whatever the rules say; patterns are those of
@@ -97,22 +99,11 @@ struct DiagnoseOptions {
 ///
 /// Such a comment that is wrong or that nothing needs is a finding of its own (`comment.*`), behind
 /// all others.
-=======
-  UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries, nested entries, header words
-};
-
-/// Returns everything that is to be said about an input: what `InputSchema::validate` finds, in its
-/// order; then misspelt, cut and repeated words of the header, misspelt names among values, and
-/// lines of geometries that are no atoms. Comments and blank lines within modules, which the
-/// validation reports as unknown entries, are left out, and so is a missing specification that is
-/// there, cut by a blank; an input that holds nothing else has the one finding `bdf.empty_input`.
-/// Safe to call from any number of threads. Only a failed allocation throws.
->>>>>>> 651da16 (Take the severities of slips from the table of texts, and write down what is found)
 KELP_BDF_INP_EXPORT std::vector<Diagnostic> diagnose(const ParsedInput& input,
                                                      const DiagnoseOptions& options = {});
 
-/// The same, one by one as they are found: an input can have more of them than fit into memory.
-/// What `use` throws is passed on.
+/// The same, one by one: an input can have more of them than fit into memory. They are put in order
+/// by ten thousand at a time, in the order in which they are found. What `use` throws is passed on.
 KELP_BDF_INP_EXPORT void diagnose(const ParsedInput& input, const DiagnoseOptions& options,
                                   const std::function<void(const Diagnostic&)>& use);
 

@@ -37,8 +37,9 @@ struct SpecificationRanges {
 /// kept and has a role, whatever the schema knows.
 ///
 /// Immutable. Copies share their contents, and any number of threads may ask one. Problems of the
-/// input are no errors here; `diagnose` tells them. References returned live as long as this object
-/// or a copy.
+/// input are no errors here; `diagnose` tells them. Where a line that bounds a part of the input is
+/// misspelt but can mean one thing only, the rest is read as if it were right. References returned
+/// live as long as this object or a copy.
 class KELP_BDF_INP_EXPORT ParsedInput {
  public:
   /// Reads a text. Only a failed allocation throws.
@@ -95,6 +96,11 @@ class KELP_BDF_INP_EXPORT ParsedInput {
   /// Returns the range of the comment behind what a line says, from its `#` on; empty when there is
   /// none, or when the line is of a role in which `#` begins no comment.
   TextRange comment_range(std::size_t number) const;
+
+  /// Returns the lines that are read as what they were meant to be, in the order of the text.
+  const std::vector<MisspeltBorder>& misspelt_borders() const;
+  /// Tells whether a line, by its number, is one of those.
+  bool is_misspelt_border(std::size_t number) const;
 
   /// Returns the ranges of a header token by its index.
   TokenRanges token_ranges(std::size_t token) const;

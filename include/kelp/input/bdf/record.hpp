@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/export.hpp"
@@ -92,6 +93,24 @@ struct LineInfo {
   /// The record; of a header line its first token. None for a blank line, a comment or the script
   /// line before the body.
   RecordId record;
+};
+
+/// What is wrong about a line that bounds a part of the input.
+enum class BorderFault : std::int32_t {
+  MisspeltEnd = 0,         ///< meant to be the `$end` of a module: `$edn`, `end`
+  MisspeltTerminator = 1,  ///< meant to close a block or the geometry: `End Geom`
+  MisspeltGeometry = 2,    ///< meant to open a geometry: `Gemoetry`
+  MisspeltBlock = 3,       ///< meant to open another block of a module
+  MissingDollar = 4,       ///< meant to be a module's header: `scf`
+  WideDollar = 5,          ///< a header or an end with another sign for a dollar
+};
+
+/// A line that is not written right but can mean one thing only, and is read as that.
+struct MisspeltBorder {
+  std::size_t line = 0;                          ///< its number
+  BorderFault fault = BorderFault::MisspeltEnd;  ///< what is wrong about it
+  std::string meant;                             ///< what it is read as, and what should be written
+  RecordId record;                               ///< the module, entry or geometry that it bounds
 };
 
 /// Returns the module that a record is or stands in, or null. The pointer lives as long as the

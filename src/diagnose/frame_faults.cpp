@@ -1,0 +1,233 @@
+// What bounds the parts of an input, and what stands around them. The reading has told which line
+// was meant as which border, so that nothing has to be looked for.
+
+#include "diagnose/frame_faults.hpp"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "kelp/core/text.hpp"
+#include "kelp/core/unicode.hpp"
+#include "kelp/input/bdf/explain.hpp"
+#include "source/lines.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+struct BorderText {
+  std::string_view code;
+  std::string_view message;  ///< {0} stands for the line, {1} for what was meant
+};
+
+BorderText text_of(BorderFault fault) {
+  switch (fault) {
+    case BorderFault::MisspeltEnd:
+      return {"frame.misspelt_end", "'{0}' is read as '{1}': it ends the module, misspelt."};
+    case BorderFault::MisspeltTerminator:
+      return {"frame.misspelt_terminator", "'{0}' is read as '{1}': it ends the block, misspelt."};
+    case BorderFault::MisspeltGeometry:
+      return {"frame.misspelt_geometry", "'{0}' is read as '{1}': it opens the atoms, misspelt."};
+    case BorderFault::MisspeltBlock:
+      return {"frame.misspelt_block", "'{0}' is read as '{1}': it opens a block, misspelt."};
+    case BorderFault::MissingDollar:
+      return {"frame.missing_dollar", "'{0}' is read as '{1}': the header lacks its dollar sign."};
+    case BorderFault::WideDollar:
+      return {"frame.wide_dollar", "'{0}' is read as '{1}': its sign is no dollar sign."};
+  }
+  return {};
+}
+
+std::string filled(std::string_view message, std::string_view line, std::string_view meant) {
+  std::string text;
+  for (std::size_t at = 0; at < message.size(); ++at) {
+    if (message[at] != '{') {
+      text += message[at];
+      continue;
+    }
+    text += message[at + 1] == '0' ? line : meant;
+    at += 2;
+  }
+  return text;
+}
+
+Diagnostic finding(std::string_view code, std::string message) {
+  Diagnostic diagnostic;
+  diagnostic.code = code;
+  diagnostic.severity = find_finding_text(code)->severity;
+  diagnostic.message = std::move(message);
+  return diagnostic;
+}
+
+TextRange statement_on(const ParsedInput& input, std::size_t line) {
+  const SourceText& source = input.source();
+  return source.trimmed({source.content(line).begin, input.comment_range(line).begin});
+}
+
+Diagnostic misspelt_border(const MisspeltBorder& border, DiagnoseContext& context) {
+  const ParsedInput& input = context.input;
+  const BorderText text = text_of(border.fault);
+  const TextRange range = statement_on(input, border.line);
+  const std::string line = core::unicode::abridged(input.source().text_of(range));
+  Diagnostic diagnostic = finding(text.code, filled(text.message, line, border.meant));
+  diagnostic.arguments = {line, border.meant};
+  diagnostic.range = range;
+  diagnostic.label = "meant to be '" + border.meant + "'?";
+  diagnostic.record = border.record;
+  diagnostic.path = context.paths.path_of(border.record);
+  if (input.first_line(border.record) != border.line) {
+    diagnostic.related.push_back({input.keyword_range(border.record), "begins here"});
+  }
+  diagnostic.help = {"did you mean '" + border.meant + "'?"};
+  diagnostic.suggestions = {border.meant};
+  Fix fix;
+  fix.title = "write '" + border.meant + "'";
+  fix.edits = {{range, border.meant}};
+  fix.is_safe = true;
+  diagnostic.fixes.push_back(std::move(fix));
+  return diagnostic;
+}
+
+Diagnostic stray_end(const ParsedInput& input, std::size_t line) {
+  Diagnostic diagnostic =
+      finding("frame.stray_end", "'$end' stands behind no module and ends nothing.");
+  diagnostic.range = statement_on(input, line);
+  diagnostic.label = "ends nothing";
+  diagnostic.record = input.line(line).record;
+  diagnostic.help = {"remove the line, or write the header of the module that it is to end"};
+  return diagnostic;
+}
+
+bool is_shell_name(std::string_view path) {
+  constexpr std::array<std::string_view, 9> names = {"sh",  "bash", "csh",    "tcsh", "zsh",
+                                                     "ksh", "dash", "python", "perl"};
+  path.remove_prefix(std::min(path.rfind('/') + 1, path.size()));
+  while (!path.empty() && path.back() >= '.' && path.back() <= '9') {
+    path.remove_suffix(1);  // python3
+  }
+  return std::find(names.begin(), names.end(), path) != names.end();
+}
+
+// "#!/bin/bash -l", "#!/usr/bin/env bash"
+bool names_shell(std::string_view line) {
+  std::string_view rest = core::text::trim_view(line);
+  if (!is_script_line(rest)) {
+    return false;
+  }
+  rest.remove_prefix(2);
+  std::string_view path = core::text::take_word(rest);
+  if (!path.starts_with('/')) {
+    return false;
+  }
+  if (path.ends_with("/env")) {
+    path = core::text::take_word(rest);
+  }
+  return is_shell_name(path);
+}
+
+bool is_job_option(std::string_view line) {
+  const std::string_view text = core::text::trim_view(line);
+  return text.starts_with("#SBATCH ") || text.starts_with("#PBS ") || text.starts_with("#BSUB ") ||
+         text.starts_with("#$ ");
+}
+
+bool is_shell_command(std::string_view line) {
+  constexpr std::array<std::string_view, 16> commands = {
+      "export", "module", "source", "cd",     "cat", "set", "setenv", "ulimit",
+      "bdf.py", "srun",   "mpirun", "sbatch", "bdf", "cp",  "mkdir",  "echo"};
+  std::string_view rest = core::text::trim_view(line);
+  const std::string_view word = core::text::take_word(rest);
+  return !core::text::trim_view(rest).empty() &&
+         std::find(commands.begin(), commands.end(), word) != commands.end();
+}
+
+// The line that tells a script, among those before the first module or the geometry; 0 for none.
+std::size_t find_script_line(const ParsedInput& input) {
+  for (std::size_t number = 1; number <= input.source().line_count(); ++number) {
+    const std::string_view line = input.source().line(number);
+    switch (input.line(number).role) {
+      case LineRole::Blank:
+        break;
+      case LineRole::Comment:
+      case LineRole::ScriptLine:
+        if (names_shell(line) || is_job_option(line)) {
+          return number;
+        }
+        break;
+      case LineRole::Header:
+        if (is_shell_command(line)) {
+          return number;
+        }
+        break;
+      default:
+        return 0;
+    }
+  }
+  return 0;
+}
+
+bool has_method(const BDFData& data) {
+  return std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
+                     [](const EasyToken& token) { return token.category == "method_spec"; });
+}
+
+bool has_known_word(const BDFData& data) {
+  return std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
+                     [](const EasyToken& token) { return token.known; });
+}
+
+Diagnostic shell_script(const ParsedInput& input, std::size_t line) {
+  Diagnostic diagnostic =
+      finding("frame.shell_script", "The text is a shell script, not an input of BDF.");
+  diagnostic.range = input.source().content(line);
+  diagnostic.label = "for a shell";
+  diagnostic.help = {"keep the input in a file of its own, without the lines for the shell"};
+  return diagnostic;
+}
+
+Diagnostic stray_lines(const ParsedInput& input, std::size_t line) {
+  const std::string word = core::unicode::abridged(input.data().easy_tokens.front().text);
+  Diagnostic diagnostic =
+      finding("frame.stray_line",
+              "The input begins with '" + word + "', which is neither a header nor a module.");
+  diagnostic.arguments = {word};
+  diagnostic.range = statement_on(input, line);
+  diagnostic.label = "neither a method nor a module";
+  diagnostic.record = RecordId::of(RecordKind::EasyToken, 0);
+  diagnostic.help = {"remove what stands before the first module, or begin it with '#'"};
+  return diagnostic;
+}
+
+}  // namespace
+
+void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink) {
+  const ParsedInput& input = context.input;
+  for (const MisspeltBorder& border : input.misspelt_borders()) {
+    sink(misspelt_border(border, context));
+  }
+  for (const Statement& statement : input.data().statements) {
+    if (statement.kind == StatementKind::Raw && statement.location &&
+        is_module_end(without_comment(statement.lines.front()))) {
+      sink(stray_end(input, static_cast<std::size_t>(statement.location->line)));
+    }
+  }
+}
+
+std::optional<StrangeStart> find_strange_start(const ParsedInput& input) {
+  const BDFData& data = input.data();
+  if (data.mode == InputMode::Module || data.has_geometry || has_method(data)) {
+    return std::nullopt;
+  }
+  if (const std::size_t line = find_script_line(input); line != 0) {
+    return StrangeStart{shell_script(input, line), true};
+  }
+  const std::size_t first = input.first_line(RecordId::of(RecordKind::EasyToken, 0));
+  if (first == 0 || data.modules.empty() || has_known_word(data)) {
+    return std::nullopt;
+  }
+  return StrangeStart{stray_lines(input, first), false};
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,66 @@
+#include <array>
+
+#include "explain/finding_tables.hpp"
+
+namespace kelp::input::bdf {
+
+namespace {
+
+constexpr auto error = Severity::Error;
+
+constexpr auto texts = std::to_array<FindingText>({
+    {"frame.misspelt_end",
+     "A line that can only be the end of a module is not written '$end'. The rest of the input is "
+     "read as if it were; BDF does not read it so.",
+     "A slip: '$edn', '$ end', or 'end' without its dollar sign.", "Write '$end'.",
+     "$scf\nrhf\n$edn\n", "$scf\nrhf\n$end\n", error},
+    {"frame.misspelt_terminator",
+     "A line that can only be the end of a block or of the geometry is not written as it must be. "
+     "The rest of the input is read as if it were; BDF does not read it so.",
+     "A slip or a shorter form: 'End Geom', 'EndGeometry' and 'end' do not count.",
+     "Write the line that the message names.", "$compass\ngeometry\n  Ne 0 0 0\nend geom\n$end\n",
+     "$compass\ngeometry\n  Ne 0 0 0\nend geometry\n$end\n", error},
+    {"frame.misspelt_geometry",
+     "The line that opens the atoms is misspelt. They are read as if it were right; BDF does not "
+     "find them.",
+     "A slip in 'Geometry'.", "Write 'Geometry'.",
+     "#! neon\nhf/sto-3g\nGemoetry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
+    {"frame.misspelt_block",
+     "The keyword that opens a block is misspelt: the line that ends the block stands behind it. "
+     "The block is read as if it were right.",
+     "A slip in the keyword.", "Write the keyword that the message names.",
+     "$compass\nbasis-blcok\n  Ne sto-3g\nend basis\n$end\n",
+     "$compass\nbasis-block\n  Ne sto-3g\nend basis\n$end\n", error},
+    {"frame.missing_dollar",
+     "The name of a module stands alone on a line, and its entries or its end follow, but it lacks "
+     "the dollar sign that makes it a header.",
+     "The sign was forgotten.", "Write '$' before the name.", "scf\nrhf\n$end\n",
+     "$scf\nrhf\n$end\n", error},
+    {"frame.wide_dollar",
+     "A sign that looks like a dollar sign stands before a module's name or 'end': a full-width "
+     "one, of another code.",
+     "It was typed with an input method for Chinese or Japanese, or copied from a formatted page.",
+     "Type '$' as plain ASCII.", "\xEF\xBC\x84scf\nrhf\n$end\n", "$scf\nrhf\n$end\n", error},
+    {"frame.stray_end", "A line '$end' stands outside the modules.",
+     "The line stands there twice, or the header of its module is missing.",
+     "Remove it, or write the header.", "$scf\nrhf\n$end\n$end\n", "$scf\nrhf\n$end\n"},
+    {"frame.stray_line",
+     "Words stand before the first module that are neither a header nor a module, and no method "
+     "and no geometry follow them.",
+     "A title, output or a command was left at the top of the file.",
+     "Remove the lines, or begin them with '#'.", "water in vacuum\n$scf\nrhf\n$end\n",
+     "# water in vacuum\n$scf\nrhf\n$end\n", error},
+    {"frame.shell_script", "The text is a script for a shell, perhaps with an input inside.",
+     "The job script was given in place of the input that it runs.",
+     "Give the input itself; where the script holds it, put it in a file of its own.",
+     "#!/bin/bash\nbdf water.inp\n", "$scf\nrhf\n$end\n", error},
+});
+
+}  // namespace
+
+std::span<const FindingText> frame_finding_texts() {
+  return texts;
+}
+
+}  // namespace kelp::input::bdf

@@ -1,0 +1,93 @@
+#include "parser/border_words.hpp"
+
+#include <algorithm>
+
+#include "kelp/core/spelling.hpp"
+#include "kelp/core/text.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+constexpr std::string_view end_word = "end";
+
+bool is_letter(char byte) {
+  return core::text::to_lower(byte) >= 'a' && core::text::to_lower(byte) <= 'z';
+}
+
+// Returns a text without its blanks, in lower case. What is longer than any border stays empty.
+std::string letters_of(std::string_view text) {
+  if (text.size() > core::spelling::longest_word) {
+    return {};
+  }
+  std::string letters = core::text::to_lower(text);
+  std::erase_if(letters, core::text::is_space);
+  return letters;
+}
+
+bool is_near_end_word(std::string_view letters) {
+  return letters.size() >= 2 && core::spelling::slips_between(letters, end_word, 1) <= 1;
+}
+
+}  // namespace
+
+std::optional<std::string_view> behind_wide_dollar(std::string_view line) {
+  const std::string_view text = core::text::trim_view(line);
+  for (const std::string_view sign : {"\xEF\xBC\x84", "\xEF\xB9\xA9"}) {
+    if (text.starts_with(sign)) {
+      return core::text::trim_view(text.substr(sign.size()));
+    }
+  }
+  return std::nullopt;
+}
+
+bool is_near_module_end(std::string_view line) {
+  const std::string letters = letters_of(line);
+  return letters.starts_with('$') && is_near_end_word(std::string_view(letters).substr(1));
+}
+
+bool is_end_without_dollar(std::string_view line) {
+  const std::string letters = letters_of(line);
+  std::string_view word = letters;
+  // What ends a database is not meant, nor is a command of the shell.
+  if (!word.empty() && !is_letter(word.front()) && word.front() != '&' && word.front() != '%') {
+    word.remove_prefix(1);
+  }
+  if (!word.empty() && !is_letter(word.back())) {
+    word.remove_suffix(1);
+  }
+  return word == end_word;
+}
+
+bool is_near_end_without_dollar(std::string_view line) {
+  const std::string letters = letters_of(line);
+  return is_near_end_word(letters) && std::all_of(letters.begin(), letters.end(), is_letter);
+}
+
+bool is_near_terminator(std::string_view line, std::string_view terminator,
+                        std::string_view keyword) {
+  const std::string written = letters_of(line);
+  const std::string wanted = letters_of(terminator);
+  if (written.size() < end_word.size() || wanted.empty()) {
+    return false;
+  }
+  const bool is_cut_off = wanted.starts_with(written) && written.starts_with(end_word);
+  const bool goes_on = written.starts_with(wanted);
+  const bool names_keyword = written == std::string(end_word) + letters_of(keyword);
+  return is_cut_off || goes_on || names_keyword || is_end_without_dollar(line) ||
+         core::spelling::slips_if_near(written, wanted).has_value();
+}
+
+bool is_near_geometry_start(std::string_view line) {
+  constexpr std::string_view wanted = "geometry";
+  constexpr std::size_t least = 4;
+  const std::string written = letters_of(line);
+  return written.size() >= least && (wanted.starts_with(written) ||
+                                     core::spelling::slips_if_near(written, wanted).has_value());
+}
+
+bool is_one_word(std::string_view line) {
+  const std::string_view text = core::text::trim_view(line);
+  return !text.empty() && std::none_of(text.begin(), text.end(), core::text::is_space);
+}
+
+}  // namespace kelp::input::bdf
