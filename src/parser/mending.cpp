@@ -184,7 +184,9 @@ class ModuleScan {
           read_atom_line(text).is_atom()) {
         continue;
       }
-      if (find_entry_spec(spec_, first_word(text)) != nullptr) {
+      // A second opening is a line of the block, as it is of one that has its end.
+      const EntrySpec* const other = find_entry_spec(spec_, first_word(text));
+      if (other != nullptr && other->terminator != block.terminator) {
         reader_.break_before(at);
         return at;
       }
