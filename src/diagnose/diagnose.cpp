@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "advice/advice.hpp"
 #include "diagnose/consequences.hpp"
 #include "diagnose/draft.hpp"
 #include "diagnose/finders.hpp"
@@ -171,6 +172,9 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
   find_header_words(context, options, add);
   find_module_names(context, options, add);
   find_atom_lines(context, add);
+  if (options.advice) {
+    advise(input, options.folder ? &*options.folder : nullptr, add);
+  }
   in_order.finish();
 }
 

@@ -36,11 +36,14 @@ bool looks_like_input(const BDFData& data) {
 // The errors of the new text that the old one did not have. Lines move, so that they are told by
 // what they say.
 void add_new_errors(const ParsedInput& before, const ParsedInput& after, Rewrite& rewrite) {
+  // Charge and multiplicity fit each other only after both were set, one after the other.
+  DiagnoseOptions options;
+  options.advice = false;
   std::map<std::pair<std::string, std::string>, std::size_t> known;
-  diagnose(before, {}, [&](const Diagnostic& diagnostic) {
+  diagnose(before, options, [&](const Diagnostic& diagnostic) {
     ++known[{diagnostic.code, diagnostic.message}];
   });
-  diagnose(after, {}, [&](const Diagnostic& diagnostic) {
+  diagnose(after, options, [&](const Diagnostic& diagnostic) {
     if (diagnostic.severity != Severity::Error) {
       return;
     }

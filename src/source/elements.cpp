@@ -24,17 +24,49 @@ bool is_letter(char byte) {
   return lower >= 'a' && lower <= 'z';
 }
 
+constexpr std::size_t letters = 26;
+
+// The atomic numbers by first and second letter, the latter counted from 1: a geometry of many
+// atoms asks for each of its lines.
+constexpr std::array<unsigned char, letters*(letters + 1)> numbers_by_letters() {
+  std::array<unsigned char, letters*(letters + 1)> numbers = {};
+  for (std::size_t i = 0; i < symbols.size(); ++i) {
+    const std::string_view symbol = symbols[i];
+    const auto first = static_cast<std::size_t>(symbol[0] - 'A');
+    const auto second = symbol.size() == 1 ? 0 : static_cast<std::size_t>(symbol[1] - 'a') + 1;
+    numbers[first * (letters + 1) + second] = static_cast<unsigned char>(i + 1);
+  }
+  return numbers;
+}
+
 }  // namespace
 
 std::span<const std::string_view> element_symbols() {
   return symbols;
 }
 
+int atomic_number(std::string_view symbol) {
+  static constexpr auto numbers = numbers_by_letters();
+  const bool can_be = (symbol.size() == 1 || symbol.size() == 2) && is_letter(symbol.front()) &&
+                      is_letter(symbol.back());
+  if (!can_be) {
+    return 0;
+  }
+  const auto index = [](char byte) {
+    return static_cast<std::size_t>(core::text::to_lower(byte) - 'a');
+  };
+  return numbers[index(symbol[0]) * (letters + 1) +
+                 (symbol.size() == 1 ? 0 : index(symbol[1]) + 1)];
+}
+
+std::string_view symbol_of(int number) {
+  return number < 1 || number > static_cast<int>(symbols.size())
+             ? std::string_view()
+             : symbols[static_cast<std::size_t>(number) - 1];
+}
+
 std::string_view find_element(std::string_view text) {
-  const auto* const found = std::find_if(
-      symbols.begin(), symbols.end(),
-      [&](std::string_view symbol) { return core::text::equals_ignoring_case(symbol, text); });
-  return found == symbols.end() ? std::string_view() : *found;
+  return symbol_of(atomic_number(text));
 }
 
 std::string_view letters_of_label(std::string_view label) {

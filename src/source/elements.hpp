@@ -13,6 +13,12 @@ std::span<const std::string_view> element_symbols();
 /// lives for ever.
 std::string_view find_element(std::string_view text);
 
+/// Returns the atomic number of a symbol, in any case; 0 when it is none.
+int atomic_number(std::string_view symbol);
+
+/// Returns the symbol of an element; empty for a number that is none. The view lives for ever.
+std::string_view symbol_of(int number);
+
 /// Returns the ASCII letters that a label begins with: `H` of `H12`, `Cl` of `Cl-`.
 std::string_view letters_of_label(std::string_view label);
 

@@ -19,12 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Every dotted code in quotes in the sources of a folder.
+// Every dotted code in quotes in the sources of a folder, and those in tables of rules.
 std::set<std::string> codes_in(const fs::path& folder) {
   static const std::regex code(
       "\"((bdf|comment|frame|header|names|geometry|advice|symmetry|basis|electrons|guess|"
       "functional|solvent|tddft|soc|resp|optimisation|sequence|fragments|knowledge|schema)"
-      "\\.[a-z]+_[a-z0-9_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\"");
+      "\\.[a-z]+_[a-z0-9_]+|schema\\.(unreadable|redundant)|text\\.[a-z_]+)\""
+      "|\\{\"([a-z]+\\.[a-z0-9_]+)\",\\s*(Severity|check_)");
   std::set<std::string> codes;
   for (const auto& item : fs::recursive_directory_iterator(folder)) {
     if (item.path().extension() != ".cpp" ||
@@ -33,7 +34,7 @@ std::set<std::string> codes_in(const fs::path& folder) {
     }
     const std::string text = test::file_bytes(item.path());
     for (std::sregex_iterator found(text.begin(), text.end(), code), end; found != end; ++found) {
-      codes.insert((*found)[1]);
+      codes.insert((*found)[(*found)[1].matched ? 1 : 3]);
     }
   }
   return codes;

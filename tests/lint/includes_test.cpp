@@ -78,7 +78,7 @@ const Rule public_headers_are_self_sufficient =
 const Rule only_readers_of_schemas_know_yaml =
     includes_must_be([](const SourceFile& file, const Include& include) {
       return !include.name.starts_with("yaml-cpp/") ||
-             starts_with_any(file.path, {"src/schema/", "src/schema_lint/"});
+             starts_with_any(file.path, {"src/schema/", "src/knowledge/", "src/schema_lint/"});
     });
 
 // Third-party headers other than these, and all of the system's, are somebody's decision.
@@ -110,6 +110,7 @@ struct Room {
 const std::vector<Room>& rooms() {
   static const std::vector<Room> all = {
       {"schema", {"meaning.hpp", "schema.hpp"}, {}},
+      {"knowledge", {}, {"schema"}},
       {"model", {}, {"schema"}},
       {"source", {"source.hpp"}, {}},
       {"validate", {}, {"model"}},
@@ -122,7 +123,8 @@ const std::vector<Room>& rooms() {
       {"path", {"value_path.hpp"}, {"input", "explain"}},
       {"molecule", {"molecule.hpp"}, {"path"}},
       {"outline", {"outline.hpp"}, {"path", "molecule"}},
-      {"diagnose", {"diagnostics.hpp"}, {"validate", "path"}},
+      {"advice", {"diagnostics.hpp"}, {"input", "path", "molecule", "knowledge"}},
+      {"diagnose", {"diagnostics.hpp"}, {"validate", "path", "advice"}},
       {"rewrite", {"rewrite.hpp"}, {"editor", "render", "path", "molecule", "diagnose"}},
   };
   return all;
@@ -270,6 +272,7 @@ TEST(IncludeRules, FindWhatTheyForbid) {
       {only_readers_of_schemas_know_yaml, "src/model/a.cpp", "<yaml-cpp/yaml.h>", false},
       {only_readers_of_schemas_know_yaml, "src/schema/a.cpp", "<yaml-cpp/yaml.h>", true},
       {only_readers_of_schemas_know_yaml, "src/schema_lint/a.cpp", "<yaml-cpp/yaml.h>", true},
+      {only_readers_of_schemas_know_yaml, "src/knowledge/a.cpp", "<yaml-cpp/yaml.h>", true},
       {only_readers_of_schemas_know_yaml, "src/explain/a.cpp", "<yaml-cpp/yaml.h>", false},
       {only_the_core_knows_the_system, "src/model/a.cpp", "<unistd.h>", false},
       {only_the_core_knows_the_system, "core/src/fs.cpp", "<windows.h>", false},
@@ -285,6 +288,8 @@ TEST(IncludeRules, FindWhatTheyForbid) {
       {arrows_point_downwards, "src/schema/a.cpp", "\"schema_lint/problems.hpp\"", false},
       {arrows_point_downwards, "src/schema_lint/a.cpp", "\"validate/value_check.hpp\"", true},
       {arrows_point_downwards, "src/schema_lint/a.cpp", "\"explain/layout.hpp\"", false},
+      {arrows_point_downwards, "src/advice/a.cpp", "\"source/elements.hpp\"", true},
+      {arrows_point_downwards, "src/advice/a.cpp", "\"diagnose/draft.hpp\"", false},
       {arrows_point_downwards, "src/explain/a.cpp", "\"schema/lookup.hpp\"", true},
       {arrows_point_downwards, "src/explain/a.cpp", "\"kelp/input/bdf/parser.hpp\"", false},
       {the_core_knows_nothing_above_it, "core/src/a.cpp", "\"kelp/input/bdf.hpp\"", false},

@@ -31,7 +31,8 @@ expect_contents() {
     for file in bin/{kelp_bdf_inp.dll,kelp-bdf.exe} \
         bin/{libstdc++-6,libgcc_s_seh-1,libwinpthread-1}.dll lib/libkelp_bdf_inp.dll.a \
         include/kelp/input/bdf.hpp include/kelp/input/bdf/schema.hpp \
-        lib/cmake/kelp_bdf_inp/kelp_bdf_inp-config.cmake share/kelp/schemas/input/bdf.yaml; do
+        lib/cmake/kelp_bdf_inp/kelp_bdf_inp-config.cmake \
+        share/kelp/schemas/input/{bdf,bdf-knowledge}.yaml; do
         [[ -f $prefix/$file ]] || die "the package lacks $file"
     done
     # Paths of the build would be of no use to anybody, and tell where it was made.

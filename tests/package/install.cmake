@@ -19,7 +19,8 @@ foreach(wanted
     "lib.*/pkgconfig/kelp_bdf_inp\\.pc"
     "share/doc/kelp_bdf_inp/LICENSE"
     "share/doc/kelp_bdf_inp/examples/faulty\\.inp"
-    "share/kelp/schemas/input/bdf\\.yaml")
+    "share/kelp/schemas/input/bdf\\.yaml"
+    "share/kelp/schemas/input/bdf-knowledge\\.yaml")
   if(NOT "${listing}\n" MATCHES "${wanted}")
     message(SEND_ERROR "not installed: ${wanted}")
   endif()

@@ -59,7 +59,9 @@ std::vector<Found> findings_in(std::string_view text) {
   using input::bdf::Diagnostic;
   const input::bdf::ParsedInput input(std::string(text), input::bdf::shipped_schema());
   std::vector<Found> findings;
-  diagnose(input, {input::bdf::UnknownNames::Error}, [&](const Diagnostic& found) {
+  input::bdf::DiagnoseOptions options{input::bdf::UnknownNames::Error};
+  options.advice = false;
+  diagnose(input, options, [&](const Diagnostic& found) {
     const std::size_t line = found.range ? input.source().position(found.range->begin).line : 0;
     findings.push_back(
         {line, found.code, found.message, found.severity == input::bdf::Severity::Error});

@@ -33,7 +33,7 @@ struct Found {
   bool is_error = false;
 };
 
-/// Diagnoses a text with unknown names as errors.
+/// Diagnoses a text with unknown names as errors, without advice.
 std::vector<Found> findings_in(std::string_view text);
 
 /// Cuts a text into lines without their line ends.

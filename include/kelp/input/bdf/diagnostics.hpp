@@ -75,16 +75,25 @@ struct SeverityRule {
   SeverityAction action = SeverityAction::Allow;  ///< what becomes of their findings
 };
 
+/// What a host knows of the folder that an input lies in: some advice is about the files beside it.
+struct InputFolder {
+  std::string job_name;  ///< the input's file name without its ending: `a` of `a.inp`
+  std::function<bool(std::string_view name)> has_file;  ///< tells whether a file is there
+};
+
 /// What to look for.
 struct DiagnoseOptions {
   UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries, nested entries, header words
   std::vector<SeverityRule> rules = {};       ///< of several about one code the last counts
+  bool advice = true;  ///< also what makes no sense in a calculation: `electrons.spin_parity`
+  std::optional<InputFolder> folder = std::nullopt;  ///< unset: nothing is said of other files
 };
 
 /// Returns everything that is to be said about an input, in the order of its text: what
 /// `InputSchema::validate` finds; lines that bound a part of the input and are misspelt (`frame.*`);
 /// misspelt, cut and repeated words of the header and misspelt names among values (`header.*`,
-/// `names.*`); lines of geometries that are no atoms (`geometry.*`). What only follows from another
+/// `names.*`); lines of geometries that are no atoms (`geometry.*`); and advice on the calculation as a whole
+/// (`electrons.*` and other themes). What only follows from another
 /// finding is left out, and so are comments and blank lines within modules, which the validation
 /// reports as unknown entries. An input that holds nothing else has the one finding
 /// `bdf.empty_input`. Safe to call from any number of threads. Only a failed allocation throws.

@@ -1,0 +1,43 @@
+// Advice is what can be said of an input as a whole once it is read as a calculation. Each theme is
+// a table of rules; a rule looks at the one view that is made for all of them, and reports.
+
+#include "advice/advice.hpp"
+
+#include "advice/job.hpp"
+#include "advice/report.hpp"
+#include "advice/themes.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+// Rules compare modules with each other. No calculation has so many of them.
+bool is_calculation(const BDFData& data) {
+  constexpr std::size_t most = 1000;
+  return data.modules.size() <= most && data.easy_tokens.size() <= most;
+}
+
+}  // namespace
+
+std::vector<std::span<const Rule>> all_rules() {
+  return {electrons_rules()};
+}
+
+void advise(const ParsedInput& input, const InputFolder* folder,
+            const std::function<void(const Diagnostic&)>& use) {
+  if (!is_calculation(input.data())) {
+    return;
+  }
+  const Job job(input, folder);
+  Report report(job);
+  for (const std::span<const Rule> theme : all_rules()) {
+    for (const Rule& rule : theme) {
+      report.begin(rule);
+      rule.check(job, report);
+    }
+  }
+  for (const Diagnostic& diagnostic : report.take()) {
+    use(diagnostic);
+  }
+}
+
+}  // namespace kelp::input::bdf
