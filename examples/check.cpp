@@ -13,7 +13,9 @@ int main(int count, char** arguments) {
     std::ifstream file(arguments[i], std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     const bdf::ParsedInput input(text, bdf::default_schema());
-    bdf::diagnose(input, {}, [&](const bdf::Diagnostic& diagnostic) {
+    bdf::DiagnoseOptions options;
+    options.folder = bdf::input_folder_of(arguments[i]);
+    bdf::diagnose(input, options, [&](const bdf::Diagnostic& diagnostic) {
       std::cout << bdf::concise_text(diagnostic, input.source(), arguments[i]) << '\n';
     });
   }

@@ -72,6 +72,14 @@ bool is_regular_file_path(const std::string& path) {
   return path_kind(path) == PathKind::File;
 }
 
+std::string path_beside(const std::string& file, const std::string& name) {
+  return utf8_from_path(path_from_utf8(file).parent_path() / path_from_utf8(name));
+}
+
+std::string stem_of(const std::string& file) {
+  return utf8_from_path(path_from_utf8(file).stem());
+}
+
 std::string locate_file(const std::string& relative, const std::string& hint,
                         const std::vector<std::string>& extra, int limit) {
   stdfs::path wanted = path_from_utf8(relative);

@@ -19,7 +19,10 @@ bool is_calculation(const BDFData& data) {
 }  // namespace
 
 std::vector<std::span<const Rule>> all_rules() {
-  return {electrons_rules()};
+  return {
+      electrons_rules(),
+      guess_rules(),
+  };
 }
 
 void advise(const ParsedInput& input, const InputFolder* folder,

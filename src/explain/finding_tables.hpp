@@ -15,5 +15,6 @@ std::span<const FindingText> frame_finding_texts();
 std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
 std::span<const FindingText> electrons_finding_texts();
+std::span<const FindingText> guess_finding_texts();
 
 }  // namespace kelp::input::bdf

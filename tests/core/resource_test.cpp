@@ -43,5 +43,21 @@ TEST(IsRegularFilePath, RefusesAFileBelowAFile) {
   EXPECT_FALSE(is_regular_file_path(utf8(folder / "file") + "/"));
 }
 
+TEST(PathBeside, IsThatOfAFileInTheSameFolder) {
+  const TemporaryFolder folder;
+  test::write_file(folder / u8"Ä.scforb", "");
+  const std::string input = utf8(folder / "a.inp");
+  EXPECT_TRUE(is_regular_file_path(path_beside(input, "Ä.scforb")));
+  EXPECT_FALSE(is_regular_file_path(path_beside(input, "a.inp")));
+  EXPECT_EQ(path_beside("a.inp", "b.xyz"), "b.xyz");
+}
+
+TEST(StemOf, IsTheNameWithoutFolderAndEnding) {
+  EXPECT_EQ(stem_of("b/a.inp"), "a");
+  EXPECT_EQ(stem_of("a.b.inp"), "a.b");
+  EXPECT_EQ(stem_of("a"), "a");
+  EXPECT_EQ(stem_of(""), "");
+}
+
 }  // namespace
 }  // namespace kelp::core::resource

@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "diagnose/diagnosing.hpp"
+#include "support/files.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -141,6 +142,16 @@ TEST(Diagnose, FindsThePlacesOfManyFindingsOnALongLine) {
   EXPECT_EQ(column(0), 20U);
   EXPECT_EQ(column(1), 31U);
   EXPECT_EQ(column(2999), 33009U);
+}
+
+TEST(InputFolder, KnowsTheFilesBesideAnInput) {
+  const test::TemporaryFolder folder;
+  test::write_file(folder / "a.scforb", "");
+  const InputFolder beside = input_folder_of(test::utf8(folder / "a.inp"));
+  EXPECT_EQ(beside.job_name, "a");
+  EXPECT_TRUE(beside.has_file("a.scforb"));
+  EXPECT_FALSE(beside.has_file("a.inp"));
+  EXPECT_FALSE(beside.has_file(""));
 }
 
 }  // namespace

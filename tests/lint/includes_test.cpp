@@ -118,7 +118,7 @@ const std::vector<Room>& rooms() {
       {"render", {}, {"model"}},
       {"editor", {"editor.hpp"}, {"render", "validate"}},
       {"explain", {"explain.hpp", "names.hpp"}, {"schema", "validate"}},
-      {"schema_lint", {"schema_lint.hpp"}, {"schema", "validate"}},
+      {"schema_lint", {"schema_lint.hpp"}, {"schema", "validate", "knowledge"}},
       {"input", {"parsed_input.hpp"}, {"parser", "source"}},
       {"path", {"value_path.hpp"}, {"input", "explain"}},
       {"molecule", {"molecule.hpp"}, {"path"}},

@@ -107,11 +107,15 @@ class Check {
         throw std::runtime_error("standard input cannot be changed in place");
       }
       ParsedInput input(read_source(source), session_.schema());
+      wanted_.folder.reset();
+      if (source.path != "-") {
+        wanted_.folder = input::bdf::input_folder_of(source.path);
+      }
       if (options_.fix) {
         input = fixed(source, input);
       }
       ++totals_.files_checked;
-      totals_.files_with_findings += report_all(input, source.name) ? 1 : 0;
+      totals_.files_with_findings += report_all(input, source) ? 1 : 0;
     } catch (const std::exception& error) {
       fail(error.what());
     }
@@ -137,7 +141,7 @@ class Check {
   }
 
   // Findings are printed as they are made: there may be more of them than fit into memory.
-  bool report_all(const ParsedInput& input, const std::string& name) {
+  bool report_all(const ParsedInput& input, const Source& source) {
     bool found = false;
     diagnose(input, wanted_, [&](const Diagnostic& diagnostic) {
       count(diagnostic.severity);
@@ -145,7 +149,7 @@ class Check {
         ++totals_.not_shown;
       } else if (reports()) {
         ++shown_;
-        print(report_text(diagnostic, input.source(), name, form_));
+        print(report_text(diagnostic, input.source(), source.name, form_));
       }
       found = true;
     });

@@ -14,6 +14,13 @@ std::string getenv_string(const char* name);
 /// Tells whether a path names an existing regular file, following symbolic links.
 bool is_regular_file_path(const std::string& path);
 
+/// Returns the path of a file of that name in the folder of another file; the name may lead on into
+/// other folders.
+std::string path_beside(const std::string& file, const std::string& name);
+
+/// Returns a file's name without its folder and its last ending: `a` of `b/a.inp`.
+std::string stem_of(const std::string& file);
+
 /// Returns the full path of the first existing regular file found for `relative`, or an empty text.
 ///
 /// Searched are: the folder `hint` (or the folder of the file `hint`) unless it is empty, the

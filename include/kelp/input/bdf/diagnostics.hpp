@@ -81,6 +81,10 @@ struct InputFolder {
   std::function<bool(std::string_view name)> has_file;  ///< tells whether a file is there
 };
 
+/// Returns what there is to know of the folder of an input, given by its UTF-8 path, which need not
+/// lead to a file yet. Files are looked for when they are asked about.
+KELP_BDF_INP_EXPORT InputFolder input_folder_of(const std::string& path);
+
 /// What to look for.
 struct DiagnoseOptions {
   UnknownNames unknown = UnknownNames::Warn;  ///< modules, entries, nested entries, header words
