@@ -68,6 +68,11 @@ constexpr auto texts = std::to_array<FindingText>({
      "A slip, or an entry of another module.", "Name an entry of the same module or block.",
      "schema_version: 1\nmodules: {scf: {entries: {alpha: {requires: bta}, beta: {}}}}\n",
      "schema_version: 1\nmodules: {scf: {entries: {alpha: {requires: beta}, beta: {}}}}\n", error},
+    {"schema.unknown_name",
+     "Knowledge is given of a basis set, a functional or a module that the vocabulary does not "
+     "list under this name.",
+     "A slip, an alias, or a name that was taken out of the vocabulary.",
+     "Give the canonical name, as bdf.yaml has it.", "", "", error},
     {"schema.self_reference", "An entry requires or excludes itself.", "A line was copied.",
      "Name the other entry.",
      "schema_version: 1\nmodules: {scf: {entries: {rhf: {conflicts: rhf}}}}\n",

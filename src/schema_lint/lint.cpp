@@ -19,6 +19,7 @@
 #include "schema/yaml_values.hpp"
 #include "schema_lint/description.hpp"
 #include "schema_lint/forms.hpp"
+#include "schema_lint/knowledge_lint.hpp"
 #include "schema_lint/meanings.hpp"
 #include "schema_lint/names.hpp"
 #include "schema_lint/problems.hpp"
@@ -238,7 +239,12 @@ class Linter {
 
 void check_documents(const std::vector<YAML::Node>& documents, std::size_t size,
                      Problems& problems) {
-  Linter(problems, size).check_document(documents.empty() ? YAML::Node() : documents.front());
+  const YAML::Node root = documents.empty() ? YAML::Node() : documents.front();
+  if (is_knowledge(root)) {
+    check_knowledge(root, size, problems);
+  } else {
+    Linter(problems, size).check_document(root);
+  }
   if (documents.size() > 1) {
     problems.error("schema.second_document", documents[1],
                    "Only the first document of a file is read.");

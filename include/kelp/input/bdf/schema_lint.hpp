@@ -24,7 +24,9 @@ struct SchemaProblem {
   std::vector<std::string> known;  ///< the words that could stand in its place
 };
 
-/// Checks a schema document and returns its problems in the order of their places.
+/// Checks a schema document and returns its problems in the order of their places. A document whose
+/// `schema_kind` is `knowledge` is checked as `bdf-knowledge.yaml`, its names against those of
+/// `default_schema`.
 ///
 /// An error is what makes the schema unreadable or gives it another meaning than the one written;
 /// a warning is what has no effect. A document without errors can be read by
