@@ -146,6 +146,37 @@ TEST(Meanings, OfAWrongTypeArePassedOver) {
   EXPECT_FALSE(basis_family(families, "a1"));
 }
 
+void expect_both(const std::string& name, const std::string& english, const std::string& chinese) {
+  EXPECT_TRUE(english.empty() || english != chinese) << name << " has no summary in Chinese";
+}
+
+TEST(Summary, OfTheVocabularyThatComesWithTheLibraryIsThereInBothLanguages) {
+  const InputSchema& s = shipped_schema();
+  for (const std::string& module : s.known_modules()) {
+    expect_both(module, module_summary(s, module), module_summary(s, module, zh));
+    for (const std::string& entry : s.known_entries(module)) {
+      const std::string path = module + "." + entry;
+      expect_both(path, entry_summary(s, module, entry), entry_summary(s, module, entry, zh));
+      for (const std::string& child : s.known_nested_entries(module, entry)) {
+        expect_both(path + "." + child, nested_entry_summary(s, module, entry, child),
+                    nested_entry_summary(s, module, entry, child, zh));
+      }
+    }
+  }
+  for (const std::string& name : s.known_easy_keywords()) {
+    expect_both("easy." + name, easy_keyword_summary(s, name), easy_keyword_summary(s, name, zh));
+  }
+  for (const std::string& name : s.known_methods()) {
+    expect_both(name, method_summary(s, name), method_summary(s, name, zh));
+  }
+  for (const std::string& name : s.known_functionals()) {
+    expect_both(name, functional_summary(s, name), functional_summary(s, name, zh));
+  }
+  for (const std::string& name : s.known_basis_sets()) {
+    expect_both(name, basis_summary(s, name), basis_summary(s, name, zh));
+  }
+}
+
 TEST(LanguageOfLocale, IsChineseForWhatBeginsWithItsCode) {
   for (const char* const name : {"zh", "zh_CN.UTF-8", "zh-Hans", "ZH"}) {
     EXPECT_EQ(language_of_locale(name), Language::Chinese) << name;
