@@ -93,14 +93,15 @@ struct DiagnoseOptions {
   std::optional<InputFolder> folder = std::nullopt;  ///< unset: nothing is said of other files
 };
 
-/// Returns everything that is to be said about an input, in the order of its text: what
-/// `InputSchema::validate` finds; lines that bound a part of the input and are misspelt (`frame.*`);
-/// misspelt, cut and repeated words of the header and misspelt names among values (`header.*`,
-/// `names.*`); lines of geometries that are no atoms (`geometry.*`); and advice on the calculation as a whole
-/// (`electrons.*` and other themes). What only follows from another
-/// finding is left out, and so are comments and blank lines within modules, which the validation
-/// reports as unknown entries. An input that holds nothing else has the one finding
-/// `bdf.empty_input`. Safe to call from any number of threads. Only a failed allocation throws.
+/// Returns everything that is to be said about an input, in the order of its text; what is about
+/// the input as a whole comes first. That is what `InputSchema::validate` finds; lines that bound a
+/// part of the input and are misspelt (`frame.*`); misspelt, cut and repeated words of the header
+/// and misspelt names among values (`header.*`, `names.*`); lines of geometries that are no atoms
+/// (`geometry.*`); and advice on the calculation as a whole (`electrons.*` and other themes). What
+/// only follows from another finding is left out, and so are comments and blank lines within
+/// modules, which the validation reports as unknown entries. An input that holds nothing else has
+/// the one finding `bdf.empty_input`. Safe to call from any number of threads. Only a failed
+/// allocation throws.
 ///
 /// What a comment of the input allows is left out, whatever the rules say; patterns are those of
 /// `matches_code`, parted by blanks or commas, and what follows `--` is for readers:
