@@ -14,6 +14,7 @@
 
 #include "kelp/core/spelling.hpp"
 #include "kelp/core/text.hpp"
+#include "model/molecule_names.hpp"
 #include "parser/border_words.hpp"
 #include "schema/lookup.hpp"
 #include "source/atom_line.hpp"
@@ -118,8 +119,13 @@ class ModuleScan {
     }
   }
 
-  // Whether a header that is none we know is followed by an end of its own.
+  // Whether a header that is none we know is followed by an end of its own, and not at once by a
+  // header that lacks its dollar.
   bool is_module_with_end(std::size_t header) const {
+    const std::string_view next = line(next_telling(reader_, header + 1));
+    if (is_one_word(next) && schema_.is_known_module(core::text::trim_view(next))) {
+      return false;
+    }
     for (std::size_t at = header + 1; at < reader_.lines_left(); ++at) {
       if (is_module_border(line(at))) {
         return is_module_end(line(at));
@@ -198,28 +204,43 @@ class ModuleScan {
     return border_;
   }
 
-  // A word that is nearly that of a block opens it when the block's end follows and no other line
-  // opens the block before that. Returns where to go on, `at` for any other line.
+  // A word that is nearly that of a block opens it when the block's end follows, misspelt or not,
+  // and no other line opens the block before that. Returns where to go on, `at` for any other line.
   std::size_t look_for_opening(std::size_t at) {
     const EntrySpec* const block = near_block(line(at));
     if (block == nullptr || ++searches_ > most_searches) {
       return at;
     }
+    std::optional<std::size_t> near;
     for (std::size_t next = at + 1; next < border_; ++next) {
       const std::string_view text = line(next);
       if (is_same_line(text, block->terminator)) {
-        const bool is_geometry = block->name == "geometry";
-        found_.push_back({at,
-                          is_geometry ? BorderFault::MisspeltGeometry : BorderFault::MisspeltBlock,
-                          block->name});
+        add_opening(at, *block);
         return next + 1;
       }
       const EntrySpec* const other = find_entry_spec(spec_, first_word(text));
       if (other != nullptr && other->terminator == block->terminator) {
         return at;
       }
+      // `end` alone may be meant for the module as well.
+      if (!near && !is_end_without_dollar(text) && !says_nothing(text) &&
+          !read_atom_line(text).is_atom() &&
+          is_near_terminator(text, block->terminator, block->name)) {
+        near = next;
+      }
     }
-    return at;
+    if (!near) {
+      return at;
+    }
+    add_opening(at, *block);
+    found_.push_back({*near, BorderFault::MisspeltTerminator, block->terminator});
+    return *near + 1;
+  }
+
+  void add_opening(std::size_t at, const EntrySpec& block) {
+    const bool is_geometry = block.name == geometry_entry;
+    found_.push_back(
+        {at, is_geometry ? BorderFault::MisspeltGeometry : BorderFault::MisspeltBlock, block.name});
   }
 
   // Of two entries that are as near, neither is certain.

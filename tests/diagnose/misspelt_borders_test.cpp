@@ -207,6 +207,22 @@ TEST(MisspeltBorder, KeepsItsLineInTheDocument) {
   EXPECT_FALSE(input.is_misspelt_border(2));
 }
 
+TEST(MisspeltBorder, IsToldOnceEachWhereThereAreSeveral) {
+  const std::string text =
+      "$compass\nbasis\n sto-3g\nGemoetry\n Ne 0 0 0\nend geom\n$edn\nxuanyuan\n$end\n"
+      "$scf\nrhf\nend\n";
+  const auto found = diagnose(ParsedInput(text, shipped_schema()));
+  EXPECT_EQ(codes_of(found), (std::vector<std::string>{geometry_code, terminator_code, end_code,
+                                                       dollar_code, end_code}));
+  std::vector<TextEdit> edits;
+  for (const Diagnostic& diagnostic : found) {
+    edits.push_back(diagnostic.fixes.at(0).edits.at(0));
+  }
+  EXPECT_EQ(apply_edits(text, edits),
+            "$compass\nbasis\n sto-3g\ngeometry\n Ne 0 0 0\nend geometry\n$end\n$xuanyuan\n"
+            "$end\n$scf\nrhf\n$end\n");
+}
+
 TEST(MisspeltBorder, LetsTheRestBeChecked) {
   const ParsedInput input("$scf\ncharge\n one\n$edn\n$tddft\niroot\n two\n$end\n",
                           shipped_schema());

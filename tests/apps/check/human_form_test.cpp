@@ -23,18 +23,19 @@ TEST(HumanForm, ShowsWordsLabelAndHelp) {
 }
 
 TEST(HumanForm, ShowsEachFindingByItself) {
-  EXPECT_EQ(human_reports("$scf\nRHF\n  uhf\n$end\n"),
+  EXPECT_EQ(human_reports("$scf\nRHF\n  uhf\n$END\n$end\n"),
             "error[bdf.conflicting_entries]: BDF module entries 'scf.rhf' and 'scf.uhf' conflict.\n"
             " --> a.inp:2:1\n"
             "  |\n"
             "2 | RHF\n"
             "  | ^^^ not beside line 3\n"
             "\n"
-            "error[bdf.conflicting_entries]: BDF module entries 'scf.uhf' and 'scf.rhf' conflict.\n"
-            " --> a.inp:3:3\n"
+            "warning[frame.stray_end]: '$end' stands behind no module and ends nothing.\n"
+            " --> a.inp:5:1\n"
             "  |\n"
-            "3 |   uhf\n"
-            "  |   ^^^ not beside line 2\n"
+            "5 | $end\n"
+            "  | ^^^^ ends nothing\n"
+            "  = help: remove the line, or write the header of the module that it is to end\n"
             "\n");
 }
 
