@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/schema.hpp"
 
@@ -13,6 +15,17 @@ inline constexpr const char* geometry_entry = "geometry";
 inline constexpr const char* unit_name = "unit";
 inline constexpr const char* charge_name = "charge";
 inline constexpr const char* multiplicity_name = "spinmulti";
+
+inline constexpr double angstrom_per_bohr = 0.529177210903;
+
+/// Tells whether a stated unit is the bohr: it begins with `bohr`, in any case.
+bool is_bohr(std::string_view unit);
+
+/// Tells whether an entry holds atoms: a block called `geometry`, or that and more (`geometry2`,
+/// where a path of reactions ends).
+bool is_geometry_entry(const ModuleEntry& entry);
+/// The same by names, of any entry that the schema knows.
+bool is_geometry_entry(const InputSchema& schema, std::string_view module, std::string_view entry);
 
 /// Where an input states its charge and its multiplicity.
 struct NumberHomes {

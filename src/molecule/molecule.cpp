@@ -72,11 +72,6 @@ std::vector<AtomRecord> atoms_of_entry(const ModuleEntry& entry, const RecordId&
   return atoms;
 }
 
-bool is_bohr(const std::optional<StatedValue>& unit) {
-  constexpr std::string_view bohr = "bohr";
-  return unit && core::text::equals_ignoring_case(unit->text.substr(0, bohr.size()), bohr);
-}
-
 // Internal coordinates begin with an atom alone on its line. Further on, lines of them may happen
 // to hold three numbers, which are no position.
 bool has_internal_coordinates(const std::vector<std::string>& lines) {
@@ -125,7 +120,8 @@ Molecule make_molecule(const BDFData& data, const InputSchema& schema, const Par
   ValuePath unit_path = entry_path(compass_module, unit_name);
   unit_path.module_index = compass_index(data, schema, molecule.geometry);
   molecule.stated_unit = first_value(data, schema, {header_path(unit_name), unit_path});
-  molecule.unit = is_bohr(molecule.stated_unit) ? LengthUnit::Bohr : LengthUnit::Angstrom;
+  const bool in_bohr = molecule.stated_unit && is_bohr(molecule.stated_unit->text);
+  molecule.unit = in_bohr ? LengthUnit::Bohr : LengthUnit::Angstrom;
   const auto in_header_or_scf = [&](const char* name) {
     return first_value(data, schema, {header_path(name), entry_path(scf_module, name)});
   };

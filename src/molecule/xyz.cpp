@@ -12,13 +12,13 @@
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/molecule.hpp"
+#include "model/molecule_names.hpp"
 #include "source/atom_line.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
 constexpr std::size_t first_row = 3;
-constexpr double angstrom_per_bohr = 0.529177210903;
 
 bool is_letter(char byte) {
   const char lower = core::text::to_lower(byte);

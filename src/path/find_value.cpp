@@ -118,4 +118,37 @@ Lines path_hint(const InputSchema& schema, const ValuePath& path) {
   return similar_names(path.child, names.nested_entries(path.module, path.name));
 }
 
+Lines paths_of_name(const BDFData& data, const InputSchema& schema, std::string_view name) {
+  Lines there;
+  Lines allowed;
+  const std::string text(name);
+  const auto add = [&](const ValuePath& path, bool is_known) {
+    const std::string written = to_string(path);
+    if (find_record(data, schema, path)) {
+      there.push_back(written);
+    } else if (is_known && std::find(allowed.begin(), allowed.end(), written) == allowed.end()) {
+      allowed.push_back(written);
+    }
+  };
+  if (data.mode != InputMode::Module) {
+    add({PathKind::EasyKeyword, {}, 0, text, {}}, schema.easy_keyword_info(text).has_value());
+  }
+  const PathIndex paths(data);
+  for (std::size_t i = 0; i < data.modules.size(); ++i) {
+    // The first one of its name alone for what is not there.
+    if (auto path = parse_path(paths.path_of(RecordId::of_module(i))).path) {
+      path->kind = PathKind::Entry;
+      path->name = text;
+      add(*path, path->module_index == 0 && schema.is_known_entry(path->module, text));
+    }
+  }
+  if (there.empty() && allowed.empty()) {
+    const NameLists names(schema);
+    for (const std::string& module : names.modules_with_entry(text)) {
+      allowed.push_back(to_string({PathKind::Entry, module, 0, text, {}}));
+    }
+  }
+  return there.empty() ? allowed : there;
+}
+
 }  // namespace kelp::input::bdf

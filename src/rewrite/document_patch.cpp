@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "kelp/core/text.hpp"
+#include "model/molecule_names.hpp"
 #include "model/value_lines.hpp"
 #include "rewrite/value_patch.hpp"
 
@@ -96,7 +97,7 @@ class DocumentPatch {
 
   void run() {
     patch_header(input_, new_, patch_);
-    if (!options_.keeps_geometry) {
+    if (!options_.leaves_out_geometries) {
       patch_geometry(input_, new_, patch_);
     }
     patch_statements();
@@ -156,7 +157,12 @@ class DocumentPatch {
       }
     }
     for (std::size_t i = 0; i < kept.size(); ++i) {
-      if (!kept[i]) {
+      if (kept[i]) {
+        continue;
+      }
+      if (old_.statements[i].kind == StatementKind::Module) {
+        remove_module(first_line(old_.statements[i]), last_line(i));
+      } else {
         remove_lines(first_line(old_.statements[i]), last_line(i));
       }
     }
@@ -182,14 +188,23 @@ class DocumentPatch {
     NewLines lines(indentation_near(input_, before, none));
     lines.add(new_.modules[statement.module_index], indentation_of_module(before));
     Lines text = lines.take();
-    const bool at_top = behind == 0;
-    if (at_top) {
-      text.emplace_back();
-    } else if (!input_.source().content(behind).empty() || inserted_behind_ == behind) {
+    const bool follows_new = inserted_behind_ == behind;
+    const bool follows_text = behind > 0 && !input_.source().content(behind).empty();
+    if (follows_new ? !is_set_apart_ : follows_text) {
       text.insert(text.begin(), std::string());
     }
     inserted_behind_ = behind;
+    is_set_apart_ = before == old_.modules.size() && is_followed_by_module(behind);
+    if (is_set_apart_) {
+      text.emplace_back();
+    }
     patch_.insert_lines(behind, text);
+  }
+
+  // In front of the first module there is no telling how the others are set apart.
+  bool is_followed_by_module(std::size_t line) const {
+    const LineRole role = input_.line(line + 1).role;
+    return role == LineRole::ModuleHeader || role == LineRole::Comment;
   }
 
   // Modules within a wrapper are often indented.
@@ -198,11 +213,31 @@ class DocumentPatch {
     return line == 0 ? std::string() : indentation_of_line(line);
   }
 
-  // The module whose lines end at a line, or the number of modules.
+  // The last module that begins before the end of a line, or the number of modules.
   std::size_t module_before(std::size_t line) const {
-    const RecordId record = input_.line(line).record;
-    return module_of(old_, record) == nullptr ? old_.modules.size() : record.index;
+    std::size_t count = 0;
+    while (count < old_.modules.size() && line_of(old_.modules[count].location) <= line) {
+      ++count;
+    }
+    return count == 0 ? old_.modules.size() : count - 1;
   }
+
+  // Of the empty lines around a module that goes, one is left, and none at the edge of the text.
+  void remove_module(std::size_t first, std::size_t last) {
+    while (options_.takes_comments && first > 1 && is_comment(first - 1)) {
+      --first;
+    }
+    const std::size_t count = input_.source().line_count();
+    const bool is_blank_below = last == count || is_blank(last + 1);
+    if (first > 1 && is_blank(first - 1) && is_blank_below) {
+      --first;
+    } else if (first == 1 && last < count && is_blank_below) {
+      ++last;
+    }
+    patch_.remove_lines(first, last);
+  }
+
+  bool is_blank(std::size_t line) const { return input_.source().content(line).empty(); }
 
   void remove_lines(std::size_t first, std::size_t last) {
     while (options_.takes_comments && first > 1 && is_comment(first - 1)) {
@@ -320,7 +355,8 @@ class DocumentPatch {
         return RecordId::of_child(record.index, record.entry, child);
       });
     }
-    if (old.values != edited.values) {
+    const bool is_left_out = options_.leaves_out_geometries && is_geometry_entry(old);
+    if (!is_left_out && old.values != edited.values) {
       const Indentation indentation = record.kind == RecordKind::Child
                                           ? indentation_of_children(record)
                                           : indentation_near(input_, record.index, record.entry);
@@ -334,6 +370,7 @@ class DocumentPatch {
   const PatchOptions& options_;
   TextPatch& patch_;
   std::size_t inserted_behind_ = none;
+  bool is_set_apart_ = false;  // an empty line follows what was inserted there
 };
 
 }  // namespace

@@ -8,8 +8,8 @@ namespace kelp::input::bdf {
 
 /// What a changed document leaves to its input.
 struct PatchOptions {
-  bool keeps_geometry = false;  ///< the document's own geometry block was not touched, or left out
-  bool takes_comments = false;  ///< comments directly above what goes are taken along
+  bool leaves_out_geometries = false;  ///< the document is without them, and they stay
+  bool takes_comments = false;         ///< comments directly above what goes are taken along
 };
 
 /// Finds the edits that make a text say what a document says. The document is the input's own,

@@ -33,17 +33,27 @@ bool looks_like_input(const BDFData& data) {
                      [](const EasyToken& token) { return token.category == "method_spec"; });
 }
 
-// The errors of the new text that the old one did not have. Lines move, so that they are told by
-// what they say.
-void add_new_errors(const ParsedInput& before, const ParsedInput& after, Rewrite& rewrite) {
-  // Charge and multiplicity fit each other only after both were set, one after the other.
+using ErrorCounts = std::map<std::pair<std::string, std::string>, std::size_t>;
+
+// Charge and multiplicity fit each other only after both were set, one after the other.
+DiagnoseOptions without_advice() {
   DiagnoseOptions options;
   options.advice = false;
-  std::map<std::pair<std::string, std::string>, std::size_t> known;
-  diagnose(before, options, [&](const Diagnostic& diagnostic) {
-    ++known[{diagnostic.code, diagnostic.message}];
+  return options;
+}
+
+ErrorCounts count_findings(const ParsedInput& input) {
+  ErrorCounts counts;
+  diagnose(input, without_advice(), [&](const Diagnostic& diagnostic) {
+    ++counts[{diagnostic.code, diagnostic.message}];
   });
-  diagnose(after, options, [&](const Diagnostic& diagnostic) {
+  return counts;
+}
+
+// The errors of the new text that the old one did not have. Lines move, so that they are told by
+// what they say.
+void add_new_errors(ErrorCounts known, const ParsedInput& after, Rewrite& rewrite) {
+  diagnose(after, without_advice(), [&](const Diagnostic& diagnostic) {
     if (diagnostic.severity != Severity::Error) {
       return;
     }
@@ -56,33 +66,72 @@ void add_new_errors(const ParsedInput& before, const ParsedInput& after, Rewrite
   });
 }
 
-void add_difference(const std::string& what, Rewrite& rewrite) {
+void add_difference(const Difference& difference, Rewrite& rewrite) {
   Diagnostic loss;
   loss.code = "bdf.edit_value";
   loss.severity = Severity::Error;
-  loss.message = "The change would not be read back as it was meant: '" + what + "' differs.";
-  loss.arguments = {what};
-  loss.path = what;
+  loss.message = "The change would not be read back as it was meant: " + difference.reason + '.';
+  loss.arguments = {difference.path, difference.reason};
+  loss.path = difference.path;
   rewrite.losses.push_back(std::move(loss));
 }
 
-Rewrite patched(const ParsedInput& input, const BDFData& edited, const PatchOptions& options) {
-  TextPatch patch(input.source());
-  patch_document(input, edited, options, patch);
-  Rewrite rewrite;
-  rewrite.edits = patch.finish();
-  rewrite.text = apply_edits(input.source().text(), rewrite.edits);
-  if (rewrite.edits.empty()) {
-    return rewrite;
+// A few of the comments that go stand for all.
+void add_lost_words(const SourceText& source, const std::vector<TextRange>& lost,
+                    Rewrite& rewrite) {
+  constexpr std::size_t shown = 3;
+  if (lost.empty()) {
+    return;
   }
-  const ParsedInput after(rewrite.text, input.schema());
-  const std::string difference = first_difference(edited, after.data(), !options.keeps_geometry);
-  if (!difference.empty()) {
-    add_difference(difference, rewrite);
+  std::string note = "what was said of the old geometry goes: ";
+  for (std::size_t i = 0; i < lost.size() && i < shown; ++i) {
+    note += (i == 0 ? "'" : ", '") + std::string(source.text_of(lost[i])) + "' (line " +
+            std::to_string(source.line_at(lost[i].begin)) + ')';
   }
-  add_new_errors(input, after, rewrite);
-  return rewrite;
+  if (lost.size() > shown) {
+    note += " and " + std::to_string(lost.size() - shown) + " more";
+  }
+  rewrite.notes.push_back(std::move(note));
 }
+
+/// Holds a changed document against its input, and the text that comes of it against the document.
+class Patching {
+ public:
+  Patching(const ParsedInput& input, const BDFData& edited, const PatchOptions& options)
+      : source_(input.source()), schema_(input.schema()), edited_(edited), options_(options) {
+    TextPatch patch(source_);
+    patch_document(input, edited, options, patch);
+    rewrite_.edits = patch.finish();
+    if (!rewrite_.edits.empty()) {
+      add_lost_words(source_, patch.lost(), rewrite_);
+      known_ = count_findings(input);
+    }
+  }
+
+  /// Needs the input no longer. The text is put together twice, so that the one that is read and
+  /// the one that is returned are not held at the same time as two documents.
+  Rewrite finish() {
+    if (!rewrite_.edits.empty()) {
+      const ParsedInput after(apply_edits(source_.text(), rewrite_.edits), schema_);
+      const Difference difference =
+          first_difference(edited_, after.data(), !options_.leaves_out_geometries);
+      if (!difference.path.empty()) {
+        add_difference(difference, rewrite_);
+      }
+      add_new_errors(std::move(known_), after, rewrite_);
+    }
+    rewrite_.text = apply_edits(source_.text(), rewrite_.edits);
+    return std::move(rewrite_);
+  }
+
+ private:
+  SourceText source_;
+  InputSchema schema_;
+  const BDFData& edited_;
+  PatchOptions options_;
+  ErrorCounts known_;
+  Rewrite rewrite_;
+};
 
 // In a module input, atoms that an editor has set for the document as a whole are written in the
 // first `$compass` that has none of its own.
@@ -150,33 +199,53 @@ AssignmentResult parse_assignment(std::string_view text) {
   return result;
 }
 
-Rewrite edit_input(const ParsedInput& input, const Edit& edit) {
+namespace {
+
+// Why nothing can be changed, whatever is wanted.
+std::string find_obstacle(const ParsedInput& input, const Edit& edit) {
   if (const auto fault = find_text_fault(input.source())) {
-    return unchanged(input, fault->message);
+    return fault->message;
   }
   if (input.is_empty()) {
-    return unchanged(input, "there is nothing to change: BDF input is empty");
+    return "there is nothing to change: BDF input is empty";
   }
   if (!looks_like_input(input.data()) && !edit.allow_unknown_names) {
-    return unchanged(input,
-                     "it has neither a method specification, nor a geometry, nor a module; is "
-                     "it a BDF input? (--force changes it)");
+    return "it has neither a method specification, nor a geometry, nor a module; is it a BDF "
+           "input? (--force changes it)";
   }
-  const EditedDocument edited = edit_document(input, edit);
+  return {};
+}
+
+}  // namespace
+
+Rewrite edit_input(const ParsedInput& input, const Edit& edit) {
+  return edit_input(ParsedInput(input), edit);
+}
+
+Rewrite edit_input(ParsedInput&& input, const Edit& edit) {
+  std::string obstacle = find_obstacle(input, edit);
+  if (!obstacle.empty()) {
+    return unchanged(input, std::move(obstacle));
+  }
+  EditedDocument edited = edit_document(input, edit);
   if (!edited.error.empty()) {
-    return unchanged(input, edited.error);
+    return unchanged(input, std::move(edited.error));
   }
   PatchOptions options;
-  options.keeps_geometry = edited.keeps_geometry;
+  options.leaves_out_geometries = edited.leaves_out_geometries;
   options.takes_comments = !edit.unset.empty();
-  return patched(input, edited.data, options);
+  Patching patching(input, edited.data, options);
+  input = ParsedInput({}, input.schema());
+  Rewrite rewrite = patching.finish();
+  rewrite.notes.insert(rewrite.notes.begin(), edited.notes.begin(), edited.notes.end());
+  return rewrite;
 }
 
 Rewrite text_edits(const ParsedInput& input, const BDFData& edited) {
   if (edited.mode == InputMode::Module && edited.has_geometry && !input.data().has_geometry) {
-    return patched(input, with_geometry_in_compass(input, edited), {});
+    return Patching(input, with_geometry_in_compass(input, edited), {}).finish();
   }
-  return patched(input, edited, {});
+  return Patching(input, edited, {}).finish();
 }
 
 }  // namespace kelp::input::bdf

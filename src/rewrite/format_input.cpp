@@ -247,7 +247,7 @@ Rewrite format_input(const ParsedInput& input) {
     return rewrite;
   }
   const ParsedInput after(rewrite.text, input.schema());
-  const std::string difference = first_difference(input.data(), after.data(), true);
+  const std::string difference = first_difference(input.data(), after.data(), true).path;
   if (!difference.empty()) {
     Diagnostic loss;
     loss.code = "bdf.format_loss";

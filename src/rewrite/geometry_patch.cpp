@@ -87,7 +87,7 @@ class GeometryPatch {
 
   void remove_others(std::size_t begin, std::size_t end) {
     for (std::size_t i = begin; i < end; ++i) {
-      patch_.remove_lines(line_of_other(i), line_of_other(i));
+      remove_line(line_of_other(i));
     }
   }
 
@@ -149,8 +149,13 @@ class GeometryPatch {
 
   void remove_atoms(std::size_t begin, std::size_t end) {
     for (std::size_t i = begin; i < end; ++i) {
-      patch_.remove_lines(line_of_atom(i), line_of_atom(i));
+      remove_line(line_of_atom(i));
     }
+  }
+
+  void remove_line(std::size_t line) {
+    patch_.lose(input_.comment_range(line));
+    patch_.remove_lines(line, line);
   }
 
   std::size_t line_of_atom(std::size_t index) const {

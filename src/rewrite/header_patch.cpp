@@ -10,6 +10,7 @@
 
 #include "kelp/core/text.hpp"
 #include "rewrite/document_patch.hpp"
+#include "rewrite/method_specification.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -92,37 +93,31 @@ class HeaderPatch {
     }
   }
 
+  // A part that goes takes the slash behind it along, one that comes brings its own.
   void change_specification(std::size_t index, const EasyToken& token) {
-    const EasyToken& old = old_[index];
     const SpecificationRanges ranges = input_.specification_ranges(index);
-    const bool same_parts = old.method.empty() == token.method.empty() &&
-                            old.functional.empty() == token.functional.empty() &&
-                            old.basis.empty() == token.basis.empty();
-    if (!same_parts) {
+    const SpecificationParts parts = specification_parts(token);
+    if (ranges.basis.empty() || parts.basis.empty()) {
       patch_.replace(input_.token_ranges(index).whole, token.text);
       return;
     }
-    const std::vector<std::string_view> parts = parts_of(token);
-    std::size_t part = 0;
-    for (const TextRange& range : {ranges.method, ranges.functional, ranges.basis}) {
-      if (!range.empty() && part < parts.size()) {
-        const std::string_view text = parts[part++];
-        if (!core::text::equals_ignoring_case(source_.text_of(range), text)) {
-          patch_.replace(range, std::string(text));
-        }
-      }
-    }
+    const std::size_t behind_method =
+        ranges.functional.empty() ? ranges.basis.begin : ranges.functional.begin;
+    change_part(ranges.method, parts.method, behind_method);
+    change_part(ranges.functional, parts.functional, ranges.basis.begin);
+    change_part(ranges.basis, parts.basis, ranges.basis.end);
   }
 
-  static std::vector<std::string_view> parts_of(const EasyToken& token) {
-    std::vector<std::string_view> parts;
-    std::string_view rest = token.text;
-    for (std::size_t cut = 0; cut != std::string_view::npos;) {
-      cut = rest.find('/');
-      parts.push_back(core::text::trim_view(rest.substr(0, cut)));
-      rest.remove_prefix(cut == std::string_view::npos ? rest.size() : cut + 1);
+  void change_part(const TextRange& range, std::string_view text, std::size_t next) {
+    if (range.empty()) {
+      if (!text.empty()) {
+        patch_.replace({next, next}, std::string(text) + '/');
+      }
+    } else if (text.empty()) {
+      patch_.replace({range.begin, next}, {});
+    } else if (!core::text::equals_ignoring_case(source_.text_of(range), text)) {
+      patch_.replace(range, std::string(text));
     }
-    return parts;
   }
 
   std::size_t line_of_token(std::size_t index) const {

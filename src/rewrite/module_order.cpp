@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "kelp/core/text.hpp"
-#include "rewrite/edit_document.hpp"
+#include "rewrite/edit_parts.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -25,7 +25,8 @@ std::size_t rank_of(std::string_view name) {
 
 class ModulePosition {
  public:
-  ModulePosition(const BDFData& data, std::string_view name) : data_(data), name_(name) {}
+  ModulePosition(const ParsedInput& input, const BDFData& data, std::string_view name)
+      : input_(input), data_(data), name_(name) {}
 
   /// Returns the index of the statement in front of which the module belongs.
   std::size_t find() const {
@@ -45,7 +46,7 @@ class ModulePosition {
       }
     }
     if (behind > 0) {
-      return behind;
+      return past_what_belongs_to(behind - 1);
     }
     return first < data_.statements.size() ? first : behind_settings();
   }
@@ -56,6 +57,40 @@ class ModulePosition {
     return statement.kind == StatementKind::Module && statement.module_index < data_.modules.size()
                ? &data_.modules[statement.module_index]
                : nullptr;
+  }
+
+  // A comment or a command of the shell directly below a module belongs to it, but a comment
+  // directly above the next one belongs to that.
+  std::size_t past_what_belongs_to(std::size_t module) const {
+    std::size_t behind = module + 1;
+    std::size_t line = last_line(module);
+    while (behind < data_.statements.size() && is_aside(data_.statements[behind]) &&
+           first_line(behind) == line + 1) {
+      line = last_line(behind++);
+    }
+    if (behind < data_.statements.size() && first_line(behind) == line + 1) {
+      while (behind > module + 1 && data_.statements[behind - 1].kind == StatementKind::Comment) {
+        --behind;
+      }
+    }
+    return behind;
+  }
+
+  static bool is_aside(const Statement& statement) {
+    return statement.kind == StatementKind::Comment || statement.kind == StatementKind::Shell;
+  }
+
+  // 0 of what is new.
+  std::size_t first_line(std::size_t statement) const {
+    const Module* const module = module_at(statement);
+    const auto& location =
+        module == nullptr ? data_.statements[statement].location : module->location;
+    return location ? static_cast<std::size_t>(location->line) : 0;
+  }
+
+  std::size_t last_line(std::size_t statement) const {
+    const std::size_t line = first_line(statement);
+    return line == 0 ? static_cast<std::size_t>(-2) : input_.last_line(input_.line(line).record);
   }
 
   static bool says(const Statement& statement, std::string_view words) {
@@ -87,14 +122,16 @@ class ModulePosition {
     return behind;
   }
 
+  const ParsedInput& input_;
   const BDFData& data_;
   std::string_view name_;
 };
 
 }  // namespace
 
-std::size_t add_module(BDFData& data, Module module) {
-  const std::size_t position = ModulePosition(data, module.name).find();
+std::size_t add_module(EditContext& context, Module module) {
+  BDFData& data = context.data;
+  const std::size_t position = ModulePosition(context.input, data, module.name).find();
   std::size_t index = 0;
   for (std::size_t i = 0; i < data.statements.size(); ++i) {
     Statement& statement = data.statements[i];

@@ -45,6 +45,19 @@ void TextPatch::remove_lines(std::size_t first, std::size_t last) {
   }
 }
 
+void TextPatch::lose(const TextRange& words) {
+  if (!words.empty()) {
+    lost_.push_back(words);
+  }
+}
+
+std::vector<TextRange> TextPatch::lost() const {
+  std::vector<TextRange> sorted = lost_;
+  std::sort(sorted.begin(), sorted.end(),
+            [](const TextRange& left, const TextRange& right) { return left.begin < right.begin; });
+  return sorted;
+}
+
 // When the last line goes and it had no end, the end of the line before it goes instead, unless
 // something comes in between.
 void TextPatch::keep_missing_line_end() {

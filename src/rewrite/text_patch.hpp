@@ -22,6 +22,12 @@ class TextPatch {
   /// Takes lines out, the last one included; nothing when `last` is less than `first`.
   void remove_lines(std::size_t first, std::size_t last);
 
+  /// Notes words of the text that go with what is changed though nobody asked for it; nothing when
+  /// the range is empty.
+  void lose(const TextRange& words);
+
+  /// Returns the words lost, in the order of the text.
+  std::vector<TextRange> lost() const;
   /// Returns all edits in the order of the text; those that touch become one.
   std::vector<TextEdit> finish();
 
@@ -31,6 +37,7 @@ class TextPatch {
 
   const SourceText& source_;
   std::vector<TextEdit> edits_;
+  std::vector<TextRange> lost_;
 };
 
 }  // namespace kelp::input::bdf

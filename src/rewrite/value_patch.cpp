@@ -73,8 +73,8 @@ class ValuePatch {
   void run(const std::vector<std::string>& values) {
     read_old_lines();
     read_new_lines(values);
-    if (takes_inline(values)) {
-      return;
+    if (is_inline()) {
+      return replace_inline();
     }
     std::size_t begin = 0;
     std::size_t old_end = old_.size();
@@ -107,7 +107,7 @@ class ValuePatch {
         old_.push_back({input_.value_line(record_, i), range});
       }
     }
-    is_cartesian_ = entry_.name == geometry_entry &&
+    is_cartesian_ = is_geometry_entry(entry_) &&
                     std::all_of(old_.begin(), old_.end(), [&](const OldLine& line) {
                       return line.range.empty() || is_atom(source_.text_of(line.range));
                     });
@@ -132,30 +132,38 @@ class ValuePatch {
   }
 
   // A value on its keyword's line stays there when it is one again.
-  bool takes_inline(const std::vector<std::string>& values) {
-    if (!is_inline()) {
-      return false;
-    }
+  void replace_inline() {
     const TextRange old_value = old_.front().range;
     if (new_.size() == 1) {
       patch_.replace(old_value, std::string(clean_value_line(new_.front())));
-      return true;
+      return;
     }
     patch_.replace({input_.keyword_range(record_).end, old_value.end}, {});
     insert(input_.first_line(record_), 0, new_.size());
-    static_cast<void>(values);
-    return true;
   }
 
   void replace(std::size_t begin, std::size_t old_end, std::size_t new_end) {
     const std::size_t both = std::min(old_end, new_end);
     for (std::size_t i = begin; i < both; ++i) {
-      replace_line(old_[i], new_[i]);
+      replace_line(i);
     }
     for (std::size_t i = both; i < old_end; ++i) {
-      patch_.remove_lines(old_[i].number, old_[i].number);
+      remove(old_[i]);
     }
     insert(line_before(both), both, new_end);
+  }
+
+  void remove(const OldLine& line) {
+    lose_comment(line);
+    patch_.remove_lines(line.number, line.number);
+  }
+
+  // A row of values takes its comment along, and a value that brings a comment replaces the old
+  // one; of atoms that come from elsewhere nobody knows what was said of them.
+  void lose_comment(const OldLine& line) {
+    if (is_geometry_entry(entry_)) {
+      patch_.lose(input_.comment_range(line.number));
+    }
   }
 
   // The line behind which the value lines from `index` on go.
@@ -180,17 +188,29 @@ class ValuePatch {
     return source_.text_of({line.begin, source_.content(number).begin});
   }
 
-  void replace_line(const OldLine& line, std::string_view text) {
-    if (source_.text_of(line.range) == clean_value_line(text)) {
+  void replace_line(std::size_t index) {
+    const OldLine& line = old_[index];
+    const std::string_view text = new_[index];
+    const std::string_view cleaned = clean_value_line(text);
+    if (source_.text_of(line.range) == cleaned) {
+      return;
+    }
+    // A comment of its own, or an empty line, is none to write a value on.
+    if (line.range.empty() || cleaned.empty()) {
+      remove(line);
+      insert(line.number, index, index + 1);
       return;
     }
     // Of internal coordinates no number means anything alone.
-    if (is_cartesian_ && is_atom(text) && !line.range.empty()) {
+    if (is_cartesian_ && is_atom(text)) {
       return patch_atom(input_, line.range, atom_of(read_atom_line(text)), patch_);
     }
-    const bool has_comment = clean_value_line(text).size() < text.size();
-    const std::size_t end = has_comment ? source_.line_range(line.number).end : line.range.end;
-    patch_.replace({line.range.begin, end}, std::string(text));
+    if (is_geometry_entry(entry_) || cleaned.size() < text.size()) {
+      lose_comment(line);
+      patch_.replace({line.range.begin, source_.line_range(line.number).end}, std::string(text));
+    } else {
+      patch_.replace(line.range, std::string(text));
+    }
   }
 
   const ParsedInput& input_;
@@ -291,13 +311,13 @@ void patch_atom(const ParsedInput& input, const TextRange& range, const AtomReco
                 TextPatch& patch) {
   const SourceText& source = input.source();
   const AtomLine old = read_atom_line(source.text_of(range));
-  const bool same_element =
-      old.label == atom.element ||
-      (!element_of(old.label).empty() && element_of(old.label) == element_of(atom.element));
-  if (!same_element) {
+  if (!same_element(old.label, atom.element)) {
     // What stands behind the coordinates was said of another atom.
+    const TextRange line = source.line_range(source.line_at(range.begin));
+    const TextRange rest = {range_of(old.fields.back(), source).end, line.end};
     patch.replace(range_of(old.label, source), atom.element);
-    patch.replace({range_of(old.fields.back(), source).end, range.end}, {});
+    patch.lose(source.trimmed(rest));
+    patch.replace(rest, {});
   }
   const std::array<double, 3> position = {atom.x, atom.y, atom.z};
   for (std::size_t i = 0; i < position.size(); ++i) {
@@ -307,6 +327,10 @@ void patch_atom(const ParsedInput& input, const TextRange& range, const AtomReco
       replace_in_column(range_of(old.fields[i], source), std::move(text), source, patch);
     }
   }
+}
+
+bool same_element(std::string_view left, std::string_view right) {
+  return left == right || (!element_of(left).empty() && element_of(left) == element_of(right));
 }
 
 std::string atom_line(const AtomRecord& atom, std::string_view indentation) {

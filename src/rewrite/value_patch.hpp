@@ -28,10 +28,13 @@ void patch_values(const ParsedInput& input, const RecordId& record,
                   const std::vector<std::string>& values, const std::string& indentation,
                   TextPatch& patch);
 
-/// Changes an atom on its line. `range` is the line without its comment; what stands behind the
-/// coordinates stays.
+/// Changes an atom on its line. `range` is the line without its comment. What stands behind the
+/// coordinates stays; of another element it goes, comment and all.
 void patch_atom(const ParsedInput& input, const TextRange& range, const AtomRecord& atom,
                 TextPatch& patch);
+
+/// Tells whether the labels of two atoms are of one element: `H1` and `h`.
+bool same_element(std::string_view left, std::string_view right);
 
 /// Returns a new line for an atom.
 std::string atom_line(const AtomRecord& atom, std::string_view indentation);

@@ -17,8 +17,8 @@ inline constexpr std::array<std::string_view, 7> document_keys = {
 inline constexpr std::array<std::string_view, 5> metadata_keys = {
     "bdf_version", "manual_source", "manual_revision", "generated_at", "summaries"};
 
-inline constexpr std::array<std::string_view, 4> easy_input_keys = {"methods", "functionals",
-                                                                    "basis", "control_keywords"};
+inline constexpr std::array<std::string_view, 5> easy_input_keys = {
+    "methods", "methods_without_functional", "functionals", "basis", "control_keywords"};
 
 inline constexpr std::array<std::string_view, 3> basis_keys = {"known", "extensible", "families"};
 

@@ -36,6 +36,7 @@ struct InputSchema::Impl {
 
   SchemaMetadata metadata;
   AliasMap methods;
+  AliasMap methods_without_functional;  ///< empty when the schema does not tell
   AliasMap functionals;
   AliasMap basis_sets;
   bool basis_extensible = true;

@@ -64,6 +64,15 @@ std::string canonical_child_name(const EntrySpec* parent, std::string_view name)
   return parent == nullptr ? normalize_key(name) : canonical_name(parent->child_aliases, name);
 }
 
+FunctionalUse functional_use(const InputSchema::Impl& impl, std::string_view method) {
+  const std::string name = canonical_name(impl.methods, method);
+  if (impl.methods_without_functional.empty() || find_in(impl.methods, name) == nullptr) {
+    return FunctionalUse::Untold;
+  }
+  return find_in(impl.methods_without_functional, name) == nullptr ? FunctionalUse::Needed
+                                                                   : FunctionalUse::None;
+}
+
 const ValueSpec* find_keyword_spec(const InputSchema::Impl& impl, std::string_view name) {
   return resolve(impl.control_keyword_aliases, impl.control_keywords, name);
 }

@@ -50,6 +50,13 @@ const EntrySpec* find_child_spec(const EntrySpec* parent, std::string_view name)
 /// Returns the nested entry's canonical name in a parent that may be null.
 std::string canonical_child_name(const EntrySpec* parent, std::string_view name);
 
+/// Whether a method of the header goes with a functional.
+enum class FunctionalUse { Untold, None, Needed };
+
+/// Tells it of a method by name or alias: `Untold` of one that the schema does not know, and of all
+/// when it does not tell.
+FunctionalUse functional_use(const InputSchema::Impl& impl, std::string_view method);
+
 /// Returns the easy keyword of that name or alias, or null.
 const ValueSpec* find_keyword_spec(const InputSchema::Impl& impl, std::string_view name);
 

@@ -80,6 +80,7 @@ class SchemaReader {
     const Fields fields(node, easy_input_keys, budget_);
     read_name_list(fields["methods"], impl_->methods, impl_->method_meanings);
     read_name_list(fields["functionals"], impl_->functionals, impl_->functional_meanings);
+    read_names(fields["methods_without_functional"], impl_->methods_without_functional);
     read_basis(fields["basis"]);
     read_keywords(fields["control_keywords"]);
   }
@@ -116,12 +117,16 @@ class SchemaReader {
     }
   }
 
+  void read_names(const YAML::Node& list, AliasMap& names) {
+    for (const std::string& text : text_list(list, budget_)) {
+      const std::string name = normalize_key(text);
+      names.insert_or_assign(name, name);
+    }
+  }
+
   void read_name_list(const YAML::Node& node, AliasMap& names, NameMap<Meaning>& meanings) {
     if (node.IsSequence()) {
-      for (const std::string& text : text_list(node, budget_)) {
-        const std::string name = normalize_key(text);
-        names.insert_or_assign(name, name);
-      }
+      read_names(node, names);
       return;
     }
     for_each_name(node, [&](const std::string& name, const YAML::Node& value) {

@@ -45,8 +45,9 @@ constexpr std::array<KeyRule, 5> metadata_rules = {{
     {"generated_at", Form::Text},
     {"summaries", Form::Text},
 }};
-constexpr std::array<KeyRule, 4> easy_input_rules = {{
+constexpr std::array<KeyRule, 5> easy_input_rules = {{
     {"methods", Form::NameList},
+    {"methods_without_functional", Form::TextList},
     {"functionals", Form::NameList},
     {"basis", Form::NameList},
     {"control_keywords", Form::Map},

@@ -69,14 +69,16 @@ TEST(GeometryEdits, AtomsAreAddedAndTakenOut) {
 
 TEST(GeometryEdits, InternalCoordinatesMakeWayAsAWhole) {
   EXPECT_EQ(
-      text_after("#! w\nhf/sto-3g\nGeometry\nO\n# angle below\nH 1 0.9\nH 1 0.9 2 109.0\n\nR1 "
-                 "1.0\nEnd Geometry\n",
-                 geometry({atom("He", 0, 0, 0)})),
-      "#! w\nhf/sto-3g\nGeometry\n# angle below\nHe 0.0000000000 0.0000000000 "
+      text_after(
+          "#! w\nhf/sto-3g\nGeometry\n# water\nO\n# angle below\nH 1 0.9\nH 1 0.9 2 109.0\n\nR1 "
+          "1.0\nEnd Geometry\n",
+          geometry({atom("He", 0, 0, 0)})),
+      "#! w\nhf/sto-3g\nGeometry\n# water\nHe 0.0000000000 0.0000000000 "
       "0.0000000000\nEnd Geometry\n");
-  EXPECT_EQ(text_after("$compass\ngeometry\nO\nH 1 0.9\nH 1 0.9 2 109.0\nend geometry\n$end\n",
+  EXPECT_EQ(text_after("$compass\ngeometry\n# water\nO # o\n# angle below\nH 1 0.9\nH 1 0.9 2 "
+                       "109.0\nend geometry\n$end\n",
                        geometry({atom("He", 0, 0, 0)})),
-            "$compass\ngeometry\nHe 0.0000000000 0.0000000000 0.0000000000\nend "
+            "$compass\ngeometry\n# water\nHe 0.0000000000 0.0000000000 0.0000000000\nend "
             "geometry\n$end\n");
 }
 
@@ -94,6 +96,40 @@ TEST(GeometryEdits, OfSeveralGeometriesOneIsNamed) {
             one + "$compass\ngeometry\n H 1.0000000000 0 0\nend geometry\n$end\n");
   EXPECT_THAT(edited(one, geometry(water, "scf.charge")).error,
               ::testing::HasSubstr("no geometry"));
+}
+
+TEST(GeometryEdits, CommentsOfAtomsThatAreGoneGoAndAreTold) {
+  const Rewrite block = edited(
+      "#! w\nhf/sto-3g\nGeometry\n# top\n H 0 0 0 7 # one\n# below\n H 0 0 1 # two\n"
+      "End Geometry\n",
+      geometry({atom("He", 0, 0, 0), atom("H", 0, 0, 2)}));
+  EXPECT_EQ(block.text,
+            "#! w\nhf/sto-3g\nGeometry\n# top\n He 0 0 0\n H 0 0 2.0000000000 # two\n"
+            "End Geometry\n");
+  EXPECT_THAT(block.notes, ::testing::ElementsAre("what was said of the old geometry goes: "
+                                                  "'7 # one' (line 5), '# below' (line 6)"));
+  const Rewrite entry =
+      edited("$compass\ngeometry\n# top\n H 0 0 0 # one\n# below\n H 0 0 1\nend geometry\n$end\n",
+             geometry({atom("He", 0, 0, 0)}));
+  EXPECT_EQ(entry.text, "$compass\ngeometry\n# top\n He 0 0 0\nend geometry\n$end\n");
+  EXPECT_EQ(entry.notes.size(), 1U);
+}
+
+TEST(GeometryEdits, AnyEntryThatHoldsAtomsCanBeNamed) {
+  const std::string compass = "$compass\ngeometry\n H 0 0 0\nend geometry\nunit\n bohr\n$end\n";
+  const std::string start = compass + "$bdfopt\ngeometry2\n H 0 0 ";
+  const std::string end = "\nend geometry2\n$end\n";
+  const Edit edit = geometry({atom("H", 0, 0, 0.529177210903)}, "bdfopt.geometry2");
+  EXPECT_EQ(text_after(start + "2" + end, edit), start + "1.0000000000" + end);
+  EXPECT_EQ(text_after(compass + "$bdfopt\n$end\n", edit),
+            compass +
+                "$bdfopt\ngeometry2\n H 0.0000000000 0.0000000000 1.0000000000\n"
+                "end geometry2\n$end\n");
+  EXPECT_THAT(edited(compass, edit).error, ::testing::HasSubstr("there is no 'bdfopt'"));
+  EXPECT_THAT(edited(start + "2" + end, geometry(water)).error,
+              ::testing::HasSubstr("compass.geometry, bdfopt.geometry2"));
+  EXPECT_THAT(edited(start + "2" + end, geometry(water, "scf.charge")).error,
+              ::testing::HasSubstr("the input has compass.geometry, bdfopt.geometry2"));
 }
 
 TEST(GeometryEdits, AMissingGeometryIsAdded) {

@@ -88,6 +88,15 @@ TEST(HeaderEdits, PartsOfTheMethodSpecificationArePatchedAlone) {
        "b3lyp/sto-3g",
        {"easy.method=tddft"},
        "tddft/b3lyp/sto-3g"},
+      {"a functional that was missing", "RKS/6-31G", {"easy.functional=PBE0"}, "RKS/PBE0/6-31G"},
+      {"method and functional at once",
+       "HF/6-31G # c",
+       {"easy.functional=b3lyp", "easy.method=rks"},
+       "rks/b3lyp/6-31G # c"},
+      {"a method whose name is an alias",
+       "tdft/B3LYP/6-31G",
+       {"easy.method=TDDFT"},
+       "tdft/B3LYP/6-31G"},
       {"what is there", "HF/STO-3G", {"easy.basis=sto-3g", "easy.method=hf"}, "HF/STO-3G"},
   });
 }
@@ -101,13 +110,38 @@ TEST(HeaderEdits, WhatTheHeaderCannotHoldIsRefused) {
                                          {"easy.charge=1 2", "a single word"},
                                          {"easy.charge=1#2", "a single word"},
                                          {"easy.method=htf", "no method 'htf'"},
-                                         {"easy.functional=b3lyp", "names no functional"},
+                                         {"easy.functional=b3lyp", "easy.method=METHOD"},
                                          {"easy.method=b3lpy", "no method"},
                                          {"easy.basis=sto-4g", "did you mean"},
+                                         {"easy.method=rks", "easy.functional=NAME"},
+                                         {"easy.charge=", "it needs a value"},
                                          {"easy.basis=", "one name"}}) {
     const Rewrite rewrite = edited(easy("hf/sto-3g"), edit_of({row.assignment}));
     EXPECT_THAT(rewrite.error, ::testing::HasSubstr(row.reason)) << row.assignment;
   }
+}
+
+TEST(HeaderEdits, AFunctionalGoesWithAMethodThatTakesNone) {
+  for (const std::string before : {"B3LYP/6-31G", "RKS/B3LYP/6-31G"}) {
+    const Rewrite rewrite = edited(easy(before), edit_of({"easy.method=HF"}));
+    EXPECT_EQ(rewrite.text, easy("HF/6-31G"));
+    EXPECT_THAT(rewrite.notes, ::testing::ElementsAre("'HF' takes no functional: 'B3LYP' goes"));
+  }
+  const Rewrite both =
+      edited(easy("b3lyp/6-31g"), edit_of({"easy.method=hf", "easy.functional=pbe0"}));
+  EXPECT_THAT(both.error, ::testing::HasSubstr("'hf' takes no functional"));
+  // What was wrong before can still be changed elsewhere.
+  expect_headers({{"basis", "hf/b3lyp/6-31g", {"easy.basis=sto-3g"}, "hf/b3lyp/sto-3g"},
+                  {"method", "rks/6-31g", {"easy.method=uks"}, "uks/6-31g"}});
+}
+
+TEST(HeaderEdits, ASchemaThatTellsNothingOfFunctionalsLeavesThem) {
+  const InputSchema schema = InputSchema::from_yaml(
+      "schema_version: 1\neasy_input: {methods: [hf], functionals: [b3lyp], basis: [vdz]}\n");
+  const Rewrite rewrite =
+      edit_input(ParsedInput("b3lyp/vdz\nGeometry\nH 0 0 0\nEnd Geometry\n", schema),
+                 edit_of({"easy.method=hf"}));
+  EXPECT_EQ(rewrite.text, "hf/b3lyp/vdz\nGeometry\nH 0 0 0\nEnd Geometry\n");
 }
 
 TEST(HeaderEdits, TheScriptNameIsPatchedOnItsLine) {
@@ -138,6 +172,37 @@ TEST(ChargeAndMultiplicity, AreSetWhereTheInputStatesThem) {
             easy("hf/sto-3g charge=1 spinmulti=2") + "\n$scf\ncharge\n 1\n$end\n");
   EXPECT_EQ(text_of("$scf\nuhf\ncharge\n+1\nspinmulti\n02\n$end\n"),
             "$scf\nuhf\ncharge\n+1\nspinmulti\n02\n$end\n");
+}
+
+TEST(ChargeAndMultiplicity, AreStatedInEveryScfOfASystem) {
+  Edit edit;
+  edit.charge = 1;
+  const std::string compass = "$compass\n$end\n";
+  EXPECT_EQ(edited(compass + "$scf\nrhf\n$end\n$scf\ncharge\n0\n$end\n", edit).text,
+            compass + "$scf\nrhf\ncharge\n1\n$end\n$scf\ncharge\n1\n$end\n");
+  const std::string scf = "$scf\nrhf\n$end\n";
+  EXPECT_THAT(edited(compass + scf + compass + scf, edit).error,
+              ::testing::HasSubstr("more than one system"));
+  // The header speaks for all.
+  EXPECT_EQ(edited(easy("hf/sto-3g") + scf, edit).text, easy("hf/sto-3g charge=1") + scf);
+}
+
+TEST(ChargeAndMultiplicity, AreNotSetTwice) {
+  struct Row {
+    std::string before;
+    std::vector<std::string> assignments;
+  };
+  for (const Row& row : std::vector<Row>{{"$scf\nrhf\n$end\n", {"scf.charge=1"}},
+                                         {"$scf\nrhf\n$end\n", {"-scf.charge"}},
+                                         {easy("hf/sto-3g"), {"easy.charge=1"}},
+                                         {easy("hf/sto-3g"), {"-easy.charge"}}}) {
+    Edit edit = edit_of(row.assignments);
+    edit.charge = 2;
+    EXPECT_THAT(edited(row.before, edit).error, ::testing::HasSubstr("contradicts itself"))
+        << row.assignments.front();
+  }
+  EXPECT_THAT(edited("$scf\nrhf\n$end\n", edit_of({"scf.charge=1", "-scf.charge"})).error,
+              ::testing::HasSubstr("contradicts itself"));
 }
 
 TEST(ChargeAndMultiplicity, OfSeveralModulesChangeTogetherOrNotAtAll) {

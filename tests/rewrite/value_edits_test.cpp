@@ -181,6 +181,48 @@ TEST(ModuleOrder, ANewModuleGoesWhereItRuns) {
   });
 }
 
+TEST(ModuleOrder, WhatStandsBelowAModuleStaysThere) {
+  const std::string job = "$compass\n$end\n\n$scf\nrhf\n$end\n";
+  const std::string nmr = "\n$nmr\nigiao\n  1\n$end\n";
+  expect_edits({
+      {"a command", job + "%cp a b\n# done\n", {"nmr.igiao=1"}, job + "%cp a b\n# done\n" + nmr},
+      {"the comment of the next module",
+       job + "%ls\n# move\n$grad\n$end\n",
+       {"tddft.iroot=1"},
+       job + "%ls\n\n$tddft\niroot\n  1\n$end\n# move\n$grad\n$end\n"},
+      {"below an empty line", job + "\n%ls\n", {"nmr.igiao=1"}, job + nmr + "\n%ls\n"},
+  });
+}
+
+TEST(ModuleOrder, AModuleInFrontOfAllIsSetApart) {
+  expect_edits({
+      {"at the top",
+       "$scf\nrhf\n$end\n",
+       {"compass.nosymm="},
+       "$compass\nnosymm\n$end\n\n$scf\nrhf\n$end\n"},
+      {"below a comment",
+       "# job\n$scf\nrhf\n$end\n",
+       {"compass.nosymm="},
+       "# job\n\n$compass\nnosymm\n$end\n\n$scf\nrhf\n$end\n"},
+      {"two of them",
+       "$scf\nrhf\n$end\n",
+       {"xuanyuan.direct=", "compass.nosymm="},
+       "$compass\nnosymm\n$end\n\n$xuanyuan\ndirect\n$end\n\n$scf\nrhf\n$end\n"},
+  });
+}
+
+TEST(ModuleOrder, AModuleThatGoesLeavesOneEmptyLine) {
+  const std::string compass = "$compass\n$end\n";
+  const std::string scf = "$scf\nrhf\n$end\n";
+  expect_edits({
+      {"the last", compass + "\n" + scf, {"-scf"}, compass},
+      {"the first", compass + "\n" + scf, {"-compass"}, scf},
+      {"one between", compass + "\n$tddft\n$end\n\n" + scf, {"-tddft"}, compass + "\n" + scf},
+      {"without an empty line", compass + scf + scf, {"-scf#2"}, compass + scf},
+      {"without an end of line", compass + "\n$scf\n$end", {"-scf"}, "$compass\n$end"},
+  });
+}
+
 TEST(ModuleOrder, AnEasyInputGetsItsModulesBehindTheGeometry) {
   const std::string job = "#! j\nhf/sto-3g\nGeometry\nH 0 0 0\nEnd Geometry";
   expect_edits({
@@ -205,6 +247,9 @@ TEST(RefusedEdits, NameWhatIsWrongAndChangeNothing) {
                         {job, "scf#3.charge=1", "there is 1 $scf, so that the next one is scf#2"},
                         {"$sfc\nrhf\n$end\n", "scf.charge=1", "line 1"},
                         {job, "scf=1", "it names a module"},
+                        {job, "charge=1", "did you mean 'scf.charge'?"},
+                        {job, "iroot=1", "'tddft.iroot'"},
+                        {job, "scf.spinmulti=0", "at least 1"},
                         {job, "geometry=1", "atoms come from a file"},
                         {job, "scf.rhf=1", "it takes no value"},
                         {job, "easy.charge=1", "no header"},
@@ -225,6 +270,26 @@ TEST(RefusedEdits, UnknownNamesAreWrittenWhenAllowed) {
   Edit edit = edit_of({"scf.oddity=77"});
   edit.allow_unknown_names = true;
   EXPECT_EQ(edited("$scf\nrhf\n$end\n", edit).text, "$scf\nrhf\noddity\n    77\n$end\n");
+}
+
+TEST(RefusedEdits, TellWhatAValueWouldBeReadAs) {
+  const auto message = [](const std::string& assignment) {
+    return messages_of(edited("$scf\nrhf\n$end\n", edit_of({assignment})));
+  };
+  EXPECT_THAT(message("scf.charge=uhf"),
+              ::testing::HasSubstr("'scf.charge' would be read without 'uhf'"));
+  EXPECT_THAT(message("compass.basis=$end"),
+              ::testing::HasSubstr("'compass.basis' would be read without '$end'"));
+}
+
+TEST(Edits, LeaveAnInputThatIsMovedInEmpty) {
+  ParsedInput input("$scf\nrhf\n$end\n", shipped_schema());
+  const ParsedInput copy = input;
+  const Rewrite rewrite = edit_input(std::move(input), edit_of({"scf.charge=1"}));
+  EXPECT_EQ(rewrite.text, edit_input(copy, edit_of({"scf.charge=1"})).text);
+  // NOLINTNEXTLINE(bugprone-use-after-move): as promised.
+  EXPECT_TRUE(input.is_empty());
+  EXPECT_FALSE(copy.is_empty());
 }
 
 }  // namespace

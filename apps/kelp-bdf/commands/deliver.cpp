@@ -82,18 +82,21 @@ void replace_file(const std::string& path, std::string_view text) {
   }
 }
 
-ExitStatus deliver(const Source& source, const input::bdf::ParsedInput& input,
-                   const Rewrite& rewrite, const DeliverOptions& options, const Session& session) {
+ExitStatus deliver(const Source& source, const input::bdf::SourceText& old, const Rewrite& rewrite,
+                   const DeliverOptions& options, const Session& session) {
   if (!rewrite.error.empty()) {
     throw std::runtime_error(source.name + ": " + rewrite.error);
   }
-  const std::string_view old_text = input.source().text();
+  const std::string_view old_text = old.text();
   const bool quiet = session.options.quiet;
   if (options.check && !options.diff) {
     return show_difference(source, old_text, rewrite.text, options, quiet);
   }
   if (!quiet) {
     report_losses(source, rewrite, options, session);
+    for (const std::string& note : rewrite.notes) {
+      complain(fmt::format("{}: {}", source.name, note));
+    }
   }
   if (!rewrite.losses.empty() && !options.force) {
     if (!quiet) {

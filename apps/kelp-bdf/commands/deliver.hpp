@@ -5,8 +5,8 @@
 
 #include "cli/session.hpp"
 #include "cli/sources.hpp"
-#include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/rewrite.hpp"
+#include "kelp/input/bdf/source.hpp"
 
 namespace kelp::app {
 
@@ -24,11 +24,11 @@ struct DeliverOptions {
 /// @throws std::runtime_error naming the path and the cause.
 void replace_file(const std::string& path, std::string_view text);
 
-/// Does with a new text what the options say. What would be lost goes to standard error and stops
-/// it, unless it is forced. A file that has the text already is not touched.
+/// Does with a new text of `old` what the options say. What would be lost goes to standard error
+/// and stops it, unless it is forced. A file that has the text already is not touched.
 /// @throws std::runtime_error naming the file and the cause when nothing was changed or a file
 /// could not be written.
-ExitStatus deliver(const Source& source, const input::bdf::ParsedInput& input,
+ExitStatus deliver(const Source& source, const input::bdf::SourceText& old,
                    const input::bdf::Rewrite& rewrite, const DeliverOptions& options,
                    const Session& session);
 

@@ -16,7 +16,7 @@ ExitStatus format(const Source& source, const FormatOptions& options, Session& s
     throw std::runtime_error("standard input cannot be changed in place");
   }
   const input::bdf::ParsedInput input(read_source(source), session.schema());
-  return deliver(source, input, format_input(input), options, session);
+  return deliver(source, input.source(), format_input(input), options, session);
 }
 
 }  // namespace

@@ -150,8 +150,15 @@ std::optional<ValueLines> value_at(const ParsedInput& input, const ValuePath& pa
   return lines.empty() ? std::nullopt : std::optional(std::move(lines));
 }
 
+std::runtime_error no_value(const std::string& path) {
+  return std::runtime_error(
+      fmt::format("'{0}' names a module; a value is at a path like {0}.charge, and 'kelp-bdf show' "
+                  "lists what there is",
+                  path));
+}
+
 // Who gives the file first gets told, not a message about a strange path.
-ValuePath path_of_value(const GetOptions& options) {
+ValuePath path_of_value(const GetOptions& options, const input::bdf::InputSchema& schema) {
   if (core::resource::is_regular_file_path(options.path) && !options.inputs.empty()) {
     throw std::runtime_error(fmt::format("the path comes first: kelp-bdf get {} {}",
                                          options.inputs.front(), options.path));
@@ -160,23 +167,28 @@ ValuePath path_of_value(const GetOptions& options) {
   if (!result.path) {
     throw std::runtime_error(result.error);
   }
-  if (result.path->kind == PathKind::Module) {
-    throw std::runtime_error(
-        fmt::format("'{0}' names a module; a value is at a path like {0}.charge, and 'kelp-bdf "
-                    "show' lists what there is",
-                    options.path));
+  if (result.path->kind == PathKind::Module && schema.is_known_module(result.path->module)) {
+    throw no_value(options.path);
   }
   return *std::move(result.path);
+}
+
+// A name alone may be that of a keyword.
+std::vector<std::string> meant_by(const ValuePath& path, const ParsedInput& input) {
+  std::vector<std::string> meant;
+  if (path.kind == PathKind::Module) {
+    meant = paths_of_name(input.data(), input.schema(), path.module);
+  }
+  return meant.empty() ? path_hint(input.schema(), path) : meant;
 }
 
 /// One run of the command.
 class Get {
  public:
   Get(const GetOptions& options, Session& session)
-      : options_(options), session_(session), path_(path_of_value(options)) {}
+      : options_(options), session_(session), path_(path_of_value(options, session.schema())) {}
 
   ExitStatus run() {
-    session_.schema();
     const Sources sources = expand_sources(options_.inputs, session_.options);
     is_named_ = sources.list.size() > 1;
     const ExitStatus status =
@@ -190,10 +202,13 @@ class Get {
  private:
   ExitStatus get(const Source& source) {
     const ParsedInput input(read_source(source), session_.schema());
+    if (find_record(input, path_).kind == RecordKind::Module) {
+      throw no_value(options_.path);
+    }
     FileValue value = {to_string(path_), source.name, input.source(), value_at(input, path_)};
     if (!value.lines && !session_.options.quiet) {
       complain(fmt::format("{}: nothing at '{}'{}", source.name, options_.path,
-                           did_you_mean(path_hint(input.schema(), path_))));
+                           did_you_mean(meant_by(path_, input))));
     }
     const ExitStatus status = value.lines ? ExitStatus::Success : ExitStatus::Findings;
     if (options_.json) {

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -12,7 +11,7 @@
 #include "cli/sources.hpp"
 #include "commands/deliver.hpp"
 #include "kelp/core/number.hpp"
-#include "kelp/core/text.hpp"
+#include "kelp/core/resource.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/rewrite.hpp"
 #include "kelp/input/bdf/value_path.hpp"
@@ -23,7 +22,6 @@ namespace {
 using input::bdf::Assignment;
 using input::bdf::Edit;
 using input::bdf::NewGeometry;
-using input::bdf::PathKind;
 using input::bdf::ValuePath;
 
 std::optional<int> read_number(const std::string& option, const std::string& text, int least) {
@@ -55,23 +53,20 @@ Assignment read_assignment(const std::string& text) {
   return *std::move(result.assignment);
 }
 
-// Without a path that names a geometry all of it is the file, '=' and all.
-std::optional<ValuePath> path_before(std::string_view text) {
-  constexpr std::string_view geometry = "geometry";
-  const auto path = input::bdf::parse_path(text).path;
-  const bool names_geometry =
-      path &&
-      (path->kind == PathKind::Geometry ||
-       (path->kind == PathKind::Entry && core::text::equals_ignoring_case(path->name, geometry)));
-  return names_geometry ? path : std::nullopt;
+// A file may have a name with '=' in it.
+std::optional<ValuePath> path_before(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  if (equals == std::string::npos || core::resource::is_regular_file_path(text)) {
+    return std::nullopt;
+  }
+  return input::bdf::parse_path(std::string_view(text).substr(0, equals)).path;
 }
 
 NewGeometry read_geometry(const std::string& text, const SetOptions& options,
                           const Session& session) {
   NewGeometry geometry;
-  const std::size_t equals = std::min(text.find('='), text.size());
-  geometry.path = path_before(std::string_view(text).substr(0, equals));
-  const std::string file = geometry.path ? text.substr(equals + 1) : text;
+  geometry.path = path_before(text);
+  const std::string file = geometry.path ? text.substr(text.find('=') + 1) : text;
   if (file == "-" && options.input == "-") {
     throw std::runtime_error("standard input cannot hold both the input and the geometry");
   }
@@ -123,8 +118,9 @@ ExitStatus run_set(const SetOptions& options, Session& session) {
     throw std::runtime_error("nothing to set; name a PATH=VALUE or one of the options");
   }
   const Source source = source_of(options.input, session.options);
-  const input::bdf::ParsedInput input(read_source(source), session.schema());
-  return deliver(source, input, edit_input(input, edit), options, session);
+  input::bdf::ParsedInput input(read_source(source), session.schema());
+  const input::bdf::SourceText old = input.source();
+  return deliver(source, old, edit_input(std::move(input), edit), options, session);
 }
 
 }  // namespace kelp::app

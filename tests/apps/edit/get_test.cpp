@@ -158,6 +158,16 @@ TEST(Get, AModuleIsNoValue) {
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "");
   EXPECT_THAT(outcome.err, HasSubstr("'scf' names a module"));
+  const Outcome unknown = program.run({"get", "odd", "-"}, "$odd\n$end\n");
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err, HasSubstr("'odd' names a module"));
+}
+
+TEST(Get, ANameAloneMayBeThatOfAKeyword) {
+  Program program;
+  const Outcome outcome = program.run({"get", "charge", "-"}, "$scf\ncharge\n 1\n$end\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "kelp-bdf: <stdin>: nothing at 'charge'; did you mean 'scf.charge'?\n");
 }
 
 }  // namespace

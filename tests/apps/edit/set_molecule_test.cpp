@@ -42,16 +42,17 @@ TEST(SetGeometry, OfAModuleInputStandsInCompass) {
             std::string("O 0 0 0.1000000000\n") + hydrogens);
 }
 
-TEST(SetGeometry, CommentsWithinTheOldGeometryStay) {
+TEST(SetGeometry, CommentsAboveTheOldAtomsStay) {
   Program program;
   program.write("water.xyz", water);
   const Outcome outcome =
       program.run({"set", "-", "--geometry", "water.xyz"},
                   "hf/sto-3g\nGeometry\n# one atom\nHe 0 0 0.12 # centre\nEnd Geometry\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out,
-            std::string("hf/sto-3g\nGeometry\n# one atom\nO 0 0 0.1000000000 # centre\n") +
-                hydrogens + "End Geometry\n");
+  EXPECT_EQ(outcome.out, std::string("hf/sto-3g\nGeometry\n# one atom\nO 0 0 0.1000000000\n") +
+                             hydrogens + "End Geometry\n");
+  EXPECT_EQ(outcome.err,
+            "kelp-bdf: <stdin>: what was said of the old geometry goes: '# centre' (line 4)\n");
 }
 
 TEST(SetGeometry, CommentsAroundTheOldGeometryStay) {
@@ -113,8 +114,9 @@ TEST(SetGeometry, OneOfSeveralIsNamedByItsPath) {
   const Outcome outcome =
       program.run({"set", "-", "--geometry", "compass#2.geometry=he=1.xyz"}, first + second);
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_EQ(outcome.out,
-            first + "$compass\ngeometry\nHe 0 0 1.0000000000 # c\nend geometry\n$end\n");
+  EXPECT_EQ(outcome.out, first + "$compass\ngeometry\nHe 0 0 1.0000000000\nend geometry\n$end\n");
+  EXPECT_EQ(program.run({"set", "-", "--geometry", "scf.charge=he=1.xyz"}, first).err,
+            "kelp-bdf: <stdin>: 'scf.charge' is no geometry; the input has compass.geometry\n");
   EXPECT_EQ(program.run({"set", "-", "--geometry", "geometry=he=1.xyz"}, first).out,
             "$compass\ngeometry\nHe 0 0 1.0000000000\nend geometry\n$end\n");
   EXPECT_EQ(program.run({"set", "-", "--geometry", "he=1.xyz"}, first + second).err,

@@ -58,7 +58,7 @@ struct Edit {
   std::optional<int> multiplicity;         ///< spin multiplicity 2S+1
   std::optional<std::string> script_name;  ///< the name on the line `#!`
   std::optional<NewGeometry> geometry;     ///< all atoms
-  std::vector<Assignment> assignments;     ///< made in this order
+  std::vector<Assignment> assignments;     ///< made in this order, the last one counts
   std::vector<ValuePath> unset;            ///< values, header keywords or modules to take out
   bool allow_unknown_names = false;        ///< names that the schema does not know are written
 };
@@ -70,12 +70,19 @@ struct Rewrite {
   /// Reasons not to write the text: what it would not say as wanted, and errors that the input did
   /// not have. Their ranges are those of the new text.
   std::vector<Diagnostic> losses;
+  /// What went along with the change though nobody asked for it, a sentence each: comments of atoms
+  /// that are gone, a functional that the new method does not take.
+  std::vector<std::string> notes;
   std::string error;  ///< why nothing was changed, in words; empty when it was
 };
 
 /// Changes an input. What has the value already, however it is spelt, stays as it is; a new entry
 /// stands behind the others of its module, a new module where the order of execution wants it.
 KELP_BDF_INP_EXPORT Rewrite edit_input(const ParsedInput& input, const Edit& edit);
+
+/// The same with an input that is not needed any more: it is let go, and an empty one is left,
+/// before the new text is read. A text with very many atoms needs half of the memory.
+KELP_BDF_INP_EXPORT Rewrite edit_input(ParsedInput&& input, const Edit& edit);
 
 /// Returns the edits that turn an input's text into one that says what a document says: the input's
 /// own document (`ParsedInput::data`), changed by a host or an editor. Records are matched by their

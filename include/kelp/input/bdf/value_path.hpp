@@ -98,6 +98,13 @@ KELP_BDF_INP_EXPORT std::optional<std::vector<std::string>> find_value(const Par
 KELP_BDF_INP_EXPORT std::vector<std::string> path_hint(const InputSchema& schema,
                                                        const ValuePath& path);
 
+/// Returns the paths that a name without a module may stand for: `easy.charge` and `scf.charge` for
+/// `charge`. Those at which a document has something, or where it has nothing those that the schema
+/// allows: in its header, in the modules that are there, else in any module.
+KELP_BDF_INP_EXPORT std::vector<std::string> paths_of_name(const BDFData& data,
+                                                           const InputSchema& schema,
+                                                           std::string_view name);
+
 /// Returns the path of a record: `scf#2.charge`, `easy.charge`, `geometry` for the geometry and all
 /// that stands in it. Empty for what no path names: a method specification, a statement, a leading
 /// line, a record that is not there. Of several entries of one name all have the path of the first.
