@@ -10,17 +10,6 @@
 
 namespace kelp::input::bdf {
 
-/// How the lines of an entry are indented.
-struct Indentation {
-  std::string keyword;
-  std::string value;
-};
-
-/// Returns the indentation of the entries around a module's `entry`-th one; of the module's first
-/// entries, or of those of another module, where there are none near; else that of the canonical
-/// layout.
-Indentation indentation_near(const ParsedInput& input, std::size_t module, std::size_t entry);
-
 /// Changes the value lines of an entry or child from the ones read to others. Lines that say the
 /// same stay; a line that changes keeps its indentation and its comment, and in a geometry also its
 /// columns, its label and the digits of numbers that stay equal.
