@@ -160,12 +160,15 @@ class Editing {
   // A bare name may be that of a keyword.
   Problem refuse_module(const ValuePath& path) const {
     const InputSchema& schema = context_.schema();
-    const Texts meant = schema.is_known_module(path.module)
-                            ? Texts()
-                            : paths_of_name(result_.data, schema, path.module);
-    return refusal(path, meant.empty() ? "it names a module; a value belongs to one of its entries"
-                                       : "there is no such module; did you mean " +
-                                             quoted_choice(meant) + "?");
+    if (schema.is_known_module(path.module) || find_record(result_.data, schema, path)) {
+      return refusal(path, "it names a module; a value belongs to one of its entries");
+    }
+    Texts meant = paths_of_name(result_.data, schema, path.module);
+    if (meant.empty()) {
+      meant = path_hint(schema, path);
+    }
+    return refusal(path, "there is no module '" + path.module + "'" +
+                             (meant.empty() ? "" : "; did you mean " + quoted_choice(meant) + "?"));
   }
 
   Problem take_out() {

@@ -75,21 +75,23 @@ void put_keyword(EditContext& context, const std::string& key,
                  const std::optional<std::string>& value) {
   const InputSchema& schema = context.schema();
   const std::string wanted = schema.canonical_easy_key(key);
+  const std::string assigned = value ? '=' + *value : "";
+  bool is_there = false;
+  // A header that says it twice must not say two things.
   for (EasyToken& token : context.data.easy_tokens) {
     if (token.category == "method_spec" || schema.canonical_easy_key(token.key) != wanted) {
       continue;
     }
-    if (value ? same_value_line(token.value, *value) : token.value.empty()) {
-      return;
+    is_there = true;
+    if (value ? !same_value_line(token.value, *value) : !token.value.empty()) {
+      const auto location = token.location;
+      token = easy_token_from_text(token.text.substr(0, token.text.find('=')) + assigned, schema);
+      token.location = location;
     }
-    const std::string written = token.text.substr(0, token.text.find('='));
-    const auto location = token.location;
-    token = easy_token_from_text(written + (value ? '=' + *value : ""), schema);
-    token.location = location;
-    return;
   }
-  context.data.easy_tokens.push_back(
-      easy_token_from_text(wanted + (value ? '=' + *value : ""), schema));
+  if (!is_there) {
+    context.data.easy_tokens.push_back(easy_token_from_text(wanted + assigned, schema));
+  }
 }
 
 }  // namespace kelp::input::bdf

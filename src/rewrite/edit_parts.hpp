@@ -42,7 +42,7 @@ Problem set_specification(EditContext& context, const std::vector<const Assignme
 /// Makes the assignment of a keyword of the header.
 Problem set_easy(EditContext& context, const Assignment& assignment);
 
-/// Puts a keyword of the header, or its value where it is there.
+/// Puts a keyword of the header, or its value wherever it is there.
 void put_keyword(EditContext& context, const std::string& key,
                  const std::optional<std::string>& value);
 

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "schema/document_keys.hpp"
+#include "schema/normalize_key.hpp"
 #include "schema/yaml_reader.hpp"
 #include "schema/yaml_values.hpp"
 #include "schema_lint/description.hpp"
@@ -133,7 +134,7 @@ class Linter {
     }
     const YAML::Node easy = root["easy_input"];
     form_.check_map(easy, easy_input_rules, "'easy_input'");
-    check_names(easy["methods"], "a method");
+    check_names(easy["methods"], "a method", easy["methods_without_functional"]);
     check_names(easy["functionals"], "a functional");
     check_basis(easy["basis"]);
     check_keywords(easy["control_keywords"]);
@@ -149,7 +150,8 @@ class Linter {
     }
   }
 
-  void check_names(const YAML::Node& node, std::string_view thing) {
+  // `some` lists a part of the names once more.
+  void check_names(const YAML::Node& node, std::string_view thing, const YAML::Node& some = {}) {
     if (!node || (!node.IsMap() && !node.IsSequence()) || !is_first_visit(node)) {
       return;
     }
@@ -165,6 +167,13 @@ class Linter {
         meanings_.check_basis_set(item);
       } else {
         meanings_.check_summary(item);
+      }
+    }
+    for (const YAML::Node& name : some) {
+      if (name.IsScalar() && table.find(normalize_key(name.Scalar())) == nullptr) {
+        problems_.unknown("schema.unknown_reference", name,
+                          "'" + name.Scalar() + "' is not " + std::string(thing) + ".",
+                          table.names());
       }
     }
   }

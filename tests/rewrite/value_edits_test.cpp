@@ -249,6 +249,7 @@ TEST(RefusedEdits, NameWhatIsWrongAndChangeNothing) {
                         {job, "scf=1", "it names a module"},
                         {job, "charge=1", "did you mean 'scf.charge'?"},
                         {job, "iroot=1", "'tddft.iroot'"},
+                        {job, "nosuch=1", "there is no module 'nosuch'"},
                         {job, "scf.spinmulti=0", "at least 1"},
                         {job, "geometry=1", "atoms come from a file"},
                         {job, "scf.rhf=1", "it takes no value"},

@@ -97,6 +97,20 @@ modules:
             20U);
 }
 
+TEST(FunctionalUse, IsToldOfKnownMethodsWhereTheSchemaListsThem) {
+  const InputSchema schema = schema_from(
+      "easy_input: {methods: {hf: {aliases: [h]}, rks: {}}, methods_without_functional: [HF]}\n");
+  const auto use_of = [](const InputSchema& asked, const char* method) {
+    return functional_use(SchemaAccess::impl(asked), method);
+  };
+  EXPECT_EQ(use_of(schema, "H"), FunctionalUse::None);
+  EXPECT_EQ(use_of(schema, "rks"), FunctionalUse::Needed);
+  EXPECT_EQ(use_of(schema, "odd"), FunctionalUse::Untold);
+  EXPECT_EQ(use_of(schema_from("easy_input: {methods: [hf]}\n"), "hf"), FunctionalUse::Untold);
+  EXPECT_EQ(use_of(shipped_schema(), "x-tddft-soc"), FunctionalUse::Needed);
+  EXPECT_EQ(use_of(shipped_schema(), "ri-mp2"), FunctionalUse::None);
+}
+
 TEST(SchemaHandles, OfAnEmptySchemaAreNull) {
   const InputSchema empty;
   EXPECT_EQ(find_module_spec(SchemaAccess::impl(empty), "scf"), nullptr);

@@ -25,6 +25,9 @@ TEST(SchemaLint, FindsWhatIsWrongWithADocumentAsAWhole) {
       {__LINE__,
        "schema_version: 1\nmethods: [hf]\neasy_keywords: {charge: {kind: x}}\n",
        {"3:32 schema.unknown_kind"}},
+      {__LINE__,
+       "schema_version: 1\neasy_input:\n  methods: [hf]\n  methods_without_functional: [hf, mp]\n",
+       {"4:36 schema.unknown_reference"}},
       {__LINE__, "schema_version: 1\n---\nmodules: {}\n", {"3:1 schema.second_document"}},
   });
 }
