@@ -9,8 +9,8 @@
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "model/value_lines.hpp"
-#include "source/elements.hpp"
 #include "source/atom_line.hpp"
+#include "source/elements.hpp"
 
 namespace kelp::input::bdf {
 namespace {

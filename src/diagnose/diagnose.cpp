@@ -169,7 +169,9 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
       in_order.add(std::move(draft.diagnostic));
     }
   });
-  find_header_words(context, options, add);
+  if (!start) {
+    find_header_words(context, options, add);
+  }
   find_module_names(context, options, add);
   find_atom_lines(context, add);
   if (options.advice) {

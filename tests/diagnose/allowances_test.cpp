@@ -55,12 +55,11 @@ TEST(Allowances, AboveAModuleAreAboutAllOfIt) {
               IsEmpty());
 }
 
-// The misspelt end is read as the header of another module.
-TEST(Allowances, AboveAModuleAreAboutWhatIsMarkedOutsideOfIt) {
-  const std::string module = "$scf\nrhf\n$edn\n$end\n";
-  const auto is_there = Contains("bdf.unterminated_module on 3");
-  EXPECT_THAT(found_in(module), is_there);
-  EXPECT_THAT(found_in("# kelp-bdf: allow bdf.unterminated_module\n" + module), Not(is_there));
+TEST(Allowances, AboveAModuleAreAboutItsBorders) {
+  EXPECT_THAT(found_in("$scf\nrhf\n$edn\n"), ElementsAre("frame.misspelt_end on 3"));
+  EXPECT_THAT(found_in("# kelp-bdf: allow frame.misspelt_end\n$scf\nrhf\n$edn\n"), IsEmpty());
+  EXPECT_THAT(found_in("$scf\nrhf\n"), ElementsAre("bdf.unterminated_module on 2"));
+  EXPECT_THAT(found_in("# kelp-bdf: allow bdf.unterminated_module\n$scf\nrhf\n"), IsEmpty());
 }
 
 TEST(Allowances, AboveAnEntryAreAboutItsValuesAndChildren) {
@@ -91,11 +90,12 @@ TEST(Allowances, WorkInTheHeader) {
 }
 
 TEST(Allowances, WorkAboveAGeometry) {
-  const std::string allowance = "# kelp-bdf: allow bdf.unterminated_geometry\n";
-  EXPECT_THAT(found_in("hf/sto-3g\n" + allowance + "Geometry\n H 0 0 0\n"), IsEmpty());
+  const std::string missing = "# kelp-bdf: allow bdf.unterminated_geometry\n";
+  const std::string misspelt = "# kelp-bdf: allow frame.misspelt_terminator\n";
+  EXPECT_THAT(found_in("hf/sto-3g\n" + missing + "Geometry\n H 0 0 0\n"), IsEmpty());
   // The line that is marked as the misspelt end belongs to the block.
-  EXPECT_THAT(found_in("hf/sto-3g\n" + allowance + "Geometry\n H 0 0 0\nEndGeometry\n"), IsEmpty());
-  EXPECT_THAT(found_in("hf/sto-3g\nGeometry\n H 0 0 0\n" + allowance + "EndGeometry\n"), IsEmpty());
+  EXPECT_THAT(found_in("hf/sto-3g\n" + misspelt + "Geometry\n H 0 0 0\nEndGeometry\n"), IsEmpty());
+  EXPECT_THAT(found_in("hf/sto-3g\nGeometry\n H 0 0 0\n" + misspelt + "EndGeometry\n"), IsEmpty());
 }
 
 TEST(Allowances, OfTheFileAreAboutAllOfIt) {

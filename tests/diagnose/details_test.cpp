@@ -51,20 +51,20 @@ const Row header_rows[] = {
      {"error bdf.invalid_easy_value of easy.charge [charge] [x]\n"
       "2:18 'x'\n"
       "help: expected: an integer\n",
-      "error bdf.invalid_easy_value of easy.charge [charge] [x]\n"
-      "2:28 'x'\n"
-      "help: expected: an integer\n",
-      "error bdf.invalid_easy_value of easy.charge [charge] [x]\n"
-      "3:9 'x'\n"
-      "help: expected: an integer\n",
       "warning header.keyword_twice of easy.charge [charge]\n"
       "2:20 'charge': first given on line 2\n"
       "2:11 'charge=x' is related: first given here\n"
       "help: keep the one that is meant; which of them counts is not said\n",
+      "error bdf.invalid_easy_value of easy.charge [charge] [x]\n"
+      "2:28 'x'\n"
+      "help: expected: an integer\n",
       "warning header.keyword_twice of easy.charge [charge]\n"
       "3:1 'charge': first given on line 2\n"
       "2:11 'charge=x' is related: first given here\n"
-      "help: keep the one that is meant; which of them counts is not said\n"}},
+      "help: keep the one that is meant; which of them counts is not said\n",
+      "error bdf.invalid_easy_value of easy.charge [charge] [x]\n"
+      "3:9 'x'\n"
+      "help: expected: an integer\n"}},
     {"a header without a method",
      "#! job\n charge=0 spinmulti=1 # c\n" + geometry,
      {"error bdf.missing_method\n"

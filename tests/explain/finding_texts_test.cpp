@@ -34,7 +34,7 @@ std::set<std::string> codes_in(const fs::path& folder) {
     }
     const std::string text = test::file_bytes(item.path());
     for (std::sregex_iterator found(text.begin(), text.end(), code), end; found != end; ++found) {
-      codes.insert((*found)[(*found)[1].matched ? 1 : 3]);
+      codes.insert((*found)[(*found)[1].matched ? 1 : 4]);
     }
   }
   return codes;
