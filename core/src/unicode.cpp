@@ -7,7 +7,6 @@
 namespace kelp::core::unicode {
 namespace {
 
-constexpr std::string_view replacement = "\xEF\xBF\xBD";
 constexpr std::string_view tab_blanks = "    ";
 
 struct CodeRange {
@@ -18,11 +17,11 @@ struct CodeRange {
 // Marks that combine and characters without a shape: the blocks of them that occur in notes and
 // names.
 constexpr auto zero_width = std::to_array<CodeRange>({
-    {0x300, 0x36F},   {0x483, 0x489},   {0x591, 0x5BD},   {0x610, 0x61A},     {0x64B, 0x65F},
-    {0x670, 0x670},   {0x93C, 0x93C},   {0x941, 0x948},   {0x94D, 0x94D},     {0xE31, 0xE31},
-    {0xE34, 0xE3A},   {0xE47, 0xE4E},   {0x1160, 0x11FF}, {0x1AB0, 0x1AFF},   {0x1DC0, 0x1DFF},
-    {0x200B, 0x200D}, {0x2060, 0x2064}, {0x20D0, 0x20FF}, {0x302A, 0x302D},   {0x3099, 0x309A},
-    {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F}, {0xFEFF, 0xFEFF}, {0x1F3FB, 0x1F3FF}, {0xE0100, 0xE01EF},
+    {0x300, 0x36F},     {0x483, 0x489},     {0x591, 0x5BD},   {0x610, 0x61A},   {0x64B, 0x65F},
+    {0x670, 0x670},     {0x93C, 0x93C},     {0x941, 0x948},   {0x94D, 0x94D},   {0xE31, 0xE31},
+    {0xE34, 0xE3A},     {0xE47, 0xE4E},     {0x1160, 0x11FF}, {0x1AB0, 0x1AFF}, {0x1DC0, 0x1DFF},
+    {0x20D0, 0x20FF},   {0x302A, 0x302D},   {0x3099, 0x309A}, {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F},
+    {0x1F3FB, 0x1F3FF}, {0xE0100, 0xE01EF},
 });
 
 constexpr auto wide = std::to_array<CodeRange>({
@@ -44,14 +43,20 @@ constexpr auto wide = std::to_array<CodeRange>({
     {0x30000, 0x3FFFD},
 });
 
-// What moves the cursor, starts an escape sequence, or makes a line read other than it is written.
+// What moves the cursor, starts an escape sequence, makes a line read other than it is written, or
+// makes two words that look the same differ.
 constexpr auto unshowable = std::to_array<CodeRange>({
     {0x0, 0x1F},
     {0x7F, 0x9F},
-    {0x200E, 0x200F},
-    {0x2028, 0x202E},
-    {0x2066, 0x2069},
+    {0xAD, 0xAD},
     {0x61C, 0x61C},
+    {0x180E, 0x180E},
+    {0x200B, 0x200F},
+    {0x2028, 0x202E},
+    {0x2060, 0x206F},
+    {0xFEFF, 0xFEFF},
+    {0xFFF9, 0xFFFB},
+    {0xE0000, 0xE007F},
 });
 
 template <std::size_t Count>
@@ -101,6 +106,14 @@ std::size_t sequence_length(std::string_view text) {
   return malformed ? 0 : length;
 }
 
+}  // namespace
+
+std::size_t character_length(std::string_view text) {
+  return std::max<std::size_t>(sequence_length(text), 1);
+}
+
+namespace {
+
 std::uint32_t code_of(std::string_view character) {
   constexpr std::array<std::uint32_t, 5> lead_bits = {0, 0x7F, 0x1F, 0x0F, 0x07};
   std::uint32_t code = byte_at(character, 0) & lead_bits[character.size()];
@@ -110,13 +123,13 @@ std::uint32_t code_of(std::string_view character) {
   return code;
 }
 
-// Calls `use` for each character; one that is not well formed is empty.
+// Calls `use` for each character; a byte that is not well formed is one.
 template <typename Use>
 void for_each_character(std::string_view text, Use use) {
   while (!text.empty()) {
-    const std::size_t length = sequence_length(text);
+    const std::size_t length = character_length(text);
     use(text.substr(0, length));
-    text.remove_prefix(std::max<std::size_t>(length, 1));
+    text.remove_prefix(length);
   }
 }
 
@@ -160,8 +173,8 @@ void for_each_piece(std::string_view text, Use use) {
     }
   };
   for_each_character(text, [&](std::string_view character) {
-    const std::uint32_t code = character.empty() ? 0 : code_of(character);
-    const std::size_t length = std::max<std::size_t>(character.size(), 1);
+    const std::uint32_t code = sequence_length(character) == 0 ? 0 : code_of(character);
+    const std::size_t length = character.size();
     if (code == ' ') {
       finish();
       begin = at + length;
@@ -175,11 +188,39 @@ void for_each_piece(std::string_view text, Use use) {
   finish();
 }
 
-}  // namespace
-
-std::size_t character_length(std::string_view text) {
-  return std::max<std::size_t>(sequence_length(text), 1);
+bool is_byte(std::string_view character) {
+  return character.size() == 1;
 }
+
+void append_hexadecimal(std::string& text, std::uint32_t code, unsigned int digits) {
+  for (unsigned int digit = digits; digit > 0; --digit) {
+    text += "0123456789abcdef"[code >> 4U * (digit - 1) & 0xFU];
+  }
+}
+
+// As it would be written in a string of most languages.
+std::string escaped(std::string_view character) {
+  switch (character.front()) {
+    case '\n':
+      return "\\n";
+    case '\r':
+      return "\\r";
+    default:
+      break;
+  }
+  constexpr std::uint32_t last_of_four_digits = 0xFFFF;
+  const std::uint32_t code = is_byte(character) ? byte_at(character, 0) : code_of(character);
+  const bool is_long = code > last_of_four_digits;
+  std::string text = is_byte(character) ? "\\x" : is_long ? "\\U" : "\\u";
+  append_hexadecimal(text, code, is_byte(character) ? 2 : is_long ? 8 : 4);
+  return text;
+}
+
+bool is_showable(std::string_view character) {
+  return sequence_length(character) > 0 && !is_in(code_of(character), unshowable);
+}
+
+}  // namespace
 
 std::size_t next_character(std::string_view text, std::size_t at) {
   while (at < text.size() && is_continuation(byte_at(text, at))) {
@@ -205,12 +246,11 @@ std::size_t count_utf16_units(std::string_view text) {
 std::size_t display_width(std::string_view text) {
   std::size_t width = 0;
   for_each_character(text, [&](std::string_view character) {
-    const std::uint32_t code = character.empty() ? 0 : code_of(character);
-    if (code == '\t') {
+    if (character == "\t") {
       width += tab_blanks.size();
-    } else if (is_in(code, unshowable)) {
-      width += 1;
-    } else if (!is_in(code, zero_width)) {
+    } else if (!is_showable(character)) {
+      width += escaped(character).size();
+    } else if (const std::uint32_t code = code_of(character); !is_in(code, zero_width)) {
       width += is_in(code, wide) ? 2 : 1;
     }
   });
@@ -223,10 +263,10 @@ std::string displayable(std::string_view text) {
   for_each_character(text, [&](std::string_view character) {
     if (character == "\t") {
       shown += tab_blanks;
-    } else if (character.empty() || is_in(code_of(character), unshowable)) {
-      shown += replacement;
-    } else {
+    } else if (is_showable(character)) {
       shown += character;
+    } else {
+      shown += escaped(character);
     }
   });
   return shown;
@@ -269,6 +309,23 @@ std::string fitted(std::string_view text, std::size_t columns) {
     first = first.substr(0, last);
   }
   return std::string(first).append(dots);
+}
+
+std::string displayable_lines(std::string_view text) {
+  std::string shown;
+  shown.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    const std::string_view line_end = text.substr(end, 1);
+    text.remove_prefix(line.size() + line_end.size());
+    if (!line_end.empty() && line.ends_with('\r')) {
+      line.remove_suffix(1);
+    }
+    shown += displayable(line);
+    shown += line_end;
+  }
+  return shown;
 }
 
 std::string abridged(std::string_view text) {

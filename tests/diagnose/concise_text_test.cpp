@@ -42,7 +42,7 @@ TEST(ConciseText, CountsCodePoints) {
 TEST(ConciseText, IsOneLineThatATerminalShowsAsItIs) {
   const std::string text =
       concise_text(finding(Severity::Error, "a\x1B[31m\nb\tc\xFF"), SourceText(), "x\ny");
-  EXPECT_EQ(text, "x\uFFFDy:1:1: error: a\uFFFD[31m\uFFFDb    c\uFFFD [bdf.some_code]");
+  EXPECT_EQ(text, "x\\ny:1:1: error: a\\x1b[31m\\nb    c\\xff [bdf.some_code]");
 }
 
 TEST(ConciseText, LeavesOutTheMiddleOfAVeryLongMessage) {

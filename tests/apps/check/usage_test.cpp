@@ -103,7 +103,7 @@ const Row rows[] = {
     {{"check", "--strikt", "a.inp"}, "unknown option '--strikt'; did you mean '--strict'?"},
     {{"check", "--unknwon=warn", "a.inp"}, "unknown option '--unknwon'; did you mean '--unknown'?"},
     {{"check", "-x", "a.inp"}, "unknown option '-x'"},
-    {{"check", "--\x1B[31m", "a.inp"}, "unknown option '--\xEF\xBF\xBD[31m'"},
+    {{"check", "--\x1B[31m", "a.inp"}, "unknown option '--\\x1b[31m'"},
     {{"check"}, "input is required; see 'kelp-bdf check --help'"},
     {{"check", "--deny", "bdf.unknown_entri", "a.inp"},
      "there is no code 'bdf.unknown_entri'; did you mean 'bdf.unknown_entry'?"},

@@ -27,9 +27,14 @@ std::size_t count_utf16_units(std::string_view text);
 /// character, none for a mark that combines with the one before.
 std::size_t display_width(std::string_view text);
 
-/// Returns a text that is safe to show: a tab becomes blanks; a control character, one that turns
-/// the direction of writing, or a byte that is no UTF-8 becomes a replacement character.
+/// Returns a text that is safe to show on one line: a tab becomes blanks; a control character, one
+/// that turns the direction of writing or has no shape, or a byte that is no UTF-8 becomes an
+/// escape such as `\n`, `\x1b` or `\u202e`.
 std::string displayable(std::string_view text);
+
+/// Returns a text of many lines that is safe to show: each of them as `displayable` makes it,
+/// without the carriage return of its line end.
+std::string displayable_lines(std::string_view text);
 
 /// Cuts a text into lines of at most `columns` columns, at blanks, which are left out, and beside
 /// wide characters, but so that no line begins with what closes and none ends with what opens. A
