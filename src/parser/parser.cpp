@@ -46,6 +46,17 @@ void finish(const InputSchema& schema, const ParseOptions& options, ParseResult&
   }
 }
 
+// Where memory is gone there may be none for the path; the short text needs none.
+ParseResult unreadable(const std::string& path, const char* cause) {
+  ParseResult result;
+  try {
+    result.error = "failed to read BDF input '" + path + "': " + cause;
+  } catch (const std::exception&) {
+    result.error = "out of memory";
+  }
+  return result;
+}
+
 }  // namespace
 
 ParseResult BDFParser::parse_string(std::string_view text, const InputSchema& schema,
@@ -66,9 +77,7 @@ ParseResult BDFParser::parse_file(const std::string& path, const InputSchema& sc
   try {
     return parse_string(core::fs::read_text_file(path), schema, options);
   } catch (const std::exception& error) {
-    ParseResult result;
-    result.error = "failed to read BDF input '" + path + "': " + error.what();
-    return result;
+    return unreadable(path, error.what());
   }
 }
 

@@ -13,6 +13,7 @@
 
 #include "allocation/failing_new.hpp"
 #include "kelp/input/bdf.hpp"
+#include "support/files.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
@@ -215,6 +216,40 @@ void expect_clean_failures(const char* name, const std::function<void()>& task) 
 TEST(FailedAllocation, OfReadingPassesThrough) {
   expect_clean_failures("parse", [] { BDFParser::parse_string(text, shipped_schema(), {}); });
   expect_clean_failures("ParsedInput", [] { const ParsedInput input(text, shipped_schema()); });
+}
+
+TEST(FailedAllocation, OfReadingAFileIsAnErrorOfItsResult) {
+  const test::TemporaryFolder folder;
+  const std::string path = test::utf8(folder / "an_input_with_a_name_of_more_than_16_letters.inp");
+  test::write_file(path, text);
+  const InputSchema& schema = shipped_schema();
+  const std::string usual = BDFParser::parse_file(path, schema, {}).error;
+  std::size_t named = 0;
+  bool failed = true;
+  for (std::size_t number = 0; failed; ++number) {
+    ParseResult result;
+    {
+      const FailingNew failing(number);
+      ASSERT_NO_THROW(result = BDFParser::parse_file(path, schema, {})) << "allocation " << number;
+      failed = failing.has_failed();
+    }
+    EXPECT_TRUE(failed || result.error == usual) << "allocation " << number;
+    named += result.error.find(path) != std::string::npos ? 1 : 0;
+  }
+  EXPECT_GT(named, 0U);
+}
+
+// With one failure the message still finds memory; here there is none from the first one on.
+TEST(FailedAllocation, WithoutAnyMemoryReadingAFileStillReturns) {
+  const std::string path = "an_input_with_a_name_of_more_than_16_letters.inp";
+  const InputSchema& schema = shipped_schema();
+  std::string error;
+  {
+    const FailingNew failing(0, FailingNew::Lasting{});
+    const ParseResult result = BDFParser::parse_file(path, schema, {});
+    error.assign(result.error, 0, 15);
+  }
+  EXPECT_EQ(error, "out of memory");
 }
 
 TEST(FailedAllocation, OfChecksPassesThrough) {

@@ -14,11 +14,13 @@ constexpr long long never = -1;
 
 std::atomic<long long> countdown{never};
 std::atomic<bool> failed{false};
+std::atomic<bool> lasting{false};
 std::atomic<long long> blocks{0};
 
 void* allocate(std::size_t size) {
   if (countdown.load() >= 0 && countdown.fetch_sub(1) == 0) {
     failed = true;
+    countdown = lasting ? 0 : never;
     throw std::bad_alloc();
   }
   void* const block = std::malloc(size == 0 ? 1 : size);
@@ -39,8 +41,13 @@ void release(void* block) noexcept {
 }  // namespace
 
 FailingNew::FailingNew(std::size_t number) noexcept {
+  lasting = false;
   failed = false;
   countdown = static_cast<long long>(number);
+}
+
+FailingNew::FailingNew(std::size_t number, Lasting) noexcept : FailingNew(number) {
+  lasting = true;
 }
 
 FailingNew::~FailingNew() {

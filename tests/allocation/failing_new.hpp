@@ -9,6 +9,11 @@ namespace kelp::test {
 class FailingNew {
  public:
   explicit FailingNew(std::size_t number) noexcept;
+
+  /// Lets all that follow fail, too.
+  struct Lasting {};
+  FailingNew(std::size_t number, Lasting lasting) noexcept;
+
   FailingNew(const FailingNew&) = delete;
   FailingNew& operator=(const FailingNew&) = delete;
   ~FailingNew();
