@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 namespace kelp::core::console {
 
@@ -19,6 +20,10 @@ bool is_terminal(Stream stream) {
 }
 
 void use_plain_bytes() {}
+
+void let_size_limits_be_errors() {
+  std::signal(SIGXFSZ, SIG_IGN);
+}
 
 bool reader_went_away() {
   return errno == EPIPE;

@@ -7,7 +7,7 @@ namespace kelp::core::fs {
 /// Owns a file descriptor.
 class FileDescriptor {
  public:
-  explicit FileDescriptor(int descriptor) noexcept : descriptor_(descriptor) {}
+  explicit FileDescriptor(int descriptor = -1) noexcept : descriptor_(descriptor) {}
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor(FileDescriptor&&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
@@ -16,6 +16,12 @@ class FileDescriptor {
 
   bool is_open() const noexcept { return descriptor_ >= 0; }
   int get() const noexcept { return descriptor_; }
+
+  /// Owns another descriptor instead.
+  void reset(int descriptor) noexcept {
+    close();
+    descriptor_ = descriptor;
+  }
 
   /// Closes it; false when the system reports that data was lost.
   bool close() noexcept {

@@ -32,6 +32,9 @@ std::size_t expected_size(int file, const std::string& path) {
 }  // namespace
 
 std::string read_text_file(const std::string& path) {
+  if (path.find('\0') != std::string::npos) {
+    throw_unreadable(path, std::generic_category().message(EINVAL));
+  }
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file.is_open()) {
     throw_errno(path);

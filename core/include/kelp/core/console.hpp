@@ -18,6 +18,10 @@ bool is_terminal(Stream stream);
 /// anything is read or written.
 void use_plain_bytes();
 
+/// Makes a write beyond the system's limit on the size of files fail like any other, instead of
+/// ending the process.
+void let_size_limits_be_errors();
+
 /// Tells, right after a write to a standard stream has failed, whether it failed because nobody
 /// reads the other end of the pipe any more.
 bool reader_went_away();

@@ -3,6 +3,7 @@
 /// @file
 /// Files. Paths are UTF-8 on every platform.
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,12 +15,35 @@ namespace kelp::core::fs {
 std::string read_text_file(const std::string& path);
 
 /// Replaces a file by a text, as a whole: whoever opens the path sees the old or the new bytes,
-/// also after a crash. An existing file keeps its permissions, a symbolic link its target's place.
+/// also after a crash. A symbolic link stays, and its target is replaced; another hard link to the
+/// file keeps the old text.
+///
+/// Nobody gets rights that the old file did not give: the new one has its permissions, its access
+/// list and, as far as the system lets us, its owner, group and attributes of users. Where group or
+/// access list cannot be kept, group and others get only what everybody but the owner had.
 ///
 /// Returns false when the text could not be written; the old file is then untouched and no
 /// temporary file is left. A target that is no regular file, or that may not be written, is
 /// refused.
 bool write_text_file_atomic(const std::string& path, std::string_view text);
+
+/// Does what `write_text_file_atomic` does.
+/// @throws std::runtime_error naming the path and the cause when the text could not be written.
+void write_text_file(const std::string& path, std::string_view text);
+
+/// A file that was to be replaced holds another text than the one that was read.
+class FileChanged : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Replaces the text of a file that was read, as `write_text_file` does, unless it was changed
+/// since: right before the replacement the file must hold `old_text`. Of several that replace one
+/// old text in this way at the same moment, one succeeds.
+/// @throws FileChanged naming the path when the file was changed or removed.
+/// @throws std::runtime_error naming the path and the cause when the text could not be written.
+void replace_text_file(const std::string& path, std::string_view old_text,
+                       std::string_view new_text);
 
 /// Tells whether a path names a folder, following symbolic links.
 bool is_directory(const std::string& path);
