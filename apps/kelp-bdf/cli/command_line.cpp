@@ -9,6 +9,7 @@
 #include "cli/command_options.hpp"
 #include "cli/output.hpp"
 #include "cli/session.hpp"
+#include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/version.hpp"
 
@@ -16,14 +17,15 @@ namespace kelp::app {
 namespace {
 
 std::string version_text(Session& session) {
+  using core::unicode::displayable;
   std::string text = fmt::format("kelp-bdf {}\nlibkelp_bdf_inp {}\n", KELP_BDF_APP_VERSION,
                                  input::bdf::library_version());
   try {
     const input::bdf::SchemaMetadata& metadata = session.schema().metadata();
-    text += fmt::format("schema {} (version {}, BDF {})\n", session.schema_path(),
-                        metadata.schema_version, metadata.bdf_version);
+    text += fmt::format("schema {} (version {}, BDF {})\n", displayable(session.schema_path()),
+                        metadata.schema_version, displayable(metadata.bdf_version));
   } catch (const std::exception& error) {
-    text += fmt::format("no schema: {}\n", error.what());
+    text += fmt::format("no schema: {}\n", displayable(error.what()));
   }
   return text;
 }

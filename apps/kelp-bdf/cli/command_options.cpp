@@ -27,6 +27,14 @@ void run_when_named(CLI::App& command, Session& session, std::shared_ptr<Options
   });
 }
 
+// An empty name is a shell variable that was not set, and would pass for an option not given.
+CLI::Validator not_empty() {
+  return {[](const std::string& text) {
+            return std::string(text.empty() ? "it must not be empty" : "");
+          },
+          ""};
+}
+
 void add_deliver_options(CLI::App& command, DeliverOptions& options) {
   CLI::Option* const in_place =
       command.add_flag("-i,--in-place", options.in_place, "Change the file itself");
@@ -43,21 +51,27 @@ void add_deliver_options(CLI::App& command, DeliverOptions& options) {
 void add_edits(CLI::App& command, SetOptions& options) {
   command.add_option("input", options.input, "The file to change, or - for standard input")
       ->required()
+      ->check(not_empty())
       ->type_name("FILE|-");
   command
       .add_option("assignment", options.assignments,
                   "scf.charge=1, scf#2.dft=pbe0 (the second $scf), easy.charge=1 (the header), "
                   "easy.functional=b3lyp (also easy.method, easy.basis)")
       ->type_name("PATH=VALUE");
-  command.add_option("--charge", options.charge, "The total charge")->type_name("N");
+  command.add_option("--charge", options.charge, "The total charge")
+      ->check(not_empty())
+      ->type_name("N");
   command.add_option("--multiplicity", options.multiplicity, "The spin multiplicity 2S+1")
+      ->check(not_empty())
       ->type_name("N");
   command
       .add_option("--geometry", options.geometry,
                   "Take all atoms from an XYZ file, in angstrom; compass#2.geometry=FILE.xyz for "
                   "one of several geometries; - for standard input")
+      ->check(not_empty())
       ->type_name("[PATH=]FILE.xyz|-");
   command.add_option("--script-name", options.script_name, "The name on the line '#!'")
+      ->check(not_empty())
       ->type_name("NAME");
   command
       .add_option("--unset", options.unset,
@@ -111,6 +125,7 @@ void add_check(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("check", "Report findings");
   // Without any, the command complains itself: it needs none to list the codes.
   command->add_option("input", options->inputs, "Files, folders (searched for *.inp and *.bdf), -")
+      ->check(not_empty())
       ->type_name("FILE|DIR|-");
   command->add_option("--unknown", options->unknown, "What unknown names are: error, warn, ignore")
       ->check(CLI::IsMember({"error", "warn", "ignore"}))
@@ -143,6 +158,7 @@ void add_format(CLI::App& app, Session& session) {
       ->add_option("input", options->inputs,
                    "Files, folders (searched for *.inp and *.bdf), - for standard input")
       ->required()
+      ->check(not_empty())
       ->type_name("FILE|DIR|-");
   add_deliver_options(*command, *options);
   command
@@ -163,6 +179,7 @@ void add_set(CLI::App& app, Session& session) {
   add_edits(*command, *options);
   add_deliver_options(*command, *options);
   command->add_option("-o,--output", options->output_file, "Write to a file; - is standard output")
+      ->check(not_empty())
       ->type_name("FILE|-")
       ->excludes("--in-place")
       ->excludes("--diff");
@@ -188,6 +205,7 @@ void add_get(CLI::App& app, Session& session) {
       ->add_option("input", options->inputs,
                    "Files, folders (searched for *.inp and *.bdf), - for standard input")
       ->required()
+      ->check(not_empty())
       ->type_name("FILE|DIR|-");
   command->add_flag("--json", options->json, "Print one JSON document, with positions");
   command->footer(
@@ -206,6 +224,7 @@ void add_show(CLI::App& app, Session& session) {
       ->add_option("input", options->inputs,
                    "Files, folders (searched for *.inp and *.bdf), - for standard input")
       ->required()
+      ->check(not_empty())
       ->type_name("FILE|DIR|-");
   command->add_flag("--json", options->json, "Print one JSON document");
   run_when_named(*command, session, options, run_show);
@@ -246,6 +265,7 @@ void add_schema_lint(CLI::App& schema, Session& session) {
       schema.add_subcommand("lint", "Report what is wrong in a schema of one's own");
   command->add_option("file", options->file, "The schema, - for standard input")
       ->required()
+      ->check(not_empty())
       ->type_name("FILE");
   command->add_option("--format", options->format, "human or concise (a line for each finding)")
       ->check(CLI::IsMember({"human", "concise"}))
@@ -275,6 +295,7 @@ void add_schema(CLI::App& app, Session& session) {
 
 void add_common_options(CLI::App& command, CommonOptions& options) {
   command.add_option("--schema", options.schema_file, "The vocabulary to use")
+      ->check(not_empty())
       ->type_name("FILE")
       ->take_last();
   command.add_option("--color", options.colour, "Use colours: auto, always, never")
@@ -284,6 +305,7 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
   command
       .add_option("--stdin-filename", options.stdin_filename,
                   "What to call standard input in findings")
+      ->check(not_empty())
       ->type_name("NAME")
       ->take_last();
   command

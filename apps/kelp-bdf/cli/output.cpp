@@ -32,6 +32,14 @@ void print(std::string_view text) {
   }
 }
 
+void print_contents(std::string_view text) {
+  if (core::console::is_terminal(core::console::Stream::Output)) {
+    print(core::unicode::displayable_lines(text));
+  } else {
+    print(text);
+  }
+}
+
 void print_aside(std::string_view text) {
   // Both streams may lead to one place, where the order tells what the text is about.
   flush();

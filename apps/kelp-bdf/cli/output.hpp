@@ -12,6 +12,10 @@ namespace kelp::app {
 /// `output_failed`.
 void print(std::string_view text);
 
+/// Writes text that an input holds to standard output: byte for byte into a file or a pipe, in a
+/// form that is safe to show on a terminal.
+void print_contents(std::string_view text);
+
 /// Writes to standard error, behind all that was printed before.
 void print_aside(std::string_view text);
 

@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstdio>
-#include <exception>
+#include <new>
 #include <stdexcept>
 #include <string_view>
 
@@ -39,6 +39,12 @@ void add_folder(const std::string& folder, Sources& sources) {
   }
 }
 
+// A text longer than any string is refused before memory is asked for.
+bool is_want_of_memory(const std::exception& error) {
+  return dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
+         dynamic_cast<const std::length_error*>(&error) != nullptr;
+}
+
 std::string read_standard_input() {
   std::string text;
   std::array<char, 65536> buffer;
@@ -70,6 +76,28 @@ Sources expand_sources(const std::vector<std::string>& arguments, const CommonOp
   return sources;
 }
 
+std::string failure_text(const Source& source, const std::exception& error) {
+  if (is_want_of_memory(error)) {
+    return "'" + source.name + "' is too large for the memory at hand";
+  }
+  return error.what();
+}
+
+// Each time that it is disturbed, somebody else has succeeded.
+void do_undisturbed(const std::function<void()>& work) {
+  constexpr int most_disturbances = 100;
+  for (int disturbances = 0;; ++disturbances) {
+    try {
+      work();
+      return;
+    } catch (const core::fs::FileChanged&) {
+      if (disturbances == most_disturbances) {
+        throw;
+      }
+    }
+  }
+}
+
 ExitStatus for_each_source(const Sources& sources,
                            const std::function<ExitStatus(const Source&)>& work) {
   ExitStatus status = ExitStatus::Success;
@@ -82,16 +110,20 @@ ExitStatus for_each_source(const Sources& sources,
   }
   for (const Source& source : sources.list) {
     try {
-      status = worse_of(status, work(source));
+      do_undisturbed([&] { status = worse_of(status, work(source)); });
     } catch (const std::exception& error) {
-      fail(error.what());
+      fail(failure_text(source, error));
     }
   }
   return status;
 }
 
 std::string read_source(const Source& source) {
-  return source.path == "-" ? read_standard_input() : core::fs::read_text_file(source.path);
+  try {
+    return source.path == "-" ? read_standard_input() : core::fs::read_text_file(source.path);
+  } catch (const std::exception& error) {
+    throw std::runtime_error(failure_text(source, error));
+  }
 }
 
 }  // namespace kelp::app

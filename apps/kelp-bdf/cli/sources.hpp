@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,6 +26,14 @@ Source source_of(const std::string& argument, const CommonOptions& options);
 
 /// Turns arguments into inputs: a folder becomes the `*.inp` and `*.bdf` files below it.
 Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options);
+
+/// Returns what to complain of when the work on an input ended with an exception: its own words, or
+/// that the input is too large.
+std::string failure_text(const Source& source, const std::exception& error);
+
+/// Does the work on an input, which reads it and writes it back in place; and again from the start
+/// for as long as others change the file in between.
+void do_undisturbed(const std::function<void()>& work);
 
 /// Works on each input in its order and returns the worst status. What goes wrong with one, and on
 /// the way to them, is complained about and does not stop the others.

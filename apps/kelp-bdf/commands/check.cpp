@@ -4,14 +4,15 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "cli/output.hpp"
 #include "cli/sources.hpp"
-#include "commands/deliver.hpp"
 #include "commands/fixes.hpp"
+#include "kelp/core/fs.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/explain.hpp"
 #include "report/findings.hpp"
@@ -106,18 +107,21 @@ class Check {
       if (options_.fix && !options_.diff && source.path == "-") {
         throw std::runtime_error("standard input cannot be changed in place");
       }
-      ParsedInput input(read_source(source), session_.schema());
       wanted_.folder.reset();
       if (source.path != "-") {
         wanted_.folder = input::bdf::input_folder_of(source.path);
       }
-      if (options_.fix) {
-        input = fixed(source, input);
-      }
+      std::optional<ParsedInput> input;
+      do_undisturbed([&] {
+        input.emplace(read_source(source), session_.schema());
+        if (options_.fix) {
+          input = fixed(source, *input);
+        }
+      });
       ++totals_.files_checked;
-      totals_.files_with_findings += report_all(input, source) ? 1 : 0;
+      totals_.files_with_findings += report_all(*input, source) ? 1 : 0;
     } catch (const std::exception& error) {
-      fail(error.what());
+      fail(failure_text(source, error));
     }
   }
 
@@ -132,9 +136,9 @@ class Check {
     }
     const std::string text = fixes.apply_to(input.source().text());
     if (options_.diff) {
-      print(unified_diff(source.name, input.source().text(), text));
+      print_contents(unified_diff(source.name, input.source().text(), text));
     } else {
-      replace_file(source.path, text);
+      core::fs::replace_text_file(source.path, input.source().text(), text);
       totals_.fixed += fixes.count();
     }
     return {text, session_.schema()};

@@ -2,20 +2,18 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
 #include <stdexcept>
-#include <system_error>
 
 #include "cli/output.hpp"
 #include "kelp/core/fs.hpp"
 #include "kelp/core/resource.hpp"
+#include "kelp/core/unicode.hpp"
 #include "report/findings.hpp"
 #include "report/unified_diff.hpp"
 
 namespace kelp::app {
 namespace {
 
-namespace stdfs = std::filesystem;
 using input::bdf::Rewrite;
 
 // Standard output belongs to the new text, and so do the ranges of what would be lost.
@@ -32,32 +30,15 @@ void report_losses(const Source& source, const Rewrite& rewrite, const DeliverOp
   }
 }
 
-// The core tells only that a file could not be written. What users meet most is found again here.
-std::string cause_of_failure(const std::string& path) {
-  const stdfs::path target(std::u8string(path.begin(), path.end()));
-  const stdfs::path folder = target.has_parent_path() ? target.parent_path() : stdfs::path(".");
-  std::error_code error;
-  if (stdfs::is_directory(target, error)) {
-    return "it is a folder";
-  }
-  if (stdfs::exists(target, error) && !stdfs::is_regular_file(target, error)) {
-    return "it is no regular file";
-  }
-  if (!stdfs::is_directory(folder, error)) {
-    return "its folder does not exist";
-  }
-  return "the file or its folder is write-protected, or there is no room";
-}
-
 bool has_text(const std::string& path, std::string_view text) {
   return core::resource::is_regular_file_path(path) && core::fs::read_text_file(path) == text;
 }
 
 void write_to(const std::string& path, std::string_view text) {
   if (path == "-") {
-    print(text);
+    print_contents(text);
   } else if (!has_text(path, text)) {
-    replace_file(path, text);
+    core::fs::write_text_file(path, text);
   }
 }
 
@@ -67,20 +48,14 @@ ExitStatus show_difference(const Source& source, std::string_view old_text,
     return ExitStatus::Success;
   }
   if (options.diff) {
-    print(unified_diff(source.name, old_text, new_text));
+    print_contents(unified_diff(source.name, old_text, new_text));
   } else if (!quiet) {
-    print(source.name + '\n');
+    print(core::unicode::displayable(source.name) + '\n');
   }
   return options.check ? ExitStatus::Findings : ExitStatus::Success;
 }
 
 }  // namespace
-
-void replace_file(const std::string& path, std::string_view text) {
-  if (!core::fs::write_text_file_atomic(path, text)) {
-    throw std::runtime_error(fmt::format("cannot write '{}': {}", path, cause_of_failure(path)));
-  }
-}
 
 ExitStatus deliver(const Source& source, const input::bdf::SourceText& old, const Rewrite& rewrite,
                    const DeliverOptions& options, const Session& session) {
@@ -107,10 +82,12 @@ ExitStatus deliver(const Source& source, const input::bdf::SourceText& old, cons
   if (options.diff) {
     return show_difference(source, old_text, rewrite.text, options, quiet);
   }
-  if (!options.in_place) {
+  const bool in_place =
+      options.in_place || (source.path != "-" && source.path == options.output_file);
+  if (!in_place) {
     write_to(options.output_file.empty() ? "-" : options.output_file, rewrite.text);
   } else if (old_text != rewrite.text) {
-    replace_file(source.path, rewrite.text);
+    core::fs::replace_text_file(source.path, old_text, rewrite.text);
   }
   return ExitStatus::Success;
 }

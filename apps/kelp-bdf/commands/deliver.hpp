@@ -20,12 +20,9 @@ struct DeliverOptions {
   std::string format = "human";
 };
 
-/// Puts a text over a file, as a whole or not at all.
-/// @throws std::runtime_error naming the path and the cause.
-void replace_file(const std::string& path, std::string_view text);
-
 /// Does with a new text of `old` what the options say. What would be lost goes to standard error
-/// and stops it, unless it is forced. A file that has the text already is not touched.
+/// and stops it, unless it is forced. A file that has the text already is not touched, and one that
+/// is changed in place must still be as it was read.
 /// @throws std::runtime_error naming the file and the cause when nothing was changed or a file
 /// could not be written.
 ExitStatus deliver(const Source& source, const input::bdf::SourceText& old,

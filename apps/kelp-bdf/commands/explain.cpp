@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/output.hpp"
+#include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
 
 namespace kelp::app {
@@ -41,7 +42,7 @@ ExitStatus run_explain(const ExplainOptions& options, Session& session) {
     tell_how_to_list_entries(about);
     text += (text.empty() ? "" : "\n") + explanation_text(about);
   }
-  print(text);
+  print(core::unicode::displayable_lines(text));
   return ExitStatus::Success;
 }
 

@@ -15,6 +15,7 @@
 #include "cli/sources.hpp"
 #include "kelp/core/resource.hpp"
 #include "kelp/core/text.hpp"
+#include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/value_path.hpp"
 #include "report/outline.hpp"
 
@@ -221,7 +222,10 @@ class Get {
 
   void print_lines(const ValueLines& lines, const std::string& name) const {
     for (const ValueLine& line : lines) {
-      print(is_named_ ? fmt::format("{}: {}\n", name, line.text) : line.text + '\n');
+      if (is_named_) {
+        print(core::unicode::displayable(name) + ": ");
+      }
+      print_contents(line.text + '\n');
     }
   }
 

@@ -52,7 +52,7 @@ class Table {
       text += line_of(row.cells) + '\n';
       constexpr std::size_t indent = 4;
       for (const auto& line : core::unicode::wrap(row.meaning, widest_line - indent)) {
-        text.append(indent, ' ').append(line).append("\n");
+        text.append(indent, ' ').append(core::unicode::displayable(line)).append("\n");
       }
     }
     return text;
@@ -68,7 +68,7 @@ class Table {
   std::string line_of(const Names& cells) const {
     std::string line;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-      line += cells[i];
+      line += core::unicode::displayable(cells[i]);
       const std::size_t width = core::unicode::display_width(cells[i]);
       line.append(std::max(widths_[i], width) - width + 2, ' ');
     }
@@ -158,7 +158,7 @@ Diagnostic diagnostic_of(const SchemaProblem& problem, const SourceText& source)
 }  // namespace
 
 ExitStatus run_schema_path(Session& session) {
-  print(session.schema_path() + "\n");
+  print(core::unicode::displayable(session.schema_path()) + "\n");
   return ExitStatus::Success;
 }
 

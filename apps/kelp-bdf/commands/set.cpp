@@ -118,9 +118,11 @@ ExitStatus run_set(const SetOptions& options, Session& session) {
     throw std::runtime_error("nothing to set; name a PATH=VALUE or one of the options");
   }
   const Source source = source_of(options.input, session.options);
-  input::bdf::ParsedInput input(read_source(source), session.schema());
-  const input::bdf::SourceText old = input.source();
-  return deliver(source, old, edit_input(std::move(input), edit), options, session);
+  return for_each_source({{source}, {}}, [&](const Source& named) {
+    input::bdf::ParsedInput input(read_source(named), session.schema());
+    const input::bdf::SourceText old = input.source();
+    return deliver(named, old, edit_input(std::move(input), edit), options, session);
+  });
 }
 
 }  // namespace kelp::app
