@@ -106,8 +106,27 @@ std::vector<std::string> without_end_of_options(std::vector<std::string> argumen
   return arguments;
 }
 
+// The parser would take the next argument for the value of "--output=", and write to a file of that
+// name. Returns the option; empty when all have values.
+std::string option_without_value(const std::vector<std::string>& arguments) {
+  for (const std::string& argument : arguments) {
+    if (argument == "--") {
+      break;
+    }
+    if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
+      return argument.substr(0, argument.size() - 1);
+    }
+  }
+  return {};
+}
+
 // Returns false when the options already said all that there is to do; `status` is then final.
 bool read_options(CLI::App& app, std::vector<std::string> arguments, ExitStatus& status) {
+  if (const std::string option = option_without_value(arguments); !option.empty()) {
+    complain(fmt::format("option '{}' needs a value", option));
+    status = ExitStatus::Failure;
+    return false;
+  }
   arguments = without_end_of_options(std::move(arguments));
   std::reverse(arguments.begin(), arguments.end());
   try {

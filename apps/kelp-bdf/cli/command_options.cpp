@@ -255,6 +255,7 @@ void add_schema_list(CLI::App& schema, Session& session) {
   command
       ->add_option("module", options->module,
                    "A module, for example scf; easy for the header's words")
+      ->check(not_empty())
       ->type_name("MODULE");
   run_when_named(*command, session, options, run_schema_list);
 }
