@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
+#include "kelp/core/fs.hpp"
 #include "support/files.hpp"
 #include "windows/file_calls.hpp"
 
@@ -45,6 +47,11 @@ BOOL WINAPI half_write(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD count, LP
 
 BOOL WINAPI refusing_flush(HANDLE file) {
   return refuses() ? FALSE : ::FlushFileBuffers(file);
+}
+
+BOOL WINAPI refusing_information(HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID bytes,
+                                 DWORD size) {
+  return refuses() ? FALSE : ::SetFileInformationByHandle(file, kind, bytes, size);
 }
 
 HANDLE WINAPI refusing_open(LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES rights,
@@ -162,6 +169,28 @@ TEST_F(ReplaceFile, KeepsTheOldFileWhenTheTextDoesNotReachTheDisk) {
 TEST_F(ReplaceFile, KeepsTheOldFileWhenItsRightsCannotBeKept) {
   calls_.copy_rights = [](const wchar_t*, const wchar_t*) { return false; };
   expect_refused();
+}
+
+TEST_F(ReplaceFile, WritesWhereNoFileCanBeMarkedForDeletion) {
+  calls_.set_information = &refusing_information;
+  refuse(1000, ERROR_NOT_SUPPORTED);
+  expect_written();
+}
+
+TEST_F(ReplaceFile, KeepsTheOldFileWhenTheNewOneStaysMarkedForDeletion) {
+  calls_.set_information = [](HANDLE file, FILE_INFO_BY_HANDLE_CLASS kind, LPVOID bytes,
+                              DWORD size) -> BOOL {
+    const bool marks = static_cast<const FILE_DISPOSITION_INFO*>(bytes)->DeleteFile != FALSE;
+    return marks ? ::SetFileInformationByHandle(file, kind, bytes, size) : FALSE;
+  };
+  expect_refused();
+}
+
+TEST_F(ReplaceFile, KeepsAFileThatWasChanged) {
+  const std::string_view read = "older";
+  EXPECT_THROW(replace_or_refuse(calls_, utf8(path_), &read, "new"), FileChanged);
+  EXPECT_EQ(file_bytes(path_), "old");
+  EXPECT_THAT(names_in(folder_.path()), ElementsAre("job.inp"));
 }
 
 TEST_F(ReplaceFile, RefusesATargetThatMayNotBeOpenedForWriting) {
