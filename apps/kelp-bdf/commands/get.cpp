@@ -195,7 +195,7 @@ class Get {
     const ExitStatus status =
         for_each_source(sources, [this](const Source& source) { return get(source); });
     if (options_.json) {
-      print(values_json(values_));
+      print_contents(values_json(values_));
     }
     return status;
   }

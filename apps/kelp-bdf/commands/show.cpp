@@ -31,7 +31,7 @@ ExitStatus run_show(const ShowOptions& options, Session& session) {
         return ExitStatus::Success;
       });
   if (options.json) {
-    print(outline_json(outlines));
+    print_contents(outline_json(outlines));
     return status;
   }
   for (const FileOutline& outline : outlines) {

@@ -94,10 +94,10 @@ bool flush(int file) {
 }
 
 // Some file systems tell only when a descriptor is closed that they lost data. The file itself must
-// stay open for as long as it has no name.
+// stay open for as long as it has no name. Without another descriptor nobody can tell.
 bool is_kept_when_closed(int file) {
   const int copy = ::fcntl(file, F_DUPFD_CLOEXEC, 0);
-  return copy >= 0 && (::close(copy) == 0 || errno == EINTR);
+  return copy < 0 || ::close(copy) == 0 || errno == EINTR;
 }
 
 /// A new file in a folder, which disappears again unless it takes the place of another.

@@ -67,7 +67,8 @@ TEST(ShownTexts, OnATerminalHoldNothingThatItObeys) {
   program.write("a.inp", rough);
   for (const char* const arguments :
        {"format --diff a.inp", "format a.inp", "set --diff a.inp scf.charge=1",
-        "check --color=never a.inp", "show a.inp"}) {
+        "check --color=never a.inp", "show a.inp", "show --json a.inp",
+        "get scf.charge --json a.inp"}) {
     const Outcome outcome = run_on_terminal(program, arguments);
     if (outcome.status == 77) {
       GTEST_SKIP() << "there is no terminal to be had";
