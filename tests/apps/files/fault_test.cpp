@@ -33,7 +33,7 @@ void PrintTo(const Row& row, std::ostream* stream) {
   *stream << row.faults;
 }
 
-class Faults : public ::testing::TestWithParam<Row> {
+class SystemFaults : public ::testing::TestWithParam<Row> {
  protected:
   static Outcome set(Program& program, const std::string& faults) {
     program.set_variable("LD_PRELOAD", KELP_FAULTS_LIBRARY);
@@ -42,7 +42,7 @@ class Faults : public ::testing::TestWithParam<Row> {
   }
 };
 
-TEST_P(Faults, LeaveOneWholeText) {
+TEST_P(SystemFaults, LeaveOneWholeText) {
   const Row& row = GetParam();
   Program program;
   program.write("a.inp", before);
@@ -64,7 +64,7 @@ const Row harmless[] = {
     {"close=EINTR", 0, after, ""},
     {"open-unnamed=EOPNOTSUPP,write=short,fsync=EINTR", 0, after, ""},
 };
-INSTANTIATE_TEST_SUITE_P(Harmless, Faults, ::testing::ValuesIn(harmless));
+INSTANTIATE_TEST_SUITE_P(Harmless, SystemFaults, ::testing::ValuesIn(harmless));
 
 const Row refused[] = {
     {"open-unnamed=EOPNOTSUPP,open-new=ENOSPC", 2, before, "'a.inp': No space left on device"},
@@ -81,20 +81,22 @@ const Row refused[] = {
     {"open-unnamed=EOPNOTSUPP,close=EIO", 2, before, "'a.inp': Input/output error"},
     {"open-unnamed=EOPNOTSUPP,rename=EBUSY", 2, before, "'a.inp': Device or resource busy"},
 };
-INSTANTIATE_TEST_SUITE_P(Refused, Faults, ::testing::ValuesIn(refused));
+INSTANTIATE_TEST_SUITE_P(Refused, SystemFaults, ::testing::ValuesIn(refused));
 
 // A file that has a name is in place or gone before a signal ends the command.
 const Row ended[] = {
     {"write=SIGTERM", ended_by_term, before, ""},
+    {"open-unnamed=EOPNOTSUPP,write=SIGINT", 128 + SIGINT, after, ""},
+    {"open-unnamed=EOPNOTSUPP,write=SIGHUP", 128 + SIGHUP, after, ""},
     {"linkat=SIGTERM", ended_by_term, after, ""},
     {"rename=SIGTERM", ended_by_term, after, ""},
     {"open-unnamed=EOPNOTSUPP,write=SIGTERM", ended_by_term, after, ""},
     {"open-unnamed=EOPNOTSUPP,write=SIGTERM,rename=EBUSY", ended_by_term, before, ""},
 };
-INSTANTIATE_TEST_SUITE_P(Ended, Faults, ::testing::ValuesIn(ended));
+INSTANTIATE_TEST_SUITE_P(Ended, SystemFaults, ::testing::ValuesIn(ended));
 
 // Without a name a file goes with the process that made it.
-TEST_F(Faults, AKilledCommandLeavesNoUnnamedFile) {
+TEST_F(SystemFaults, AKilledCommandLeavesNoUnnamedFile) {
   Program program;
   program.write("a.inp", before);
   if (set(program, "open-new=EPERM").status != 0) {

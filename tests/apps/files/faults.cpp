@@ -65,10 +65,16 @@ bool is_passing_now(std::string_view fault) {
 }
 
 void raise_signal(std::string_view fault) {
-  if (fault == "SIGTERM") {
-    ::kill(::getpid(), SIGTERM);
-  } else if (fault == "SIGKILL") {
-    ::kill(::getpid(), SIGKILL);
+  struct Known {
+    std::string_view name;
+    int number;
+  };
+  constexpr Known known[] = {
+      {"SIGHUP", SIGHUP}, {"SIGINT", SIGINT}, {"SIGKILL", SIGKILL}, {"SIGTERM", SIGTERM}};
+  for (const Known& each : known) {
+    if (each.name == fault) {
+      ::kill(::getpid(), each.number);
+    }
   }
 }
 
