@@ -10,17 +10,18 @@ namespace {
 
 constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     input_finding_texts,
+    comment_finding_texts,
+    misspelling_finding_texts,
+    frame_finding_texts,
     rewrite_finding_texts,
+    schema_finding_texts,
     electrons_finding_texts,
     guess_finding_texts,
-    schema_finding_texts,
 });
 
 std::vector<FindingText> joined_tables() {
   std::vector<FindingText> all;
-  for (auto* const table : {input_finding_texts, comment_finding_texts, misspelling_finding_texts,
-                            frame_finding_texts, rewrite_finding_texts, schema_finding_texts,
-                            electrons_finding_texts, guess_finding_texts}) {
+  for (auto* const table : tables) {
     const std::span<const FindingText> rows = table();
     all.insert(all.end(), rows.begin(), rows.end());
   }
