@@ -20,8 +20,13 @@ bool is_calculation(const BDFData& data) {
 
 std::vector<std::span<const Rule>> all_rules() {
   return {
-      electrons_rules(),
-      guess_rules(),
+      electrons_rules(),       //
+      guess_rules(),           //
+      resp_rules(),            //
+      resp_couplings_rules(),  //
+      soc_rules(),             //
+      tddft_rules(),           //
+      tddft_states_rules(),
   };
 }
 

@@ -10,5 +10,10 @@ namespace kelp::input::bdf {
 
 std::span<const Rule> electrons_rules();
 std::span<const Rule> guess_rules();
+std::span<const Rule> resp_couplings_rules();
+std::span<const Rule> resp_rules();
+std::span<const Rule> soc_rules();
+std::span<const Rule> tddft_rules();
+std::span<const Rule> tddft_states_rules();
 
 }  // namespace kelp::input::bdf

@@ -16,5 +16,8 @@ std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
 std::span<const FindingText> electrons_finding_texts();
 std::span<const FindingText> guess_finding_texts();
+std::span<const FindingText> resp_finding_texts();
+std::span<const FindingText> soc_finding_texts();
+std::span<const FindingText> tddft_finding_texts();
 
 }  // namespace kelp::input::bdf

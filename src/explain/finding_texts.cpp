@@ -17,6 +17,9 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     schema_finding_texts,
     electrons_finding_texts,
     guess_finding_texts,
+    resp_finding_texts,
+    soc_finding_texts,
+    tddft_finding_texts,
 });
 
 std::vector<FindingText> joined_tables() {
