@@ -20,13 +20,20 @@ bool is_calculation(const BDFData& data) {
 
 std::vector<std::span<const Rule>> all_rules() {
   return {
-      electrons_rules(),       //
-      guess_rules(),           //
-      resp_rules(),            //
-      resp_couplings_rules(),  //
-      soc_rules(),             //
-      tddft_rules(),           //
-      tddft_states_rules(),
+      distance_rules(),             //
+      electrons_rules(),            //
+      geometry_rules(),             //
+      guess_rules(),                //
+      header_rules(),               //
+      internal_coordinate_rules(),  //
+      irrep_rules(),                //
+      mixed_input_rules(),          //
+      resp_couplings_rules(),       //
+      resp_rules(),                 //
+      soc_rules(),                  //
+      symmetry_rules(),             //
+      tddft_rules(),                //
+      tddft_states_rules(),         //
   };
 }
 

@@ -46,10 +46,8 @@ class GeometryReader {
       return;
     } else if (is_elision(text)) {
       geometry_.is_certain = false;
-    } else if (geometry_.form == GeometryForm::Internal) {
-      read_internal(text);
     } else if (!read_file(text)) {
-      read_first_or_cartesian(text);
+      read_atoms(text);
     }
   }
 
@@ -64,7 +62,11 @@ class GeometryReader {
     return true;
   }
 
-  void read_first_or_cartesian(std::string_view text) {
+  void read_atoms(std::string_view text) {
+    if (geometry_.form == GeometryForm::Internal) {
+      read_internal(text);
+      return;
+    }
     const AtomLine atom = read_atom_line(text);
     if (geometry_.centres.empty() && atom.fields[0].empty() && element_of_label(atom.label) >= 0) {
       geometry_.form = GeometryForm::Internal;

@@ -108,21 +108,17 @@ Finding& Finding::suggest(const std::vector<std::string>& names) {
   return *this;
 }
 
-Finding& Finding::offer(std::string title, TextEdit edit, bool is_safe) {
-  Fix offered;
-  offered.title = std::move(title);
-  offered.edits.push_back(std::move(edit));
-  offered.is_safe = is_safe;
-  diagnostic_.fixes.push_back(std::move(offered));
+Finding& Finding::offer(Fix fix) {
+  diagnostic_.fixes.push_back(std::move(fix));
   return *this;
 }
 
 Finding& Finding::ask(std::string title, TextEdit edit) {
-  return offer(std::move(title), std::move(edit), false);
+  return offer({std::move(title), {std::move(edit)}, false});
 }
 
 Finding& Finding::fix(std::string title, TextEdit edit) {
-  return offer(std::move(title), std::move(edit), true);
+  return offer({std::move(title), {std::move(edit)}, true});
 }
 
 Finding& Report::add(std::string_view message, std::initializer_list<std::string_view> arguments) {

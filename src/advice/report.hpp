@@ -48,12 +48,13 @@ class Finding {
   Finding& ask(std::string title, TextEdit edit);
   /// Offers an edit that can be made unasked: there is no other sensible reading.
   Finding& fix(std::string title, TextEdit edit);
+  /// Offers a fix of several edits, safe or not.
+  Finding& offer(Fix fix);
 
  private:
   friend class Report;
 
   Finding& mark(const TextRange& range, const RecordId& record, std::string label);
-  Finding& offer(std::string title, TextEdit edit, bool is_safe);
 
   const Job& job_;
   Diagnostic diagnostic_;

@@ -16,9 +16,12 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     rewrite_finding_texts,
     schema_finding_texts,
     electrons_finding_texts,
+    geometry_finding_texts,
     guess_finding_texts,
+    header_finding_texts,
     resp_finding_texts,
     soc_finding_texts,
+    symmetry_finding_texts,
     tddft_finding_texts,
 });
 

@@ -1,0 +1,259 @@
+// Distances between atoms. What is near is measured by covalent radii: a distance over the sum of
+// both is about 1 for a bond, 1.9 where bohr were read as angstrom, and 0.5 the other way round.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "advice/neighbours.hpp"
+#include "advice/report.hpp"
+#include "advice/themes.hpp"
+#include "kelp/core/number.hpp"
+#include "kelp/core/text.hpp"
+#include "model/molecule_names.hpp"
+#include "source/elements.hpp"
+
+namespace kelp::input::bdf {
+namespace {
+
+constexpr double angstrom_per_bohr = 0.529177210903;
+
+Setting unit_of(const Job& job, const System& system) {
+  if (system.compass != nullptr && system.compass->has(unit_name)) {
+    return system.compass->get(unit_name);
+  }
+  return job.header(unit_name);
+}
+
+// Unset for a unit that the program does not have.
+std::optional<double> angstrom_per_unit(const Setting& unit) {
+  if (!unit || unit.is("angstrom") || unit.is("ang")) {
+    return 1.0;
+  }
+  return unit.is("bohr") ? std::optional<double>(angstrom_per_bohr) : std::nullopt;
+}
+
+// The radii of all elements by number; 0 where none is known.
+std::array<double, 128> covalent_radii(const Job& job) {
+  std::array<double, 128> radii{};
+  for (std::size_t number = 1; number < radii.size(); ++number) {
+    const std::string_view symbol = symbol_of(static_cast<int>(number));
+    radii[number] = symbol.empty() ? 0 : job.knowledge().covalent_radius(symbol).value_or(0);
+  }
+  return radii;
+}
+
+// None when the geometry is not certain, or a radius or the unit is not known.
+Atoms atoms_of(const Job& job, const System& system) {
+  const Geometry& geometry = system.geometry;
+  const auto scale = angstrom_per_unit(unit_of(job, system));
+  if (!scale || !geometry.size() || geometry.form != GeometryForm::Cartesian) {
+    return {};
+  }
+  const std::array<double, 128> radii = covalent_radii(job);
+  Atoms atoms;
+  for (std::size_t i = 0; i < geometry.centres.size(); ++i) {
+    const Centre& centre = geometry.centres[i];
+    if (centre.is_ghost()) {
+      continue;
+    }
+    std::array<double, 3> position = centre.position;
+    for (double& coordinate : position) {
+      coordinate *= *scale;
+    }
+    const double radius = radii[static_cast<std::size_t>(centre.element)];
+    const bool is_finite = std::all_of(position.begin(), position.end(),
+                                       [](double number) { return std::isfinite(number); });
+    if (!is_finite || radius <= 0) {
+      return {};
+    }
+    atoms.centres.push_back(i);
+    atoms.positions.push_back(position);
+    atoms.radii.push_back(radius);
+  }
+  return atoms;
+}
+
+std::string rounded(double number) {
+  constexpr double per_unit = 1000;
+  return core::number::to_text(std::round(number * per_unit) / per_unit);
+}
+
+// "2 (H1)": its number in the list and its label.
+std::string name_of(const Geometry& geometry, std::size_t centre) {
+  return std::to_string(centre + 1) + " (" + std::string(geometry.centres[centre].label) + ")";
+}
+
+using AtomPair = std::pair<std::size_t, std::size_t>;
+
+// Pairs of an atom and its nearest neighbour that something holds for, each once, the later atom
+// first. Who copied a molecule onto itself sees the first few.
+template <typename Predicate>
+std::vector<AtomPair> pairs_that(const std::vector<Neighbour>& all, Predicate holds) {
+  constexpr std::size_t most = 10;
+  std::vector<AtomPair> pairs;
+  for (std::size_t i = 0; i < all.size() && pairs.size() < most; ++i) {
+    const std::size_t other = all[i].atom;
+    if (other != Neighbour::none && holds(all[i]) && (other < i || all[other].atom != i)) {
+      pairs.emplace_back(std::max(i, other), std::min(i, other));
+    }
+  }
+  return pairs;
+}
+
+// No two atoms are too near to each other beyond the first, nor does a molecule look compressed
+// beyond the second.
+constexpr double touch_reach = 1.4;
+constexpr double bond_reach = 2.2;
+constexpr double coinciding = 0.001;
+
+bool coincides(const Neighbour& neighbour) {
+  return neighbour.distance < coinciding;
+}
+
+void check_atoms_coincide(const Job& job, Report& report) {
+  for (const System& system : job.systems) {
+    const Geometry& geometry = system.geometry;
+    const Atoms atoms = atoms_of(job, system);
+    for (const auto& [later, earlier] : pairs_that(neighbours_of(atoms, touch_reach), coincides)) {
+      const std::size_t left = atoms.centres[earlier];
+      const std::size_t right = atoms.centres[later];
+      report
+          .add("The atoms {} and {} coincide.", {name_of(geometry, left), name_of(geometry, right)})
+          .at(geometry.centres[right].label, "where another atom is")
+          .related(range_of(job.input, geometry.centres[left].label), "the other atom")
+          .help("take one of them away, or correct its coordinates");
+    }
+  }
+}
+
+bool is_too_close(const Neighbour& neighbour) {
+  constexpr double least = 0.40;
+  return !coincides(neighbour) && neighbour.ratio < least;
+}
+
+void check_atoms_too_close(const Job& job, Report& report) {
+  for (const System& system : job.systems) {
+    const Geometry& geometry = system.geometry;
+    const Atoms atoms = atoms_of(job, system);
+    const std::vector<Neighbour> all = neighbours_of(atoms, touch_reach);
+    for (const auto& [later, earlier] : pairs_that(all, is_too_close)) {
+      const std::size_t left = atoms.centres[earlier];
+      const std::size_t right = atoms.centres[later];
+      const double distance =
+          all[later].atom == earlier ? all[later].distance : all[earlier].distance;
+      report
+          .add("The atoms {} and {} are {} angstrom apart.",
+               {name_of(geometry, left), name_of(geometry, right), rounded(distance)})
+          .at(geometry.centres[right].label, "much too close")
+          .related(range_of(job.input, geometry.centres[left].label), "the other atom")
+          .related(unit_of(job, system), "the unit")
+          .help("a bond of these two is about " +
+                rounded(atoms.radii[earlier] + atoms.radii[later]) +
+                " angstrom long; correct the coordinates or the unit");
+    }
+  }
+}
+
+// Noble gases are not bound, and hydrogen is drawn out at will in models.
+bool has_bonds(const Geometry& geometry) {
+  constexpr std::array<int, 7> noble = {2, 10, 18, 36, 54, 86, 118};
+  bool has_heavy = false;
+  for (const Centre& centre : geometry.centres) {
+    if (std::find(noble.begin(), noble.end(), centre.element) != noble.end()) {
+      return false;
+    }
+    has_heavy = has_heavy || centre.element > 1;
+  }
+  return has_heavy;
+}
+
+bool looks_like_angstrom(const Atoms& atoms) {
+  constexpr double most = 0.65;
+  constexpr double most_of_one = 0.56;
+  double least = most;
+  const Cells cells(atoms, bond_reach);
+  for (std::size_t i = 0; i < atoms.size(); ++i) {
+    const Neighbour neighbour = cells.nearest(i);
+    if (neighbour.atom == Neighbour::none || neighbour.ratio >= most) {
+      return false;
+    }
+    least = std::min(least, neighbour.ratio);
+  }
+  return least < most_of_one;
+}
+
+bool looks_like_bohr(const Atoms& atoms) {
+  constexpr double least = 1.6;
+  constexpr double most = 2.2;
+  // Most molecules have a bond among the first few atoms; wide cells are for those that have none.
+  for (const double reach :
+       {bond_reach, 2 * most * *std::max_element(atoms.radii.begin(), atoms.radii.end())}) {
+    const Cells cells(atoms, reach);
+    for (std::size_t i = 0; i < atoms.size(); ++i) {
+      const Neighbour neighbour = cells.nearest(i);
+      const bool is_far = neighbour.atom == Neighbour::none || neighbour.ratio > most;
+      if ((neighbour.atom != Neighbour::none && neighbour.ratio < least) ||
+          (is_far && reach > bond_reach)) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+TextEdit unit_edit(const Job& job, const System& system) {
+  const Setting unit = unit_of(job, system);
+  if (unit) {
+    return unit.is("bohr") ? removed(job, unit) : value_replaced(unit, "bohr");
+  }
+  if (system.geometry.record.kind == RecordKind::Entry) {
+    return entry_added(job, *system.compass, unit_name, "bohr");
+  }
+  const std::size_t end = job.input.token_ranges(*job.specification()).whole.end;
+  return {{end, end}, " unit=bohr"};
+}
+
+void report_unit(const Job& job, const System& system, Report& report, const char* read_as,
+                 const char* looks_like) {
+  Finding& finding =
+      report.add("The coordinates are read as {}, and look like {}.", {read_as, looks_like});
+  if (const Setting unit = unit_of(job, system)) {
+    finding.at(unit, "bonds have no such lengths");
+  } else {
+    finding.at(job.input.keyword_range(system.geometry.record), "bonds have no such lengths");
+  }
+  finding.ask("read them as " + std::string(looks_like), unit_edit(job, system));
+}
+
+void check_unit_suspected(const Job& job, Report& report) {
+  constexpr std::size_t fewest = 3;
+  for (const System& system : job.systems) {
+    const Atoms atoms = atoms_of(job, system);
+    const bool is_embedded = system.compass != nullptr && system.compass->has("extcharge");
+    const bool is_in_header = system.geometry.record.kind == RecordKind::Geometry;
+    const Setting unit = unit_of(job, system);
+    if (atoms.size() < fewest || is_embedded || (is_in_header && !job.specification())) {
+      continue;
+    }
+    if (unit.is("bohr") && looks_like_angstrom(atoms)) {
+      report_unit(job, system, report, "bohr", "angstrom");
+    } else if (!unit.is("bohr") && has_bonds(system.geometry) && looks_like_bohr(atoms)) {
+      report_unit(job, system, report, "angstrom", "bohr");
+    }
+  }
+}
+
+constexpr auto rules = std::to_array<Rule>({
+    {"geometry.atoms_coincide", check_atoms_coincide},
+    {"geometry.atoms_too_close", check_atoms_too_close},
+    {"geometry.unit_suspected", check_unit_suspected},
+});
+
+}  // namespace
+
+std::span<const Rule> distance_rules() {
+  return rules;
+}
+
+}  // namespace kelp::input::bdf
