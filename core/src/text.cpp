@@ -17,6 +17,14 @@ std::string to_lower(std::string_view text) {
   return lower;
 }
 
+std::string to_upper(std::string_view text) {
+  std::string upper(text);
+  for (char& byte : upper) {
+    byte = byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+  }
+  return upper;
+}
+
 bool equals_ignoring_case(std::string_view left, std::string_view right) noexcept {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return to_lower(a) == to_lower(b); });

@@ -9,6 +9,7 @@
 
 #include "advice/report.hpp"
 #include "advice/themes.hpp"
+#include "kelp/core/text.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -40,10 +41,7 @@ std::int64_t sum_of(const std::vector<std::int64_t>& numbers) {
 std::string in_case_of(std::string_view written, std::string text) {
   const bool is_upper = std::none_of(written.begin(), written.end(),
                                      [](char byte) { return byte >= 'a' && byte <= 'z'; });
-  for (char& byte : text) {
-    byte = is_upper && byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
-  }
-  return text;
+  return is_upper ? core::text::to_upper(text) : text;
 }
 
 std::vector<std::string> open_shell_names(const Scf& scf) {

@@ -81,6 +81,11 @@ class StrangeLetters : public std::ctype<char> {
   }
 };
 
+TEST(ToUpper, ChangesTheTwentySixSmallLettersAndNothingElse) {
+  EXPECT_EQ(to_upper("a-Z [`{] 0az\xc3\xa4"), "A-Z [`{] 0AZ\xc3\xa4");
+  EXPECT_EQ(to_upper(""), "");
+}
+
 TEST(ToLower, KeepsItsMeaningWhateverTheGlobalLocaleSays) {
   const std::locale before =
       std::locale::global(std::locale(std::locale::classic(), new StrangeLetters));

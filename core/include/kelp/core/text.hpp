@@ -36,6 +36,9 @@ constexpr char to_lower(char byte) noexcept {
 /// Returns the text with every ASCII letter in lower case.
 std::string to_lower(std::string_view text);
 
+/// Returns the text with every ASCII letter in upper case.
+std::string to_upper(std::string_view text);
+
 /// Returns the texts of a list in a row, with a separator between each two.
 template <typename Texts>
 std::string join(const Texts& texts, std::string_view separator) {
