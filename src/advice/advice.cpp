@@ -20,10 +20,12 @@ bool is_calculation(const BDFData& data) {
 
 std::vector<std::span<const Rule>> all_rules() {
   return {
+      basis_rules(),                //
       distance_rules(),             //
       electrons_rules(),            //
       geometry_rules(),             //
       guess_rules(),                //
+      hamiltonian_rules(),          //
       header_rules(),               //
       internal_coordinate_rules(),  //
       irrep_rules(),                //

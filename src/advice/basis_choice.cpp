@@ -58,13 +58,23 @@ class BasisBlockReader {
 
 }  // namespace
 
-const std::string& BasisChoice::of(const Centre& centre) const {
+const BasisChoice::Assignment* BasisChoice::assignment_of(const Centre& centre) const {
   for (const Word label : {centre.label, symbol_of(centre.element)}) {
     if (const auto found = by_label.find(core::text::to_lower(label)); found != by_label.end()) {
-      return assignments[found->second].basis;
+      return &assignments[found->second];
     }
   }
-  return basis;
+  return nullptr;
+}
+
+const std::string& BasisChoice::of(const Centre& centre) const {
+  const Assignment* const found = assignment_of(centre);
+  return found == nullptr ? basis : found->basis;
+}
+
+Word BasisChoice::written_for(const Centre& centre) const {
+  const Assignment* const found = assignment_of(centre);
+  return found == nullptr ? name : found->name;
 }
 
 BasisChoice basis_choice_of(const Job& job, const System& system) {

@@ -58,8 +58,12 @@ struct BasisChoice {
   std::map<std::string, std::size_t, std::less<>> by_label;  ///< in lower case, to `assignments`
   bool has_inline = false;  ///< the input brings basis data of its own
 
+  /// Returns the line that gives a centre its set; null when it gets the set of all the others.
+  const Assignment* assignment_of(const Centre& centre) const;
   /// Returns the canonical name of the set that a centre gets; empty when it gets none.
   const std::string& of(const Centre& centre) const;
+  /// Returns the same as it is written.
+  Word written_for(const Centre& centre) const;
 };
 
 /// A molecule with all that is computed of it. Each `$compass` begins one, except that what stands

@@ -8,10 +8,12 @@ namespace kelp::input::bdf {
 
 // The rules of each theme, one file for each; `all_rules` joins them.
 
+std::span<const Rule> basis_rules();
 std::span<const Rule> distance_rules();
 std::span<const Rule> electrons_rules();
 std::span<const Rule> geometry_rules();
 std::span<const Rule> guess_rules();
+std::span<const Rule> hamiltonian_rules();
 std::span<const Rule> header_rules();
 std::span<const Rule> internal_coordinate_rules();
 std::span<const Rule> irrep_rules();

@@ -14,6 +14,7 @@ std::span<const FindingText> misspelling_finding_texts();
 std::span<const FindingText> frame_finding_texts();
 std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
+std::span<const FindingText> basis_finding_texts();
 std::span<const FindingText> electrons_finding_texts();
 std::span<const FindingText> geometry_finding_texts();
 std::span<const FindingText> guess_finding_texts();

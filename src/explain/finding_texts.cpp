@@ -15,6 +15,7 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     frame_finding_texts,
     rewrite_finding_texts,
     schema_finding_texts,
+    basis_finding_texts,
     electrons_finding_texts,
     geometry_finding_texts,
     guess_finding_texts,
