@@ -20,9 +20,12 @@ bool is_calculation(const BDFData& data) {
 
 std::vector<std::span<const Rule>> all_rules() {
   return {
+      atom_number_rules(),          //
       basis_rules(),                //
       distance_rules(),             //
       electrons_rules(),            //
+      excited_solvation_rules(),    //
+      functional_rules(),           //
       geometry_rules(),             //
       guess_rules(),                //
       hamiltonian_rules(),          //
@@ -32,7 +35,9 @@ std::vector<std::span<const Rule>> all_rules() {
       mixed_input_rules(),          //
       resp_couplings_rules(),       //
       resp_rules(),                 //
+      scf_option_rules(),           //
       soc_rules(),                  //
+      solvent_rules(),              //
       symmetry_rules(),             //
       tddft_rules(),                //
       tddft_states_rules(),         //

@@ -41,7 +41,9 @@ bool shows_all(const Job& job, const System& system) {
 
 void check_basis_missing(const Job& job, Report& report) {
   for (const System& system : job.systems) {
-    if (job.is_advanced() && shows_all(job, system) && !names_basis(*system.compass)) {
+    // A $compass alone is an excerpt.
+    if (job.is_advanced() && shows_all(job, system) && !names_basis(*system.compass) &&
+        system.blocks.size() > 1) {
       report.add("$compass names no basis set.")
           .at(*system.compass, "no basis set")
           .help("add an entry 'basis' with the set's name on the next line");

@@ -41,8 +41,10 @@ void add_of_header(const Job& job, std::vector<GradientRequest>& all) {
 std::vector<GradientRequest> gradients_of(const Job& job, const System& system) {
   std::vector<GradientRequest> all;
   add_of_modules(job, system, all);
+  // Numerical gradients are made of energies.
+  const bool is_numerical = job.has("numgrad");
   for (const Block* const block : system.blocks) {
-    if (block->name == "bdfopt" && all.empty()) {
+    if (block->name == "bdfopt" && all.empty() && !is_numerical) {
       all.push_back({job.input.keyword_range(block->record()), block, false});
     }
   }

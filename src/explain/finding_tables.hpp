@@ -16,11 +16,13 @@ std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
 std::span<const FindingText> basis_finding_texts();
 std::span<const FindingText> electrons_finding_texts();
+std::span<const FindingText> functional_finding_texts();
 std::span<const FindingText> geometry_finding_texts();
 std::span<const FindingText> guess_finding_texts();
 std::span<const FindingText> header_finding_texts();
 std::span<const FindingText> resp_finding_texts();
 std::span<const FindingText> soc_finding_texts();
+std::span<const FindingText> solvent_finding_texts();
 std::span<const FindingText> symmetry_finding_texts();
 std::span<const FindingText> tddft_finding_texts();
 

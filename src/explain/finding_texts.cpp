@@ -17,11 +17,13 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     schema_finding_texts,
     basis_finding_texts,
     electrons_finding_texts,
+    functional_finding_texts,
     geometry_finding_texts,
     guess_finding_texts,
     header_finding_texts,
     resp_finding_texts,
     soc_finding_texts,
+    solvent_finding_texts,
     symmetry_finding_texts,
     tddft_finding_texts,
 });

@@ -151,6 +151,10 @@ std::optional<bool> Knowledge::can(std::string_view functional, std::string_view
   return found == nullptr ? std::nullopt : std::optional<bool>(*found);
 }
 
+const std::vector<std::string>& Knowledge::solvents() const {
+  return impl_->solvents;
+}
+
 const ModuleFacts* Knowledge::module(std::string_view name) const {
   return find_in(impl_->modules, normalize_key(name));
 }

@@ -81,6 +81,8 @@ class Knowledge {
   std::string_view functional_class(std::string_view functional) const;
   /// Tells whether a functional can be used for something, "gradient"; unset where nothing is said.
   std::optional<bool> can(std::string_view functional, std::string_view use) const;
+  /// Returns the names of solvents, in the document's order; there may be more.
+  const std::vector<std::string>& solvents() const;
   /// Returns what is known of a module, or null; lives as long as this or a copy.
   const ModuleFacts* module(std::string_view name) const;
   /// Returns a covalent radius in angstrom, of the element with a symbol; unset when none is known.
@@ -105,6 +107,7 @@ struct Knowledge::Impl {
   NameMap<Axial> axial_groups;
   NameMap<std::string> functional_classes;
   NameMap<Uses> uses;
+  std::vector<std::string> solvents;
   NameMap<ModuleFacts> modules;
   NameMap<double> radii;
 };

@@ -41,6 +41,7 @@ class KnowledgeReader {
       read_axial_groups(fields["axial_groups"]);
       read_functional_classes(fields["functional_classes"]);
       read_functional_uses(fields["functional_uses"]);
+      impl_->solvents = text_list(fields["solvents"], budget_);
       read_modules(fields["modules"]);
     }
     return std::move(impl_);

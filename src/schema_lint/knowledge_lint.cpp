@@ -19,7 +19,7 @@
 namespace kelp::input::bdf::lint {
 namespace {
 
-constexpr std::array<KeyRule, 11> knowledge_rules = {{
+constexpr std::array<KeyRule, 12> knowledge_rules = {{
     {"schema_version", Form::Integer},
     {"program", Form::Text},
     {"schema_kind", Form::Text},
@@ -30,6 +30,7 @@ constexpr std::array<KeyRule, 11> knowledge_rules = {{
     {"axial_groups", Form::Map},
     {"functional_classes", Form::Map},
     {"functional_uses", Form::Map},
+    {"solvents", Form::TextList},
     {"modules", Form::Map},
 }};
 constexpr std::array<KeyRule, 8> basis_set_rules = {{

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -72,6 +73,12 @@ TEST(Knowledge, CountsRepresentations) {
   EXPECT_EQ(shipped().is_abelian("D(2h)"), true);
   EXPECT_EQ(shipped().is_abelian("D(3h)"), false);
   EXPECT_EQ(shipped().is_abelian("gen(x)"), std::nullopt);
+}
+
+TEST(Knowledge, NamesSolventsEachOnce) {
+  const std::vector<std::string>& solvents = shipped().solvents();
+  EXPECT_THAT(solvents, testing::IsSupersetOf({"water", "dmso", "n,n-dimethylformamide"}));
+  EXPECT_EQ(std::set<std::string>(solvents.begin(), solvents.end()).size(), solvents.size());
 }
 
 TEST(Knowledge, TellsWhatFunctionalsCanBeUsedFor) {
