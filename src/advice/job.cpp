@@ -228,6 +228,12 @@ void Job::read_shell_lines() {
   }
 }
 
+bool Job::lists_all_modules() const {
+  return is_complete() && is_advanced() &&
+         std::all_of(data().modules.begin(), data().modules.end(),
+                     [](const Module& module) { return module.known; });
+}
+
 bool Job::has(std::string_view module) const {
   return std::any_of(blocks.begin(), blocks.end(),
                      [&](const Block& block) { return block.name == module; });
@@ -302,6 +308,21 @@ const Block* Job::last_before(const Block& block, std::string_view module) const
     }
   }
   return nullptr;
+}
+
+Setting Job::group_of(const System& system) const {
+  return system.compass != nullptr && system.compass->has("group") ? system.compass->get("group")
+                                                                   : header("group");
+}
+
+bool Job::may_have_symmetry(const System& system) const {
+  const Block* const compass = system.compass;
+  if (compass != nullptr && (compass->has("nosymm") || compass->is_elided)) {
+    return false;
+  }
+  std::string group = group_of(system).text();
+  group.erase(std::remove(group.begin(), group.end(), ' '), group.end());
+  return group != "c(1)" && group != "gen()";
 }
 
 const BasisSet* Job::basis_set_of(const System& system, const Centre& centre) const {

@@ -33,6 +33,8 @@ struct Block {
   std::map<std::string_view, std::vector<std::size_t>> entries;  ///< those known, by name, in order
 
   RecordId record() const { return RecordId::of_module(index); }
+  /// Tells whether all its lines are there and understood: what it does not ask for is not wanted.
+  bool is_whole() const { return !is_elided && !has_unknown_words; }
   /// Tells whether it has an entry.
   bool has(std::string_view entry) const { return entries.count(entry) > 0; }
   /// Returns the first entry of a name; one that is not there when it has none.
@@ -136,6 +138,9 @@ class Job {
   bool is_complete() const { return is_complete_; }
   /// Tells whether it has modules only. In any other input the program adds what is missing.
   bool is_advanced() const { return data().mode == InputMode::Module; }
+  /// Tells whether the modules that it has are all that will run: it is a calculation of modules
+  /// only, and all their names are known. Only then is a module missing that is not there.
+  bool lists_all_modules() const;
   /// Tells whether it has a module.
   bool has(std::string_view module) const;
   /// Tells whether `$bdfopt` runs the other modules itself, whatever their order.
@@ -166,6 +171,13 @@ class Job {
   /// orders the modules itself, any; null when there is none.
   const Scf* scf_of(const Block& block) const { return block.scf ? &scfs[*block.scf] : nullptr; }
   const System& system_of(const Block& block) const { return systems[block.system]; }
+
+  // Symmetry.
+
+  /// Returns where the point group of a system is chosen: in its `$compass`, else in the header.
+  Setting group_of(const System& system) const;
+  /// Tells whether a system may be computed with symmetry: nothing turns it off.
+  bool may_have_symmetry(const System& system) const;
 
   // Basis sets.
 

@@ -35,6 +35,22 @@ std::string indentation(const Job& job, std::size_t line) {
   return std::string(source.text_of({begin, std::max(begin, source.content(line).begin)}));
 }
 
+// Takes the lines of a range away and writes them where another line begins.
+std::vector<TextEdit> moved_to(const Job& job, const TextRange& from, std::size_t to) {
+  const std::string_view source = job.input.source().text();
+  std::string text(source.substr(from.begin, from.end - from.begin));
+  if (text.empty() || text.back() != '\n') {
+    text += line_end_of(job);
+  }
+  if (to > 0 && source[to - 1] != '\n') {
+    text.insert(0, line_end_of(job));
+  }
+  TextEdit removal = {from, {}};
+  TextEdit insertion = {{to, to}, std::move(text)};
+  return to < from.begin ? std::vector<TextEdit>{std::move(insertion), std::move(removal)}
+                         : std::vector<TextEdit>{std::move(removal), std::move(insertion)};
+}
+
 std::size_t begin_of(const Diagnostic& diagnostic) {
   return diagnostic.range ? diagnostic.range->begin : 0;
 }
@@ -117,8 +133,16 @@ Finding& Finding::ask(std::string title, TextEdit edit) {
   return offer({std::move(title), {std::move(edit)}, false});
 }
 
+Finding& Finding::ask_all(std::string title, std::vector<TextEdit> edits) {
+  return offer({std::move(title), std::move(edits), false});
+}
+
 Finding& Finding::fix(std::string title, TextEdit edit) {
   return offer({std::move(title), {std::move(edit)}, true});
+}
+
+Finding& Finding::fix_all(std::string title, std::vector<TextEdit> edits) {
+  return offer({std::move(title), std::move(edits), true});
 }
 
 Finding& Report::add(std::string_view message, std::initializer_list<std::string_view> arguments) {
@@ -228,6 +252,14 @@ TextEdit block_added(const Job& job, const Block& behind, const std::string& nam
   text += indent + "$end";
   text += end;
   return {{at, at}, std::move(text)};
+}
+
+std::vector<TextEdit> moved_before(const Job& job, const RecordId& record, const RecordId& other) {
+  return moved_to(job, job.input.range(record), job.input.range(other).begin);
+}
+
+std::vector<TextEdit> moved_behind(const Job& job, const RecordId& record, const RecordId& other) {
+  return moved_to(job, job.input.range(record), job.input.range(other).end);
 }
 
 }  // namespace kelp::input::bdf

@@ -46,10 +46,14 @@ class Finding {
   Finding& suggest(const std::vector<std::string>& names);
   /// Offers an edit that somebody has to choose.
   Finding& ask(std::string title, TextEdit edit);
+  /// Offers edits, in the order of the text, that somebody has to choose together.
+  Finding& ask_all(std::string title, std::vector<TextEdit> edits);
   /// Offers an edit that can be made unasked: there is no other sensible reading.
   Finding& fix(std::string title, TextEdit edit);
   /// Offers a fix of several edits, safe or not.
   Finding& offer(Fix fix);
+  /// Offers edits, in the order of the text, that can be made together unasked.
+  Finding& fix_all(std::string title, std::vector<TextEdit> edits);
 
  private:
   friend class Report;
@@ -94,6 +98,11 @@ TextEdit entry_added(const Job& job, const Block& block, const std::string& name
 /// Adds a block behind another one: `$mp2` and `$end`, with these lines between them.
 TextEdit block_added(const Job& job, const Block& behind, const std::string& name,
                      const std::vector<std::string>& lines = {});
+
+/// Moves all lines of an entry or a block before another one.
+std::vector<TextEdit> moved_before(const Job& job, const RecordId& record, const RecordId& other);
+/// Moves all lines of an entry or a block behind another one.
+std::vector<TextEdit> moved_behind(const Job& job, const RecordId& record, const RecordId& other);
 
 /// Returns a number as text, for messages.
 inline std::string text_of(std::int64_t number) {

@@ -11,6 +11,10 @@ TextRange range_of(const ParsedInput& input, Word word) {
   return {begin, begin + word.size()};
 }
 
+TextRange range_of(const ParsedInput& input, const std::vector<Word>& row) {
+  return {range_of(input, row.front()).begin, range_of(input, row.back()).end};
+}
+
 TextRange Setting::keyword() const {
   return *this ? input_->keyword_range(record_) : TextRange{};
 }

@@ -16,6 +16,9 @@ using Word = std::string_view;
 /// Returns where a word stands; it must be a view into the text of the input.
 TextRange range_of(const ParsedInput& input, Word word);
 
+/// Returns where the words of one line stand, from the first to the last; there is at least one.
+TextRange range_of(const ParsedInput& input, const std::vector<Word>& row);
+
 /// A keyword with its value, an entry of a module or a keyword of the header; or none. Whatever is
 /// asked of one that is not there is empty. It lives as long as the input.
 class Setting {

@@ -146,5 +146,14 @@ TEST(Blocks, AnswerByCanonicalNames) {
   EXPECT_EQ(job->shell_lines.front().before, 1U);
 }
 
+TEST(AJob, ListsAllModulesWhenItHasNothingElse) {
+  const std::string water = compass("O 0 0 0\n");
+  EXPECT_TRUE(JobOf(water + "$scf\nrhf\n$end\n")->lists_all_modules());
+  EXPECT_FALSE(JobOf(water + "$csf\nrhf\n$end\n")->lists_all_modules());
+  EXPECT_FALSE(JobOf(water + "...\n")->lists_all_modules());
+  EXPECT_FALSE(JobOf("$scf\nrhf\n$end\n")->lists_all_modules());
+  EXPECT_FALSE(JobOf("#! a\nhf/6-31g\ngeometry\nHe 0 0 0\nend geometry\n")->lists_all_modules());
+}
+
 }  // namespace
 }  // namespace kelp::input::bdf
