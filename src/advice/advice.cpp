@@ -36,6 +36,9 @@ std::vector<std::span<const Rule>> all_rules() {
       resp_couplings_rules(),       //
       resp_rules(),                 //
       scf_option_rules(),           //
+      sequence_correlated_rules(),  //
+      sequence_fragments_rules(),   //
+      sequence_rules(),             //
       soc_rules(),                  //
       solvent_rules(),              //
       symmetry_rules(),             //

@@ -21,6 +21,7 @@ std::span<const FindingText> geometry_finding_texts();
 std::span<const FindingText> guess_finding_texts();
 std::span<const FindingText> header_finding_texts();
 std::span<const FindingText> resp_finding_texts();
+std::span<const FindingText> sequence_finding_texts();
 std::span<const FindingText> soc_finding_texts();
 std::span<const FindingText> solvent_finding_texts();
 std::span<const FindingText> symmetry_finding_texts();

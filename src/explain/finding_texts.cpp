@@ -22,6 +22,7 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     guess_finding_texts,
     header_finding_texts,
     resp_finding_texts,
+    sequence_finding_texts,
     soc_finding_texts,
     solvent_finding_texts,
     symmetry_finding_texts,

@@ -40,8 +40,8 @@ constexpr auto texts = std::to_array<FindingText>({
      "$xuanyuan\n$end\n"},
     {"bdf.unterminated_module", "A module has no line $end.",
      "The line was forgotten, so that the next module begins inside this one.",
-     "Add $end after the module's last entry.", "$xuanyuan\n$scf\nrhf\n$end\n",
-     "$xuanyuan\n$end\n$scf\nrhf\n$end\n", error},
+     "Add $end after the module's last entry.", "$scf\nrhf\n$localmo\nflmo\n$end\n",
+     "$scf\nrhf\n$end\n$localmo\nflmo\n$end\n", error},
     {"bdf.unknown_entry", "The module has no entry of that name.",
      "A slip in a keyword, a keyword of another module, or a value that nothing expects: one too "
      "many, or one whose keyword takes none.",
