@@ -20,30 +20,34 @@ bool is_calculation(const BDFData& data) {
 
 std::vector<std::span<const Rule>> all_rules() {
   return {
-      atom_number_rules(),          //
-      basis_rules(),                //
-      distance_rules(),             //
-      electrons_rules(),            //
-      excited_solvation_rules(),    //
-      functional_rules(),           //
-      geometry_rules(),             //
-      guess_rules(),                //
-      hamiltonian_rules(),          //
-      header_rules(),               //
-      internal_coordinate_rules(),  //
-      irrep_rules(),                //
-      mixed_input_rules(),          //
-      resp_couplings_rules(),       //
-      resp_rules(),                 //
-      scf_option_rules(),           //
-      sequence_correlated_rules(),  //
-      sequence_fragments_rules(),   //
-      sequence_rules(),             //
-      soc_rules(),                  //
-      solvent_rules(),              //
-      symmetry_rules(),             //
-      tddft_rules(),                //
-      tddft_states_rules(),         //
+      atom_number_rules(),           //
+      basis_rules(),                 //
+      distance_rules(),              //
+      electrons_rules(),             //
+      excited_solvation_rules(),     //
+      functional_rules(),            //
+      geometry_rules(),              //
+      guess_rules(),                 //
+      hamiltonian_rules(),           //
+      header_rules(),                //
+      internal_coordinate_rules(),   //
+      irrep_rules(),                 //
+      mixed_input_rules(),           //
+      optimisation_hessian_rules(),  //
+      optimisation_paths_rules(),    //
+      optimisation_rules(),          //
+      optimisation_steps_rules(),    //
+      resp_couplings_rules(),        //
+      resp_rules(),                  //
+      scf_option_rules(),            //
+      sequence_correlated_rules(),   //
+      sequence_fragments_rules(),    //
+      sequence_rules(),              //
+      soc_rules(),                   //
+      solvent_rules(),               //
+      symmetry_rules(),              //
+      tddft_rules(),                 //
+      tddft_states_rules(),          //
   };
 }
 

@@ -21,6 +21,7 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     geometry_finding_texts,
     guess_finding_texts,
     header_finding_texts,
+    optimisation_finding_texts,
     resp_finding_texts,
     sequence_finding_texts,
     soc_finding_texts,
