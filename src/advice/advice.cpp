@@ -25,6 +25,8 @@ std::vector<std::span<const Rule>> all_rules() {
       distance_rules(),              //
       electrons_rules(),             //
       excited_solvation_rules(),     //
+      fragments_definition_rules(),  //
+      fragments_rules(),             //
       functional_rules(),            //
       geometry_rules(),              //
       guess_rules(),                 //

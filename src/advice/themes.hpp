@@ -13,6 +13,8 @@ std::span<const Rule> basis_rules();
 std::span<const Rule> distance_rules();
 std::span<const Rule> electrons_rules();
 std::span<const Rule> excited_solvation_rules();
+std::span<const Rule> fragments_definition_rules();
+std::span<const Rule> fragments_rules();
 std::span<const Rule> functional_rules();
 std::span<const Rule> geometry_rules();
 std::span<const Rule> guess_rules();

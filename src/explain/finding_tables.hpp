@@ -16,6 +16,7 @@ std::span<const FindingText> rewrite_finding_texts();
 std::span<const FindingText> schema_finding_texts();
 std::span<const FindingText> basis_finding_texts();
 std::span<const FindingText> electrons_finding_texts();
+std::span<const FindingText> fragments_finding_texts();
 std::span<const FindingText> functional_finding_texts();
 std::span<const FindingText> geometry_finding_texts();
 std::span<const FindingText> guess_finding_texts();

@@ -17,6 +17,7 @@ constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
     schema_finding_texts,
     basis_finding_texts,
     electrons_finding_texts,
+    fragments_finding_texts,
     functional_finding_texts,
     geometry_finding_texts,
     guess_finding_texts,
