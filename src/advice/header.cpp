@@ -32,8 +32,8 @@ std::size_t script_line_of(const ParsedInput& input) {
 void check_shebang_missing(const Job& job, Report& report) {
   const ParsedInput& input = job.input;
   // Who begins with comments has cut the input out of something else.
-  if (!job.specification() || !job.data().has_geometry || !job.data().leading_lines.empty() ||
-      script_line_of(input) != 0) {
+  if (!job.specification() || !job.data().has_geometry || !job.data().geometry_terminated ||
+      !job.data().leading_lines.empty() || script_line_of(input) != 0) {
     return;
   }
   const std::size_t begin = input.source().full_line_range(1).begin;

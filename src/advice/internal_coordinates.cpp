@@ -13,20 +13,6 @@
 namespace kelp::input::bdf {
 namespace {
 
-std::vector<const Geometry*> internal_geometries(const Job& job) {
-  std::vector<const Geometry*> all;
-  for (const System& system : job.systems) {
-    const Geometry& geometry = system.geometry;
-    const bool is_known = std::any_of(all.begin(), all.end(), [&](const Geometry* known) {
-      return known->record == geometry.record;
-    });
-    if (geometry.form == GeometryForm::Internal && geometry.is_certain && !is_known) {
-      all.push_back(&geometry);
-    }
-  }
-  return all;
-}
-
 // The words of a row that name atoms, or those that are values; what is missing is passed over.
 std::vector<Word> references_of(const std::vector<Word>& row) {
   std::vector<Word> words;
@@ -42,6 +28,36 @@ std::vector<Word> values_of(const std::vector<Word>& row) {
     words.push_back(row[i]);
   }
   return words;
+}
+
+// Lines that are no rows are told of elsewhere; they make the others doubtful.
+bool has_rows_alone(const Geometry& geometry) {
+  constexpr std::size_t most = 7;
+  for (std::size_t i = 0; i < geometry.rows.size(); ++i) {
+    const std::vector<Word> references = references_of(geometry.rows[i]);
+    const bool are_numbers = std::all_of(references.begin(), references.end(), [](Word word) {
+      return core::number::parse_integer(word).has_value();
+    });
+    if (geometry.rows[i].size() != std::min(2 * i + 1, most) || !are_numbers) {
+      return false;
+    }
+  }
+  return true;
+}
+
+std::vector<const Geometry*> internal_geometries(const Job& job) {
+  std::vector<const Geometry*> all;
+  for (const System& system : job.systems) {
+    const Geometry& geometry = system.geometry;
+    const bool is_known = std::any_of(all.begin(), all.end(), [&](const Geometry* known) {
+      return known->record == geometry.record;
+    });
+    if (geometry.form == GeometryForm::Internal && geometry.is_certain && !is_known &&
+        has_rows_alone(geometry)) {
+      all.push_back(&geometry);
+    }
+  }
+  return all;
 }
 
 bool is_number(Word word) {
@@ -137,7 +153,8 @@ void check_variable_undefined(const Job& job, Report& report) {
   for (const Geometry* const geometry : internal_geometries(job)) {
     const NameMap<Word> defined = names_defined(*geometry);
     for (const auto& [name, word] : names_used(*geometry)) {
-      if (defined.count(name) > 0) {
+      const bool is_name = !name.empty() && (name[0] < '0' || name[0] > '9') && name[0] != '.';
+      if (!is_name || defined.count(name) > 0) {
         continue;
       }
       report.add("'{}' is not defined.", {variable_name(word)})

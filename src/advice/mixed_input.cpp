@@ -115,11 +115,12 @@ void check_set_twice(const Job& job, Report& report, const char* name, std::stri
   const Setting in_header = job.header(name);
   for (const Block* const scf : job.all(scf_module)) {
     const Setting setting = scf->get(name);
-    if (!in_header || !setting) {
+    // What is no integer is said by the vocabulary.
+    if (!in_header.integer() || !setting.integer()) {
       continue;
     }
     const TextEdit edit = removed(job, setting);
-    if (in_header.integer() && in_header.integer() == setting.integer()) {
+    if (in_header.integer() == setting.integer()) {
       report.add("The header and $scf both state the {} {}.", {what, setting.text()})
           .at(setting, "stated twice")
           .related(in_header, "the header's")
