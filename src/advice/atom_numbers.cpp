@@ -50,7 +50,6 @@ class AtomNumbers {
       } else if (block->name == "autofrag") {
         pairs(block->get("charge").words());
         pairs(block->get("spinocc").words());
-        lists(block->get("fragdef").rows(), 1);
       }
     }
   }
@@ -129,12 +128,11 @@ class AtomNumbers {
     }
   }
 
-  void lists(const Rows& rows, std::size_t skipped) {
-    for (std::size_t i = skipped; i < rows.size(); ++i) {
-      for (const Word item : rows[i]) {
-        for (const Word number : numbers_in(item)) {
-          look_at(number);
-        }
+  // Numbers and ranges of them.
+  void list(const std::vector<Word>& items) {
+    for (const Word item : items) {
+      for (const Word number : numbers_in(item)) {
+        look_at(number);
       }
     }
   }
@@ -143,7 +141,7 @@ class AtomNumbers {
     std::vector<Word> words;
     split_value_tokens(line, words);
     if (!words.empty() && core::number::parse_integer(words.front())) {
-      lists({words}, 0);
+      list(words);
     }
   }
 

@@ -176,7 +176,10 @@ void check_temp_count(const Job& job, Report& report) {
 }
 
 void check_hess_file_missing(const Job& job, Report& report) {
-  if (job.folder == nullptr || job.folder->has_file(job.folder->job_name + ".hess")) {
+  const bool is_copied =
+      std::any_of(job.shell_lines.begin(), job.shell_lines.end(),
+                  [](const ShellLine& line) { return line.text.find(".hess") != Word::npos; });
+  if (job.folder == nullptr || is_copied || job.folder->has_file(job.folder->job_name + ".hess")) {
     return;
   }
   const std::string file = job.folder->job_name + ".hess";

@@ -22,7 +22,11 @@ Setting neb_of(const Block& block) {
 void check_neb_needs_geometry2(const Job& job, Report& report) {
   for (const Block* const block : job.all("bdfopt")) {
     const Setting neb = neb_of(*block);
-    if (neb && !block->has("geometry2") && block->is_whole() && job.is_complete()) {
+    const bool is_open = neb &&
+                         job.data().modules[block->index].entries[neb.record().entry].kind ==
+                             EntryValueKind::NestedBlock &&
+                         job.input.end_line(neb.record()) == 0;
+    if (neb && !is_open && !block->has("geometry2") && block->is_whole() && job.is_complete()) {
       report.add("'{}' has one end: 'geometry2' with the other one is missing.", {neb.name()})
           .at_keyword(neb, "a path to where?")
           .help("give the second structure with 'geometry2' ... 'end geometry2'");
@@ -128,7 +132,8 @@ std::vector<Scan> scans_of(const Job& job) {
     Scan scan;
     scan.setting = block->get("scan");
     scan.rows = scan.setting.rows();
-    if (scan.rows.empty() || block->is_elided || scan.rows.front().size() > 2) {
+    // One row is what stands there while the others are still to be typed.
+    if (scan.rows.size() < 2 || block->is_elided || scan.rows.front().size() > 2) {
       continue;
     }
     scan.head = scan.rows.front();

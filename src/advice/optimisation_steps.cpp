@@ -42,7 +42,7 @@ void check_dlfind_needs_norotate(const Job& job, Report& report) {
     const Block* const compass = job.system_of(*block).compass;
     const bool is_wanted = block->has("solver") || search;
     if (!is_wanted || solver_of(*block) != 0 || compass == nullptr || !job.is_complete() ||
-        keeps_orientation(*compass)) {
+        !job.data().modules[compass->index].terminated || keeps_orientation(*compass)) {
       continue;
     }
     const auto atoms = job.system_of(*block).geometry.size();

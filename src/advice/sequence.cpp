@@ -28,12 +28,13 @@ bool knows_all_modules(const Job& job) {
                      [](const Module& module) { return module.known; });
 }
 
-// An excerpt of an input may show an SCF alone, or bare modules, but not integrals with an SCF that
-// is set up.
+// An excerpt of an input may show an SCF alone, or bare modules, but not integrals followed by an
+// SCF that is set up.
 bool is_more_than_excerpt(const Job& job) {
-  return job.has("xuanyuan") && std::any_of(job.scfs.begin(), job.scfs.end(), [](const Scf& scf) {
-           return scf.block != nullptr && !scf.block->entries.empty();
-         });
+  return std::any_of(job.scfs.begin(), job.scfs.end(), [&](const Scf& scf) {
+    return scf.block != nullptr && !scf.block->entries.empty() &&
+           job.last_before(*scf.block, "xuanyuan") != nullptr;
+  });
 }
 
 void check_compass_missing(const Job& job, Report& report) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "diagnose/draft.hpp"
+#include "diagnose/offers.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
@@ -127,6 +128,17 @@ void name_other_modules(Draft& draft) {
   }
 }
 
+// A line that is none of an entry's can be a title, or a row of a block whose first line is
+// missing.
+bool is_slip_of_entry(const Draft& draft) {
+  const TextRange word = draft.diagnostic.range.value_or(TextRange{});
+  const TextRange statement = draft.statement_on(draft.line);
+  const std::string_view tail =
+      core::text::trim_view(draft.source.text_of({word.end, std::max(word.end, statement.end)}));
+  return can_be_slip(draft.source.text_of(word)) &&
+         tail.find_first_not_of("0123456789+-.eEdD ") == std::string_view::npos;
+}
+
 void complete_unknown_entry(Draft& draft) {
   const std::string& module = draft.module->name;
   draft.mark_word("not an entry of $" + core::unicode::abridged(module));
@@ -135,7 +147,7 @@ void complete_unknown_entry(Draft& draft) {
     return;
   }
   draft.suggest(similar_names(draft.entry->name, draft.context.names().entries(module)), "entry",
-                "entries", draft.diagnostic.range.value_or(TextRange{}));
+                "entries", draft.diagnostic.range.value_or(TextRange{}), is_slip_of_entry(draft));
   if (draft.diagnostic.suggestions.empty()) {
     name_other_modules(draft);
   }
@@ -146,7 +158,8 @@ void complete_unknown_nested_entry(Draft& draft) {
   draft.mark_word("not an entry of the block '" + block + "'");
   draft.suggest(similar_names(draft.child->name,
                               draft.context.names().nested_entries(draft.module->name, block)),
-                "entry", "entries", draft.diagnostic.range.value_or(TextRange{}));
+                "entry", "entries", draft.diagnostic.range.value_or(TextRange{}),
+                is_slip_of_entry(draft));
 }
 
 // -- how modules, entries and blocks stand together

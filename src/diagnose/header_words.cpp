@@ -283,7 +283,8 @@ class HeaderWordFinder {
     if (!near.empty()) {
       offer_names(diagnostic, std::move(near), {"value", "values"}, range, false);
     } else {
-      offer_names(diagnostic, names_near(token), {"keyword", "keywords"}, range, true);
+      offer_names(diagnostic, names_near(token), {"keyword", "keywords"}, range,
+                  can_be_slip(context_.input.source().text_of(range)));
     }
     use_(diagnostic);
   }

@@ -3,6 +3,7 @@
 
 #include "diagnose/offers.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "kelp/input/bdf/explain.hpp"
@@ -30,6 +31,14 @@ void offer_fix(Diagnostic& diagnostic, std::string title, const TextRange& range
   offer.edits.push_back({range, std::move(text)});
   offer.is_safe = is_safe;
   diagnostic.fixes.push_back(std::move(offer));
+}
+
+bool can_be_slip(std::string_view written) {
+  constexpr std::size_t shortest = 4;
+  return written.size() >= shortest && std::all_of(written.begin(), written.end(), [](char byte) {
+           return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
+                  (byte >= '0' && byte <= '9') || byte == '-' || byte == '_';
+         });
 }
 
 void offer_names(Diagnostic& diagnostic, std::vector<std::string> names, const NamedThing& thing,

@@ -31,6 +31,11 @@ Diagnostic begin_diagnostic(Finding finding, const PathIndex& paths);
 void offer_fix(Diagnostic& diagnostic, std::string title, const TextRange& range, std::string text,
                bool is_safe = false);
 
+/// Tells whether a text can be the slip of one name alone: it is long enough, and of no bytes but
+/// those of names. Short words are near to many names that nobody meant, and what has other bytes
+/// may hold more than the name: `nimage=3`.
+bool can_be_slip(std::string_view written);
+
 /// Adds names to write in place of a range: as help, as suggestions and as a fix each. The fix is
 /// safe where it is the only one and the list of names is closed.
 void offer_names(Diagnostic& diagnostic, std::vector<std::string> names, const NamedThing& thing,

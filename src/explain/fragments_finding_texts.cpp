@@ -51,14 +51,7 @@ constexpr auto texts = std::to_array<FindingText>({
      warning},
     {"fragments.sobeda_functional",
      "The analysis of the energy does not know the terms of some functionals.",
-     "A functional that is good for energies.", "Use another functional.",
-     "$autofrag\nmethod\n  sobeda\n$end\n$compass\nbasis\n  cc-pvdz\ngeometry\n"
-     "  He 0 0 0\n  He 0 0 3\nend geometry\n$end\n$xuanyuan\n$end\n$scf\nrks\ndft\n  kt2\n"
-     "d3\n$end\n$localmo\nflmo\n$end\n",
-     "$autofrag\nmethod\n  sobeda\n$end\n$compass\nbasis\n  cc-pvdz\ngeometry\n"
-     "  He 0 0 0\n  He 0 0 3\nend geometry\n$end\n$xuanyuan\n$end\n$scf\nrks\ndft\n"
-     "  b3lyp\nd3\n$end\n$localmo\nflmo\n$end\n",
-     warning},
+     "A functional that is good for energies.", "Use another functional.", "", "", warning},
     {"fragments.sobeda_needs_d3",
      "The method sobeda takes the dispersion energy from its correction, which $scf "
      "computes with d3 or d3zero.",

@@ -163,7 +163,7 @@ constexpr auto texts = std::to_array<FindingText>({
      "The entry was kept from an input without them.", "Leave it out.",
      "$autofrag\nmethod\n  ioi\n$end\n$compass\nbasis\n  cc-pVDZ\ngeometry\n  O 0 0 0.369"
      "\n  H 0 -0.784 -0.185\n  H 0 0.784 -0.185\nend geometry\n$end\n$xuanyuan\n$end\n$scf"
-     "\nrhf\nsmeartemp\n  300\n$end\n",
+     "\nrhf\nsmeartemp\n  300\n$end\n$localmo\nflmo\n$end\n",
      "$compass\nbasis\n  cc-pVDZ\ngeometry\n  O 0 0 0.369\n  H 0 -0.784 -0.185\n  H 0 "
      "0.784 -0.185\nend geometry\n$end\n$xuanyuan\n$end\n$scf\nrhf\nsmeartemp\n  300\n$end"
      "\n",

@@ -126,7 +126,7 @@ constexpr auto texts = std::to_array<FindingText>({
     {"optimisation.hess_file_missing",
      "readhess and $irc read a Hessian from a file with the name of the input.",
      "The file has the name of the earlier input.", "Copy it under the name of this one.", "", "",
-     warning},
+     note},
     {"optimisation.neb_needs_geometry2",
      "A path is searched between two structures: that of $compass, and geometry2.",
      "The second structure was forgotten.", "Give it with geometry2.",
@@ -197,10 +197,10 @@ constexpr auto texts = std::to_array<FindingText>({
      "The optimiser of solver 0, which is taken unless it is said, knows no such "
      "constraints.",
      "solver was forgotten.", "Set solver to 1.",
-     "$compass\nbasis\n  cc-pvdz\ngeometry\n  He 0 0 0\nend geometry\nnosymm\n$end\n"
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  He 0 0 0\n  He 0 0 3\nend geometry\nnosymm\n$end\n"
      "$bdfopt\nconstrain\n  1\n  1 2\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n$resp\n"
      "geom\n$end\n",
-     "$compass\nbasis\n  cc-pvdz\ngeometry\n  He 0 0 0\nend geometry\nnosymm\n$end\n"
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  He 0 0 0\n  He 0 0 3\nend geometry\nnosymm\n$end\n"
      "$bdfopt\nsolver\n  1\nconstrain\n  1\n  1 2\n$end\n$xuanyuan\n$end\n$scf\nrhf\n"
      "$end\n$resp\ngeom\n$end\n",
      warning},

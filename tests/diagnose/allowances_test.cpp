@@ -81,21 +81,23 @@ TEST(Allowances, MayStandBetweenAKeywordAndItsValue) {
 TEST(Allowances, WorkInTheHeader) {
   const std::string rest = "Geometry\n H 0 0 0\nEnd Geometry\n";
   const std::string allowance = "# kelp-bdf: allow bdf.invalid_easy_value\n";
-  EXPECT_THAT(found_in("hf/sto-3g\ncharge=one\n" + rest),
-              ElementsAre("bdf.invalid_easy_value on 2"));
-  EXPECT_THAT(found_in("hf/sto-3g\n" + allowance + "charge=one\n" + rest), IsEmpty());
+  EXPECT_THAT(found_in("#! name\nhf/sto-3g\ncharge=one\n" + rest),
+              ElementsAre("bdf.invalid_easy_value on 3"));
+  EXPECT_THAT(found_in("#! name\nhf/sto-3g\n" + allowance + "charge=one\n" + rest), IsEmpty());
   EXPECT_THAT(found_in("#! name\n" + allowance + "hf/sto-3g charge=one\n" + rest), IsEmpty());
-  EXPECT_THAT(found_in("hf/sto-3g\ncharge=one " + allowance + rest), IsEmpty());
+  EXPECT_THAT(found_in("#! name\nhf/sto-3g\ncharge=one " + allowance + rest), IsEmpty());
   EXPECT_THAT(found_in(allowance + "hf/sto-3g charge=one\n" + rest), IsEmpty());
 }
 
 TEST(Allowances, WorkAboveAGeometry) {
   const std::string missing = "# kelp-bdf: allow bdf.unterminated_geometry\n";
   const std::string misspelt = "# kelp-bdf: allow frame.misspelt_terminator\n";
-  EXPECT_THAT(found_in("hf/sto-3g\n" + missing + "Geometry\n H 0 0 0\n"), IsEmpty());
+  EXPECT_THAT(found_in("#! name\nhf/sto-3g\n" + missing + "Geometry\n H 0 0 0\n"), IsEmpty());
   // The line that is marked as the misspelt end belongs to the block.
-  EXPECT_THAT(found_in("hf/sto-3g\n" + misspelt + "Geometry\n H 0 0 0\nEndGeometry\n"), IsEmpty());
-  EXPECT_THAT(found_in("hf/sto-3g\nGeometry\n H 0 0 0\n" + misspelt + "EndGeometry\n"), IsEmpty());
+  EXPECT_THAT(found_in("#! name\nhf/sto-3g\n" + misspelt + "Geometry\n H 0 0 0\nEndGeometry\n"),
+              IsEmpty());
+  EXPECT_THAT(found_in("#! name\nhf/sto-3g\nGeometry\n H 0 0 0\n" + misspelt + "EndGeometry\n"),
+              IsEmpty());
 }
 
 TEST(Allowances, OfTheFileAreAboutAllOfIt) {

@@ -255,7 +255,7 @@ TEST(NamesAmongValues, AreToldOf) {
       "$compass\nbasis-block\n 6-3lg # c\n C,N = def2-szvp\n inline\n cc-pvzd\n end line\nend "
       "basis\n"
       "$end\n$compass\nbasis\n# aug-cc-pvzd\n  cc-pvzd\nri-j\n MYBAS-1\n$end\n"
-      "$scf\nrks\ndft functional\n B3LPY\n$end\n",
+      "$xuanyuan\n$end\n$scf\nrks\ndft functional\n B3LPY\n$end\n",
       shipped_schema());
   EXPECT_EQ(texts_of(input),
             (std::vector<std::string>{
@@ -272,13 +272,16 @@ TEST(NamesAmongValues, AreToldOf) {
                 "help: a similar basis set exists: 'cc-pvdz'\n"
                 "meant: cc-pvdz\n",
                 "warning names.unknown_functional of scf.dft [B3LPY] [scf]\n"
-                "20:2 'B3LPY': not a functional that is listed\n"
+                "22:2 'B3LPY': not a functional that is listed\n"
                 "help: a similar functional exists: 'b3lyp'\n"
                 "meant: b3lyp\n"}));
-  for (const Diagnostic& diagnostic : diagnose(input)) {
+  DiagnoseOptions options;
+  options.advice = false;
+  for (const Diagnostic& diagnostic : diagnose(input, options)) {
     EXPECT_FALSE(diagnostic.fixes.at(0).is_safe) << diagnostic.message;
   }
-  EXPECT_THAT(diagnose(input, {UnknownNames::Ignore}), testing::IsEmpty());
+  options.unknown = UnknownNames::Ignore;
+  EXPECT_THAT(diagnose(input, options), testing::IsEmpty());
 }
 
 }  // namespace

@@ -117,8 +117,8 @@ const Row openings[] = {
      "2:1 'Gemoetry'", "", "$compass\ngeometry\n Ne 0 0 0\nend geometry\n$end\n"},
     {"another block", "$compass\nbasis-blcok\n Ne sto-3g\nend basis\n$end\n", block_code,
      "2:1 'basis-blcok'", "", "$compass\nbasis-block\n Ne sto-3g\nend basis\n$end\n"},
-    {"a header without its dollar", "$xuanyuan\n$end\nscf\nrhf\n$end\n", dollar_code, "3:1 'scf'",
-     "", "$xuanyuan\n$end\n$scf\nrhf\n$end\n"},
+    {"a header without its dollar", "$localmo\n$end\nscf\nrhf\n$end\n", dollar_code, "3:1 'scf'",
+     "", "$localmo\n$end\n$scf\nrhf\n$end\n"},
     {"the first header without its dollar", "# c\nSCF # c\nrhf\n$end\n", dollar_code, "2:1 'SCF'",
      "", "# c\n$SCF # c\nrhf\n$end\n"},
     {"an empty module without its dollar", "xuanyuan\n\n$end\n", dollar_code, "1:1 'xuanyuan'", "",
@@ -127,8 +127,8 @@ const Row openings[] = {
      "", "$irc\nircpts\n 5\n$end\n"},
     {"a full-width dollar", "\xEF\xBC\x84scf\nrhf\n$end\n", wide_code, "1:1 '\xEF\xBC\x84scf'", "",
      "$scf\nrhf\n$end\n"},
-    {"a small dollar", "$xuanyuan\n$end\n \xEF\xB9\xA9 scf\nrhf\n$end\n", wide_code,
-     "3:2 '\xEF\xB9\xA9 scf'", "", "$xuanyuan\n$end\n $scf\nrhf\n$end\n"},
+    {"a small dollar", "$localmo\n$end\n \xEF\xB9\xA9 scf\nrhf\n$end\n", wide_code,
+     "3:2 '\xEF\xB9\xA9 scf'", "", "$localmo\n$end\n $scf\nrhf\n$end\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Ends, MisspeltBorders, ::testing::ValuesIn(ends));
