@@ -206,9 +206,7 @@ void check_methods_conflict(const Job& job, Report& report) {
 
 void check_method_missing(const Job& job, Report& report) {
   for (const Block* const block : job.all("scf")) {
-    const bool has_method = std::any_of(reference_names.begin(), reference_names.end(),
-                                        [&](std::string_view name) { return block->has(name); });
-    if (!has_method && job.is_complete() && job.is_advanced() && !block->is_elided) {
+    if (!names_reference(*block) && job.is_complete() && job.is_advanced() && !block->is_elided) {
       report.add("$scf names no method.")
           .at(*block, "no method")
           .help("add one of rhf, uhf, rohf (Hartree-Fock), rks, uks, roks (Kohn-Sham)");

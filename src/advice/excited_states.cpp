@@ -1,20 +1,11 @@
 #include "advice/excited_states.hpp"
 
 #include <algorithm>
-#include <array>
 
 #include "kelp/core/number.hpp"
 
 namespace kelp::input::bdf {
 namespace {
-
-constexpr std::array<std::string_view, 6> reference_names = {"rhf", "uhf", "rohf",
-                                                             "rks", "uks", "roks"};
-
-bool names_reference(const Block& scf) {
-  return std::any_of(reference_names.begin(), reference_names.end(),
-                     [&](std::string_view name) { return scf.has(name); });
-}
 
 // The program takes a closed shell for a singlet; without a multiplicity, for an even number of
 // electrons.

@@ -49,6 +49,17 @@ Block block_from(const ParsedInput& input, std::size_t index) {
 
 }  // namespace
 
+std::string_view name_of(Reference reference) {
+  return std::find_if(references.begin(), references.end(),
+                      [&](const ReferenceName& it) { return it.reference == reference; })
+      ->name;
+}
+
+bool names_reference(const Block& scf) {
+  return std::any_of(references.begin(), references.end(),
+                     [&](const ReferenceName& it) { return scf.has(it.name); });
+}
+
 Setting Block::get(std::string_view entry) const {
   const auto found = entries.find(entry);
   return found == entries.end() ? Setting()

@@ -80,6 +80,11 @@ struct System {
 /// What a self-consistent field refers to.
 enum class Reference : std::int32_t { Rhf, Uhf, Rohf, Rks, Uks, Roks };
 
+/// Returns the entry that names a reference: `rhf`. The view lives for ever.
+std::string_view name_of(Reference reference);
+/// Tells whether a `$scf` names a reference.
+bool names_reference(const Block& scf);
+
 /// An SCF calculation: a `$scf`, or what the header of an easy input without one asks for.
 struct Scf {
   const Block* block = nullptr;  ///< null for the header

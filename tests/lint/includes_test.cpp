@@ -123,7 +123,9 @@ const std::vector<Room>& rooms() {
       {"path", {"value_path.hpp"}, {"input", "explain"}},
       {"molecule", {"molecule.hpp"}, {"path"}},
       {"outline", {"outline.hpp"}, {"path", "molecule"}},
-      {"advice", {"diagnostics.hpp"}, {"input", "path", "molecule", "knowledge"}},
+      {"advice",
+       {"calculation.hpp", "diagnostics.hpp"},
+       {"input", "path", "molecule", "knowledge"}},
       {"diagnose", {"diagnostics.hpp"}, {"validate", "path", "advice"}},
       {"rewrite", {"rewrite.hpp"}, {"editor", "render", "path", "molecule", "diagnose"}},
   };
