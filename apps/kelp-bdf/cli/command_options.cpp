@@ -219,7 +219,7 @@ void add_get(CLI::App& app, Session& session) {
 
 void add_show(CLI::App& app, Session& session) {
   const auto options = std::make_shared<ShowOptions>();
-  CLI::App* const command = app.add_subcommand("show", "Print an outline");
+  CLI::App* const command = app.add_subcommand("show", "Print what is computed, and an outline");
   command
       ->add_option("input", options->inputs,
                    "Files, folders (searched for *.inp and *.bdf), - for standard input")

@@ -17,7 +17,7 @@ FileOutline outline_of(const Source& source, const input::bdf::InputSchema& sche
   if (input.is_empty()) {
     throw std::runtime_error(source.name + ": there is nothing to show: BDF input is empty");
   }
-  return {source.name, input::bdf::outline_of(input, language)};
+  return {source.name, input::bdf::outline_of(input, language), input::bdf::calculation_of(input)};
 }
 
 }  // namespace

@@ -4,22 +4,28 @@
 #include <string>
 #include <vector>
 
+#include "kelp/input/bdf/calculation.hpp"
 #include "kelp/input/bdf/outline.hpp"
 #include "kelp/input/bdf/source.hpp"
 
 namespace kelp::app {
 
-/// The outline of a file.
+/// What a file computes, and its outline.
 struct FileOutline {
   std::string file;
   input::bdf::Outline outline;
+  input::bdf::Calculation calculation;
 };
 
-/// Returns an outline as people like to read it, what names mean beside them.
+/// Returns what a file computes, and below that its outline, as people like to read it, what names
+/// mean beside them.
 std::string outline_text(const FileOutline& file);
 
-/// Returns outlines as one JSON document.
+/// Returns the same of files as one JSON document.
 std::string outline_json(const std::vector<FileOutline>& files);
+
+/// Returns the lines of an outline that tell what a file computes; none when nothing is known.
+std::vector<std::string> calculation_lines(const input::bdf::Calculation& calculation);
 
 /// One line of a value, without comment, and where it stands.
 struct ValueLine {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "kelp/core/unicode.hpp"
@@ -50,12 +51,15 @@ std::string line_text(std::size_t line) {
 /// Writes one outline.
 class TextWriter {
  public:
-  explicit TextWriter(const FileOutline& file) : file_(file.file), outline_(file.outline) {}
+  explicit TextWriter(const FileOutline& file) : file_(file), outline_(file.outline) {}
 
   std::string run() {
-    lines_.push_back(
-        {fmt::format("{}: {} input", core::unicode::displayable(file_), to_string(outline_.mode)),
-         {}});
+    lines_.push_back({fmt::format("{}: {} input", core::unicode::displayable(file_.file),
+                                  to_string(outline_.mode)),
+                      {}});
+    for (std::string& line : calculation_lines(file_.calculation)) {
+      lines_.push_back({std::move(line), {}});
+    }
     if (outline_.script_name) {
       add("script name", shortened(*outline_.script_name));
     }
@@ -155,7 +159,7 @@ class TextWriter {
     }
   }
 
-  const std::string& file_;
+  const FileOutline& file_;
   const Outline& outline_;
   std::vector<Line> lines_;
 };

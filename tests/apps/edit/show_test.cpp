@@ -13,6 +13,7 @@ namespace {
 
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 const std::string mixed =
     "#!water.sh\nb3lyp/sto-3g charge=1\n\nGeometry\nO 0 0 0.1\nH1 0 0.7 -0.4\nH2 0 -0.7 -0.4\n"
@@ -38,6 +39,13 @@ TEST(Show, PrintsAnOutline) {
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.out,
             "a.inp: mixed input\n"
+            "  molecule      H2O  (line 4)\n"
+            "  basis set     sto-3g  (line 2)\n"
+            "  SCF           rhf, charge 1 (line 2), multiplicity 2 (line 12), 9 electrons"
+            "  (line 10)\n"
+            "  SCF           uks (default), b3lyp, charge 1 (line 20), multiplicity 2 (default),"
+            " 9 electrons  (line 19)\n"
+            "  tasks         SCF (lines 10, 19)\n"
             "  script name   water.sh\n"
             "  header        b3lyp/sto-3g charge=1  (line 2)\n"
             "  charge        1  (easy.charge, line 2)\n"
@@ -75,6 +83,7 @@ TEST(Show, FindsAChargeThatTheSchemaCallsSomethingElse) {
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.out,
             "<stdin>: module input\n"
+            "  tasks         SCF (line 1)\n"
             "  charge        1  (scf.charge, line 2)\n"
             "     1  $scf\n"
             "     2    q  1\n");
@@ -120,6 +129,49 @@ TEST(Show, LongValuesAreCut) {
   const Outcome outcome =
       program.run({"show", "-"}, "$compass\ntitle\n" + std::string(200, 'x') + "\n$end\n");
   EXPECT_THAT(outcome.out, HasSubstr("title  " + std::string(60, 'x') + "...\n"));
+}
+
+TEST(Show, BeginsWithTheCalculation) {
+  Program program;
+  const std::string input =
+      "$compass\nbasis-block\n 6-31g\n C1, H = vdz\nend basis\ngeometry\nC1 0 0 0\nH 0 0 1\n"
+      "end geometry\n$end\n$scf\nuks\ndft\n b3lyp\nspin\n 2\n$end\n"
+      "$tddft\nistore\n 1\n$end\n$tddft\n$end\n$resp\ngeom\n$end\n";
+  EXPECT_THAT(program.run({"show", "-"}, input).out,
+              StartsWith("<stdin>: module input\n"
+                         "  molecule      CH  (line 1)\n"
+                         "  basis sets    6-31g, cc-pvdz for C1 H  (line 2)\n"
+                         "  SCF           uks, b3lyp, charge 0 (default), multiplicity 2 (line 15),"
+                         " 7 electrons  (line 11)\n"
+                         "  tasks         SCF (line 11), TDDFT (lines 18, 22), gradient (line 24)\n"
+                         "  multiplicity  2  (scf.spinmulti, line 15)\n"));
+}
+
+TEST(Show, TellsOfAnExcerptOnlyWhatIsCertain) {
+  Program program;
+  EXPECT_THAT(program.run({"show", "-"}, "$scf\nrks\n...\n$end\n").out,
+              StartsWith("<stdin>: module input\n"
+                         "  SCF           rks  (line 1)\n"
+                         "  tasks         SCF (line 1)\n"
+                         "     1  $scf"));
+}
+
+TEST(ShowJson, HoldsTheCalculation) {
+  Program program;
+  const std::string input =
+      "tddft/pbe0/6-31g charge=1\n\nGeometry\nO 0 0 0\nH 0 0 1\nH 0 1 0\nEnd Geometry\n";
+  const json shown = json::parse(program.run({"show", "--json", "-"}, input).out);
+  EXPECT_EQ(shown["inputs"][0]["calculation"], json::parse(R"({
+    "complete": true,
+    "method": {"name": "tddft", "default": false, "line": 1},
+    "systems": [{"formula": "H2O", "atoms": 3, "inline_basis": false, "line": 3,
+                 "basis_sets": [{"name": "6-31g", "labels": [], "line": 1}]}],
+    "scf": [{"system": 0, "charge": {"value": 1, "default": false, "line": 1},
+             "multiplicity": {"value": 2, "default": true, "line": null}, "electrons": 9,
+             "reference": null, "functional": {"name": "pbe0", "default": false, "line": 1},
+             "line": 1}],
+    "tasks": [{"task": "SCF", "system": 0, "line": 1}, {"task": "TDDFT", "system": 0, "line": 1}]
+  })"));
 }
 
 TEST(ShowJson, HoldsTheOutline) {
