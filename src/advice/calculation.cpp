@@ -11,7 +11,6 @@
 #include "advice/excited_states.hpp"
 #include "advice/job.hpp"
 #include "advice/tasks.hpp"
-#include "kelp/core/text.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/molecule_names.hpp"
@@ -42,15 +41,22 @@ bool knows_all_header_words(const Job& job) {
   return std::find(is_known.begin(), is_known.end(), false) == is_known.end();
 }
 
+bool has_elision(const SourceText& source) {
+  for (std::size_t line = 1; line <= source.line_count(); ++line) {
+    if (is_elision(source.line(line))) {
+      return true;
+    }
+  }
+  return false;
+}
+
 class CalculationMaker {
  public:
   explicit CalculationMaker(const Job& job)
       : job_(job), is_header_known_(knows_all_header_words(job)) {}
 
   Calculation run() {
-    made_.is_complete =
-        job_.is_complete() && std::none_of(job_.blocks.begin(), job_.blocks.end(),
-                                           [](const Block& block) { return block.is_elided; });
+    made_.is_complete = job_.is_complete() && !has_elision(job_.input.source());
     if (has_known_method(job_) && !job_.method().empty()) {
       made_.method = name_at(job_.method(), specification(), specification_ranges().method);
     }

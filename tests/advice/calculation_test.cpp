@@ -256,6 +256,14 @@ TEST(CalculationOf, NothingIsEmpty) {
   EXPECT_THAT(calculation.tasks, IsEmpty());
 }
 
+TEST(CalculationOf, AnExcerptIsNotComplete) {
+  EXPECT_TRUE(calculated(easy("hf/6-31g", helium)).is_complete);
+  EXPECT_FALSE(calculated(easy("hf/6-31g", helium + "...\n")).is_complete);
+  EXPECT_FALSE(calculated(compass(helium) + scf("rhf\n...\n")).is_complete);
+  EXPECT_FALSE(calculated(compass(helium) + "...\n").is_complete);
+  EXPECT_FALSE(calculated(scf("rhf\n")).is_complete);
+}
+
 // The published inputs are right, so that the parts must fit each other.
 TEST(CalculationOf, PublishedInputsFitTogether) {
   const std::vector<std::filesystem::path> paths = test::published_inputs();
