@@ -11,8 +11,8 @@ namespace kelp::input::bdf {
 Calculation::Origin origin_of(const ParsedInput& input, const RecordId& record,
                               const TextRange& range);
 
-/// Tells whether the header names a method that the schema knows, or a functional that it knows where
-/// a method could stand. Anything else is neither one for sure.
+/// Tells whether the header names a method that the schema knows, or a functional that it knows
+/// where a method could stand. Anything else is neither one for sure.
 bool has_known_method(const Job& job);
 
 /// Returns what an input computes, in order.
