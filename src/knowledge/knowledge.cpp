@@ -12,6 +12,7 @@
 #include "kelp/core/resource.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/schema.hpp"
+#include "knowledge/knowledge_table.hpp"
 #include "schema/normalize_key.hpp"
 
 namespace kelp::input::bdf {
@@ -78,10 +79,21 @@ std::string knowledge_path() {
   return core::resource::locate_file("schemas/input/" + std::string(file_name), {}, {}, parents);
 }
 
+// As a schema: the document that the library was built with is there as a table.
+Knowledge read_document(const std::string& text) {
+  const BuiltInDocument built_in = built_in_knowledge();
+  if (!built_in.is_made_from(text)) {
+    return Knowledge::from_yaml(text);
+  }
+  auto impl = std::make_shared<Knowledge::Impl>();
+  TableReader{built_in.table}(*impl);
+  return Knowledge(std::move(impl));
+}
+
 Knowledge load_default() {
   const std::string path = knowledge_path();
   try {
-    return path.empty() ? Knowledge() : Knowledge::from_yaml(core::fs::read_text_file(path));
+    return path.empty() ? Knowledge() : read_document(core::fs::read_text_file(path));
   } catch (const std::exception&) {
     return {};
   }
@@ -91,6 +103,10 @@ Knowledge load_default() {
 
 Knowledge::Knowledge() : impl_(std::make_shared<const Impl>()) {}
 Knowledge::Knowledge(std::shared_ptr<const Impl> impl) : impl_(std::move(impl)) {}
+
+Knowledge Knowledge::from_yaml(std::string_view text) {
+  return Knowledge(read_knowledge(text));
+}
 
 const BasisSet* Knowledge::basis_set(std::string_view name) const {
   const auto* const found = find_in(impl_->basis_sets, normalize_key(name));

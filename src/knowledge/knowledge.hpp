@@ -112,6 +112,9 @@ struct Knowledge::Impl {
   NameMap<double> radii;
 };
 
+/// Reads a document as `Knowledge::from_yaml` does.
+std::shared_ptr<const Knowledge::Impl> read_knowledge(std::string_view text);
+
 /// Returns the knowledge of this process, loaded on the first call from `bdf-knowledge.yaml` in the
 /// folder of the schema, else from where the schema is looked for. One that knows nothing when
 /// there is no such file, or when it cannot be read: advice is then not given, which harms nobody.

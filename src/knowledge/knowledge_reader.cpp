@@ -178,8 +178,8 @@ std::optional<ElementSet> read_elements(std::string_view text) {
   return elements.any() ? std::optional<ElementSet>(elements) : std::nullopt;
 }
 
-Knowledge Knowledge::from_yaml(std::string_view text) {
-  return Knowledge(KnowledgeReader(text.size()).read(YAML::Load(std::string(text))));
+std::shared_ptr<const Knowledge::Impl> read_knowledge(std::string_view text) {
+  return KnowledgeReader(text.size()).read(YAML::Load(std::string(text)));
 }
 
 }  // namespace kelp::input::bdf

@@ -1,10 +1,13 @@
 #include "schema/entry_reader.hpp"
 
+#include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
+#include "kelp/core/text.hpp"
 #include "schema/document_keys.hpp"
 #include "schema/normalize_key.hpp"
 
@@ -134,6 +137,20 @@ void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& bu
 }
 
 }  // namespace
+
+TextSlice TextPool::add(std::string_view text) {
+  text = core::text::trim_view(text);
+  if (text.empty()) {
+    return {};
+  }
+  if (texts_.empty()) {
+    texts_.reserve(expected_);
+  }
+  const TextSlice slice = {texts_.size(), text.size()};
+  texts_.append(text);
+  std::replace(texts_.begin() + static_cast<std::ptrdiff_t>(slice.begin), texts_.end(), '\n', ' ');
+  return slice;
+}
 
 EntryExtras read_description(const YAML::Node& map, EntrySchemaInfo& info, ExpansionBudget& budget,
                              TextPool* texts) {

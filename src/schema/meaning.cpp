@@ -3,31 +3,14 @@
 
 #include "kelp/input/bdf/meaning.hpp"
 
-#include <algorithm>
 #include <cstddef>
 #include <unordered_map>
 #include <utility>
 
-#include "kelp/core/text.hpp"
 #include "schema/impl.hpp"
 #include "schema/lookup.hpp"
 
 namespace kelp::input::bdf {
-
-TextSlice TextPool::add(std::string_view text) {
-  text = core::text::trim_view(text);
-  if (text.empty()) {
-    return {};
-  }
-  if (texts_.empty()) {
-    texts_.reserve(expected_);
-  }
-  const TextSlice slice = {texts_.size(), text.size()};
-  texts_.append(text);
-  std::replace(texts_.begin() + static_cast<std::ptrdiff_t>(slice.begin), texts_.end(), '\n', ' ');
-  return slice;
-}
-
 namespace {
 
 using Impl = InputSchema::Impl;

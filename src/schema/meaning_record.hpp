@@ -18,19 +18,30 @@ struct TextSlice {
 /// All sentences of a schema, one behind the other: there are thousands, and nobody changes one.
 class TextPool {
  public:
+  /// Makes a pool of texts that stand elsewhere, for as long as the pool is used. It takes up no
+  /// others.
+  static TextPool over(std::string_view texts) {
+    TextPool pool;
+    pool.elsewhere_ = texts;
+    return pool;
+  }
+
   /// Tells how long all texts together are likely to be.
   void expect(std::size_t size) { expected_ = size; }
 
   /// Takes a text up, without the white space around it and on one line.
   TextSlice add(std::string_view text);
   /// Returns a text; the view lives until the next text is added.
-  std::string_view view(TextSlice slice) const {
-    return std::string_view(texts_).substr(slice.begin, slice.length);
+  std::string_view view(TextSlice slice) const { return all().substr(slice.begin, slice.length); }
+  /// Returns all texts, one behind the other.
+  std::string_view all() const {
+    return elsewhere_.empty() ? std::string_view(texts_) : elsewhere_;
   }
 
  private:
   std::size_t expected_ = 0;
   std::string texts_;
+  std::string_view elsewhere_;
 };
 
 /// What is said about one name. Each text is there for every language, in the order of the

@@ -6,12 +6,9 @@
 
 #include <yaml-cpp/yaml.h>
 
-#include <exception>
-#include <stdexcept>
 #include <string_view>
 #include <utility>
 
-#include "kelp/core/fs.hpp"
 #include "kelp/core/text.hpp"
 #include "schema/document_keys.hpp"
 #include "schema/entry_reader.hpp"
@@ -195,25 +192,6 @@ std::shared_ptr<const InputSchema::Impl> read_schema(std::string yaml) {
   // which after the tree of nodes takes as long as reading them.
   const YAML::Node root = YAML::Load(std::exchange(yaml, {}));
   return SchemaReader(size).read(root);
-}
-
-InputSchema InputSchema::from_yaml(std::string_view text) {
-  if (core::text::trim_view(text).empty()) {
-    return {};
-  }
-  try {
-    return InputSchema(read_schema(std::string(text)));
-  } catch (const std::exception& error) {
-    throw std::runtime_error(std::string("failed to parse BDF input schema YAML: ") + error.what());
-  }
-}
-
-InputSchema InputSchema::from_file(const std::string& path) {
-  try {
-    return InputSchema(read_schema(core::fs::read_text_file(path)));
-  } catch (const std::exception& error) {
-    throw std::runtime_error("failed to load BDF input schema '" + path + "': " + error.what());
-  }
 }
 
 }  // namespace kelp::input::bdf
