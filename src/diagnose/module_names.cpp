@@ -75,6 +75,11 @@ class ModuleNameFinder {
   void look_at_name(const std::string& name, const TextRange& range, const RecordId& record,
                     Holds holds) const {
     const bool is_functional = holds == Holds::Functional;
+    const InputSchema& schema = input_.schema();
+    // Whole lists are made only for what is not listed.
+    if (is_functional ? schema.is_known_functional(name) : schema.is_known_basis(name)) {
+      return;
+    }
     const std::string thing = is_functional ? "functional" : "basis set";
     std::vector<std::string> likely = likely_names(
         name, is_functional ? context_.names().functionals() : context_.names().basis_sets());

@@ -80,10 +80,10 @@ std::string knowledge_path() {
 }
 
 // As a schema: the document that the library was built with is there as a table.
-Knowledge read_document(const std::string& text) {
+Knowledge read_file(const std::string& path) {
   const BuiltInDocument built_in = built_in_knowledge();
-  if (!built_in.is_made_from(text)) {
-    return Knowledge::from_yaml(text);
+  if (!built_in.stands_for(path)) {
+    return Knowledge::from_yaml(core::fs::read_text_file(path));
   }
   auto impl = std::make_shared<Knowledge::Impl>();
   TableReader{built_in.table}(*impl);
@@ -93,7 +93,7 @@ Knowledge read_document(const std::string& text) {
 Knowledge load_default() {
   const std::string path = knowledge_path();
   try {
-    return path.empty() ? Knowledge() : read_document(core::fs::read_text_file(path));
+    return path.empty() ? Knowledge() : read_file(path);
   } catch (const std::exception&) {
     return {};
   }

@@ -3,10 +3,11 @@
 // Records as a row of bytes, which is read many times faster than the document they came from.
 //
 // Numbers are written in sevens of bits, the lowest first, with the eighth bit set on all bytes but
-// the last; numbers with fractions as the bits of an IEEE double; texts and lists as their length
-// and what is in them; maps in the order of their keys. So the bytes are the same on every machine,
-// and every machine reads them. Of a record, its fields follow each other: which ones, says a
-// function `transfer` beside the record, for reading and for writing alike.
+// the last; numbers with fractions as the bits of an IEEE double; sets of bits in numbers of 32;
+// texts and lists as their length and what is in them; maps in the order of their keys. So the
+// bytes are the same on every machine, and every machine reads them. Of a record, its fields follow
+// each other: which ones, says a function `transfer` beside the record, for reading and for writing
+// alike.
 
 #include <array>
 #include <bit>
@@ -22,6 +23,7 @@
 #include <utility>
 #include <vector>
 
+#include "kelp/core/fs.hpp"
 #include "schema/meaning_record.hpp"
 #include "schema/name_map.hpp"
 
@@ -33,8 +35,10 @@ struct BuiltInDocument {
   std::string_view text;
   std::string_view table;
 
-  /// Tells whether the table says what a text says.
-  bool is_made_from(std::string_view document) const { return !table.empty() && document == text; }
+  /// Tells whether the table says what a file says: that the file holds the text.
+  bool stands_for(const std::string& path) const {
+    return !table.empty() && core::fs::file_holds(path, text);
+  }
 };
 
 /// Reads records. What it reads is a table that was written by the same version of the library; it
@@ -112,9 +116,11 @@ class TableReader {
   template <typename Value>
   void read(NameMap<Value>& map) {
     const auto size = static_cast<std::size_t>(number());
-    if (size > 0) {
-      map.reserve(size);
+    // Most maps are empty, and even to reserve nothing takes time.
+    if (size == 0) {
+      return;
     }
+    map.reserve(size);
     for (std::size_t i = 0; i < size; ++i) {
       read(map[std::string(text())]);
     }
@@ -122,8 +128,8 @@ class TableReader {
 
   template <std::size_t N>
   void read(std::bitset<N>& set) {
-    for (std::size_t count = static_cast<std::size_t>(number()); count > 0; --count) {
-      set.set(static_cast<std::size_t>(number()));
+    for (std::size_t begin = 0; begin < N; begin += 32) {
+      set |= std::bitset<N>(number()) << begin;
     }
   }
 

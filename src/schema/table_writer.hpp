@@ -40,9 +40,7 @@ class TableWriter {
 
   template <typename Value>
   requires std::integral<Value> || std::is_enum_v<Value>
-  void write(const Value& value) {
-    number(static_cast<std::uint64_t>(value));
-  }
+  void write(const Value& value) { number(static_cast<std::uint64_t>(value)); }
 
   template <typename Value>
   void write(const std::optional<Value>& value) {
@@ -88,11 +86,9 @@ class TableWriter {
 
   template <std::size_t N>
   void write(const std::bitset<N>& set) {
-    number(set.count());
-    for (std::size_t i = 0; i < N; ++i) {
-      if (set.test(i)) {
-        number(i);
-      }
+    constexpr std::uint64_t all_bits = 0xffffffffU;
+    for (std::size_t begin = 0; begin < N; begin += 32) {
+      number(((set >> begin) & std::bitset<N>(all_bits)).to_ullong());
     }
   }
 

@@ -2,9 +2,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "../file_error.hpp"
@@ -58,6 +60,26 @@ std::string read_text_file(const std::string& path) {
   }
   text.resize(used);
   return text;
+}
+
+bool file_holds(const std::string& path, std::string_view text) {
+  struct stat status {};
+  // To open a pipe could wait, or take what others are to read.
+  if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) ||
+      static_cast<std::size_t>(status.st_size) != text.size()) {
+    return false;
+  }
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  std::array<char, chunk / 4> bytes;
+  ssize_t count = 0;
+  while ((count = ::read(file.get(), bytes.data(), bytes.size())) > 0) {
+    const auto size = static_cast<std::size_t>(count);
+    if (text.substr(0, size) != std::string_view(bytes.data(), size)) {
+      return false;
+    }
+    text.remove_prefix(size);
+  }
+  return count == 0 && text.empty();
 }
 
 }  // namespace kelp::core::fs

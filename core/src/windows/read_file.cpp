@@ -1,9 +1,12 @@
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "../file_error.hpp"
+#include "../path_kind.hpp"
 #include "error_text.hpp"
 #include "handle.hpp"
 #include "kelp/core/fs.hpp"
@@ -53,6 +56,11 @@ std::size_t read_some(HANDLE file, char* to, std::size_t room, const std::string
   }
 }
 
+HANDLE open_to_read(const std::wstring& wide) {
+  return ::CreateFileW(wide.c_str(), GENERIC_READ, share_all, nullptr, OPEN_EXISTING,
+                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+}
+
 }  // namespace
 
 std::string read_text_file(const std::string& path) {
@@ -60,8 +68,7 @@ std::string read_text_file(const std::string& path) {
   if (wide.empty()) {
     throw_error(path, ERROR_INVALID_NAME);
   }
-  const Handle file(::CreateFileW(wide.c_str(), GENERIC_READ, share_all, nullptr, OPEN_EXISTING,
-                                  FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const Handle file(open_to_read(wide));
   if (!file.is_open()) {
     throw_not_opened(path, wide);
   }
@@ -77,6 +84,28 @@ std::string read_text_file(const std::string& path) {
   }
   text.resize(used);
   return text;
+}
+
+bool file_holds(const std::string& path, std::string_view text) {
+  // To open a pipe could wait, or take what others are to read.
+  if (path_kind(path) != PathKind::File) {
+    return false;
+  }
+  const Handle file(open_to_read(wide_path(path)));
+  if (!file.is_open() || expected_size(file.get()) != text.size()) {
+    return false;
+  }
+  std::array<char, chunk / 4> bytes;
+  DWORD count = 0;
+  while (::ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) !=
+             0 &&
+         count > 0) {
+    if (text.substr(0, count) != std::string_view(bytes.data(), count)) {
+      return false;
+    }
+    text.remove_prefix(count);
+  }
+  return text.empty();
 }
 
 }  // namespace kelp::core::fs

@@ -14,6 +14,10 @@ namespace kelp::core::fs {
 /// @throws std::runtime_error naming the path and the cause, for a directory too.
 std::string read_text_file(const std::string& path);
 
+/// Tells whether a regular file holds exactly the bytes of a text, without a copy of them. False
+/// when it cannot be read, and for pipes and devices, from which nothing is taken.
+bool file_holds(const std::string& path, std::string_view text);
+
 /// Replaces a file by a text, as a whole: whoever opens the path sees the old or the new bytes,
 /// also after a crash. A symbolic link stays, and its target is replaced; another hard link to the
 /// file keeps the old text.
