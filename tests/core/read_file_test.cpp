@@ -80,5 +80,32 @@ TEST(ReadTextFile, ThrowsForAnEmptyPath) {
   EXPECT_THROW(read_text_file(""), std::runtime_error);
 }
 
+TEST(FileHolds, ExactlyTheBytesOfTheFile) {
+  const TemporaryFolder folder;
+  std::string large(100'003, 'x');
+  for (std::size_t i = 0; i < large.size(); i += 997) {
+    large[i] = static_cast<char>(i % 251);
+  }
+  test::write_file(folder / "large", large);
+  const std::string path = utf8(folder / "large");
+  EXPECT_TRUE(file_holds(path, large));
+  EXPECT_FALSE(file_holds(path, large + "x"));
+  EXPECT_FALSE(file_holds(path, large.substr(1)));
+  for (const std::size_t at : {std::size_t{0}, large.size() / 2, large.size() - 1}) {
+    std::string other = large;
+    other[at] = '!';
+    EXPECT_FALSE(file_holds(path, other)) << at;
+  }
+}
+
+TEST(FileHolds, NothingWhereThereIsNoFile) {
+  const TemporaryFolder folder;
+  test::write_file(folder / "empty", "");
+  EXPECT_TRUE(file_holds(utf8(folder / "empty"), ""));
+  for (const std::string& path : {utf8(folder / "missing"), utf8(folder.path()), std::string()}) {
+    EXPECT_FALSE(file_holds(path, "")) << path;
+  }
+}
+
 }  // namespace
 }  // namespace kelp::core::fs

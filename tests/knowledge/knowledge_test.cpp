@@ -7,12 +7,15 @@
 #include <string>
 #include <vector>
 
+#include "knowledge/knowledge_table.hpp"
+#include "schema/table_writer.hpp"
 #include "support/files.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
+using test::utf8;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -25,6 +28,33 @@ const Knowledge& shipped() {
 TEST(Knowledge, OfTheShippedFileIsThatOfTheProcess) {
   EXPECT_EQ(default_knowledge().basis_set_names(), shipped().basis_set_names());
   EXPECT_EQ(shipped().basis_set_names().size(), 371U);
+}
+
+// The table holds all fields, and so does a table that is made anew from what was read from it.
+TEST(Knowledge, OfTheBuildIsThatOfTheShippedFile) {
+  const auto path = std::filesystem::path(KELP_SCHEMA_FILE).parent_path() / "bdf-knowledge.yaml";
+  const std::string text = test::file_bytes(path);
+  TableWriter of_yaml;
+  of_yaml(*read_knowledge(text));
+  Knowledge::Impl impl;
+  TableReader{of_yaml.table()}(impl);
+  TableWriter again;
+  again(impl);
+  EXPECT_TRUE(again.table() == of_yaml.table());
+  EXPECT_EQ(impl.basis_order, shipped().basis_set_names());
+  for (const std::string& name : impl.basis_order) {
+    const BasisSet* const set = shipped().basis_set(name);
+    const auto found = impl.basis_sets.find(name);
+    ASSERT_TRUE(set != nullptr && found != impl.basis_sets.end()) << name;
+    EXPECT_EQ(found->second->elements, set->elements) << name;
+    EXPECT_EQ(found->second->all_electron, set->all_electron) << name;
+  }
+  const BuiltInDocument built_in = built_in_knowledge();
+  if (!built_in.table.empty()) {
+    EXPECT_TRUE(built_in.text == text);
+    EXPECT_TRUE(built_in.table == of_yaml.table());
+    EXPECT_TRUE(built_in.stands_for(utf8(path)));
+  }
 }
 
 TEST(Knowledge, NamesWhatTheVocabularyNames) {
