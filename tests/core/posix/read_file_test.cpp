@@ -32,6 +32,15 @@ TEST(ReadTextFilePosix, ReadsANamedPipeToItsEnd) {
   EXPECT_TRUE(read == text);
 }
 
+// Nobody writes into the pipe: whoever opened it would wait for ever.
+TEST(FileHoldsPosix, IsFalseForAPipeAndADeviceWithoutOpeningThem) {
+  const TemporaryFolder folder;
+  const std::string path = utf8(folder / "pipe");
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  EXPECT_FALSE(file_holds(path, ""));
+  EXPECT_FALSE(file_holds("/dev/null", ""));
+}
+
 TEST(ReadTextFilePosix, ReadsADeviceAndAFileWithoutASize) {
   EXPECT_EQ(read_text_file("/dev/null"), "");
   if (std::filesystem::exists("/proc/self/cmdline")) {
