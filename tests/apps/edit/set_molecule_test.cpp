@@ -31,12 +31,12 @@ TEST(SetGeometry, OfAnInputWithAHeader) {
 TEST(SetGeometry, OfAModuleInputStandsInCompass) {
   Program program;
   program.write("water.xyz", water);
-  const Outcome outcome = program.run(
-      {"set", "-", "--geometry", "water.xyz"},
-      "$compass\nbasis\nsto-3g\ngeometry\nHe 0 0 0\nend geometry\n$end\n$scf\nrhf\n$end\n");
+  const Outcome outcome = program.run({"set", "-", "--geometry", "water.xyz"},
+                                      "$compass\nbasis\nsto-3g\ngeometry\nHe 0 0 0\nend "
+                                      "geometry\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.out, std::string("$compass\nbasis\nsto-3g\ngeometry\nO 0 0 0.1000000000\n") +
-                             hydrogens + "end geometry\n$end\n$scf\nrhf\n$end\n");
+                             hydrogens + "end geometry\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n");
   EXPECT_EQ(program.run({"check", "-"}, outcome.out).status, 0);
   EXPECT_EQ(program.run({"get", "geometry", "-"}, outcome.out).out,
             std::string("O 0 0 0.1000000000\n") + hydrogens);

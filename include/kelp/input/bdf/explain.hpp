@@ -57,15 +57,15 @@ KELP_BDF_INP_EXPORT std::span<const FindingText> finding_texts();
 /// of inputs, then among those of schemas. Null when there is none. The pointer lives for ever.
 KELP_BDF_INP_EXPORT const FindingText* find_finding_text(std::string_view code);
 
-/// Tells whether a pattern means a code: it is the code, in any case, or ends in a `*` and is what
-/// the code begins with (`header.*`, `*`).
+/// Tells whether a pattern means a code: it is the code, in any case, or it ends in an asterisk and
+/// is what the code begins with. An asterisk alone means every code.
 KELP_BDF_INP_EXPORT bool matches_code(std::string_view pattern, std::string_view code) noexcept;
 
 /// Tells whether there is a code that a pattern means.
 KELP_BDF_INP_EXPORT bool means_any_code(std::string_view pattern);
 
 /// Returns the codes that a pattern which means none may have been meant to be, the nearest first;
-/// for one that ends in a `*` patterns of the form `header.*`.
+/// for one that ends in an asterisk they do, too.
 KELP_BDF_INP_EXPORT std::vector<std::string> similar_codes(std::string_view pattern);
 
 /// Returns the type of an entry's values, for rows the types of the columns: "integer float". Empty
