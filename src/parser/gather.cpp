@@ -169,7 +169,11 @@ void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry
   std::string_view rest = line;
   core::text::take_word(rest);
   rest = core::text::trim_view(rest);
-  if (!rest.empty() && !distance_to_value(reader, keywords)) {
+  if (rest.empty()) {
+    return;
+  }
+  const auto distance = distance_to_value(reader, keywords);
+  if (!distance || keywords.has_numbers_behind(entry, rest, reader.line_ahead(*distance))) {
     entry.values.emplace_back(rest);
     reader.map()->inline_values.push_back(number);
   }

@@ -12,7 +12,8 @@ namespace kelp::input::bdf {
 bool is_terminator(std::string_view line, const ModuleEntry& entry);
 
 /// Moves a known keyword's line from `reader` into its entry. As the program reads, what stands
-/// behind the keyword is the value, if the entry takes one and none follows.
+/// behind the keyword is the value, if the entry takes one and none follows; so are numbers, where
+/// they are what the entry takes and a word follows.
 void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry& entry);
 
 /// Moves the value lines of an entry from `reader` into it, as its kind lays them out. The lines of

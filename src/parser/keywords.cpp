@@ -18,6 +18,28 @@ bool is_value_of(std::string_view word, const EntrySpec& entry) {
   });
 }
 
+bool begins_with_letter(std::string_view word) {
+  const char first = word.empty() ? '\0' : core::text::to_lower(word.front());
+  return first >= 'a' && first <= 'z';
+}
+
+// Whether a text is the number, or the numbers, that an entry takes.
+bool are_numbers_of(std::string_view text, const EntrySpec& entry) {
+  const bool is_integer = entry.value_type == "integer";
+  const bool is_one = entry.kind == EntryValueKind::Scalar;
+  if ((!is_one && entry.kind != EntryValueKind::Tuple) ||
+      (!is_integer && entry.value_type != "float" && entry.value_type != "number")) {
+    return false;
+  }
+  std::vector<std::string_view> fields;
+  split_value_tokens(text, fields);
+  return !fields.empty() && (!is_one || fields.size() == 1) &&
+         std::all_of(fields.begin(), fields.end(), [&](std::string_view field) {
+           return is_integer ? core::number::parse_integer(field).has_value()
+                             : core::number::parse_float(field).has_value();
+         });
+}
+
 bool is_near_any(std::string_view word, const AliasMap& names) {
   return std::any_of(names.begin(), names.end(), [&](const auto& name) {
     return core::spelling::slips_if_near(word, name.first).has_value();
@@ -29,16 +51,14 @@ bool is_likely_keyword(std::string_view word, std::size_t fields, const EntrySpe
   constexpr std::size_t least_letters = 4;
   const auto most = entry.arity ? entry.arity : entry.max_arity;
   const bool is_full = most && fields >= *most;
-  const char first = core::text::to_lower(word.front());
-  return is_full || (word.size() >= least_letters && first >= 'a' && first <= 'z');
+  return is_full || (word.size() >= least_letters && begins_with_letter(word));
 }
 
 }  // namespace
 
 bool Keywords::may_be_misspelt(std::string_view line, const ModuleEntry& entry) const {
   const std::string_view word = core::text::trim_view(line);
-  const EntrySpec* const spec = module_ != nullptr ? find_entry_spec(module_, entry.name)
-                                                   : find_child_spec(block_, entry.name);
+  const EntrySpec* const spec = find(entry.name);
   if (spec == nullptr || !is_one_word(word) || word.size() < 2 || core::number::parse_float(word) ||
       is_value_of(word, *spec)) {
     return false;
@@ -52,6 +72,14 @@ bool Keywords::may_be_misspelt(std::string_view line, const ModuleEntry& entry) 
     split_value_tokens(value, fields);
   }
   return !fields.empty() && is_likely_keyword(word, fields.size(), *spec);
+}
+
+bool Keywords::has_numbers_behind(const ModuleEntry& entry, std::string_view rest,
+                                  std::string_view next) const {
+  const EntrySpec* const spec = find(entry.name);
+  const std::string_view word = first_word(next);
+  return spec != nullptr && begins_with_letter(word) && !core::number::parse_float(word) &&
+         !is_value_of(word, *spec) && are_numbers_of(rest, *spec);
 }
 
 }  // namespace kelp::input::bdf

@@ -24,12 +24,22 @@ class Keywords {
   /// Tells whether a line is one word that is nearly such a keyword, and none of the values that
   /// the schema names for an entry.
   bool may_be_misspelt(std::string_view line, const ModuleEntry& entry) const;
+  /// Tells whether what stands behind an entry's keyword is its value although the line `next`
+  /// could be one: numbers behind the keyword of an entry that takes numbers, and a word on the
+  /// next line.
+  bool has_numbers_behind(const ModuleEntry& entry, std::string_view rest,
+                          std::string_view next) const;
   /// Tells whether a line closes the nested block that the keywords are those of.
   bool end(std::string_view line) const {
     return block_ != nullptr && !is_blank(line) && is_same_line(line, block_->terminator);
   }
 
  private:
+  /// Returns what the schema says of an entry with one of the keywords, or null.
+  const EntrySpec* find(std::string_view name) const {
+    return module_ != nullptr ? find_entry_spec(module_, name) : find_child_spec(block_, name);
+  }
+
   const ModuleSpec* module_ = nullptr;
   const EntrySpec* block_ = nullptr;
 };

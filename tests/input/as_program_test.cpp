@@ -154,6 +154,16 @@ const Row value_rows[] = {
      "MkvE",
      "module scf '$scf' ends on 4\n"
      "dft 'dft' [ b3lyp] 3 'b3lyp'\n"},
+    {"a number on the keyword's line and a word below", "$scf\nmaxiter 200\nmolde\n$end\n", "MkuE",
+     "module scf '$scf' ends on 4\n"
+     "maxiter 'maxiter' [200] 2 '200'\n"
+     "molde 'molde'\n"},
+    {"numbers on the keyword's line and below", "$scf\nmaxiter 200\n 100\n$end\n", "MkvE",
+     "module scf '$scf' ends on 4\n"
+     "maxiter 'maxiter' [ 100] 3 '100'\n"},
+    {"a word on the keyword's line and below", "$scf\nmaxiter many\nmolde\n$end\n", "MkvE",
+     "module scf '$scf' ends on 4\n"
+     "maxiter 'maxiter' [molde] 3 'molde'\n"},
     {"a keyword that takes no value", "$scf\nrhf 1\n$end\n", "MkE",
      "module scf '$scf' ends on 3\n"
      "rhf 'rhf'\n"},
