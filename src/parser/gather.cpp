@@ -49,6 +49,18 @@ std::optional<std::size_t> distance_to_value(const LineReader& reader, const Key
   return std::nullopt;
 }
 
+// Returns how far ahead the title is, of a keyword `title` before a line that looks like a
+// keyword's.
+std::optional<std::size_t> distance_to_title(const LineReader& reader, const Keywords& keywords,
+                                             const ModuleEntry& entry) {
+  const std::size_t title = reader.next_telling(0);
+  const std::string_view next = reader.line_ahead(reader.next_telling(title + 1));
+  if (reader.at_break(title) || !keywords.is_title(entry.name, reader.line_ahead(title), next)) {
+    return std::nullopt;
+  }
+  return title;
+}
+
 void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
   if (!reader.reads_as_program()) {
     if (!at_stop(reader, keywords)) {
@@ -57,7 +69,11 @@ void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& 
     return;
   }
   // Blank lines and comments before the value go with it.
-  if (const auto distance = distance_to_value(reader, keywords)) {
+  auto distance = distance_to_value(reader, keywords);
+  if (!distance) {
+    distance = distance_to_title(reader, keywords, entry);
+  }
+  if (distance) {
     for (std::size_t i = 0; i <= *distance; ++i) {
       take_value(reader, entry);
     }

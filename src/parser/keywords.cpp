@@ -82,4 +82,30 @@ bool Keywords::has_numbers_behind(const ModuleEntry& entry, std::string_view res
          !is_value_of(word, *spec) && are_numbers_of(rest, *spec);
 }
 
+bool Keywords::is_title(std::string_view entry, std::string_view line,
+                        std::string_view next) const {
+  const EntrySpec* const title = find(entry);
+  const EntrySpec* const keyword = find(first_word(line));
+  if (title == nullptr || title->name != "title" || title->kind != EntryValueKind::Scalar ||
+      title->value_type != "string" || !title->allowed.empty() || keyword == nullptr) {
+    return false;
+  }
+  std::string_view rest = line;
+  core::text::take_word(rest);
+  std::size_t words = 0;
+  bool has_letters = false;
+  while (!core::text::trim_view(rest).empty()) {
+    has_letters = begins_with_letter(core::text::take_word(rest)) || has_letters;
+    ++words;
+  }
+  if (!has_letters) {
+    return false;
+  }
+  // A block may have more on its line than the schema knows; then its own lines follow.
+  if (!keyword->terminator.empty()) {
+    return is_blank(next) || is_module_border(next) || start(next);
+  }
+  return keyword->kind == EntryValueKind::Flag || words >= 2;
+}
+
 }  // namespace kelp::input::bdf

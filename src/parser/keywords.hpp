@@ -29,6 +29,9 @@ class Keywords {
   /// next line.
   bool has_numbers_behind(const ModuleEntry& entry, std::string_view rest,
                           std::string_view next) const;
+  /// Tells whether a line behind the keyword `title` is the title although its first word is a
+  /// keyword: what stands behind the word cannot belong to it. `next` is the line that follows.
+  bool is_title(std::string_view entry, std::string_view line, std::string_view next) const;
   /// Tells whether a line closes the nested block that the keywords are those of.
   bool end(std::string_view line) const {
     return block_ != nullptr && !is_blank(line) && is_same_line(line, block_->terminator);

@@ -16,6 +16,7 @@
 #include "kelp/core/text.hpp"
 #include "model/molecule_names.hpp"
 #include "parser/border_words.hpp"
+#include "parser/keywords.hpp"
 #include "schema/lookup.hpp"
 #include "source/atom_line.hpp"
 #include "source/lines.hpp"
@@ -27,14 +28,6 @@ constexpr std::string_view module_end = "$end";
 
 bool says_nothing(std::string_view line) {
   return is_blank(line) || is_remark(line);
-}
-
-// Returns the distance of the next line that says something, from a distance on.
-std::size_t next_telling(const LineReader& reader, std::size_t distance) {
-  while (distance < reader.lines_left() && says_nothing(reader.line_ahead(distance))) {
-    ++distance;
-  }
-  return distance;
 }
 
 bool is_end_behind_wide_dollar(std::string_view line) {
@@ -122,7 +115,7 @@ class ModuleScan {
   // Whether a header that is none we know is followed by an end of its own, and not at once by a
   // header that lacks its dollar.
   bool is_module_with_end(std::size_t header) const {
-    const std::string_view next = line(next_telling(reader_, header + 1));
+    const std::string_view next = line(reader_.next_telling(header + 1));
     if (is_one_word(next) && schema_.is_known_module(core::text::trim_view(next))) {
       return false;
     }
@@ -150,6 +143,9 @@ class ModuleScan {
     const EntrySpec* const entry = find_entry_spec(spec_, first_word(text));
     if (entry != nullptr) {
       end_.reset();
+      if (const std::size_t next = look_at_title(at, *entry); next != at) {
+        return next;
+      }
       return entry->terminator.empty() ? at + 1 : look_at_block(at, *entry);
     }
     if (const std::size_t next = look_for_opening(at); next != at) {
@@ -166,6 +162,16 @@ class ModuleScan {
       end_.reset();
     }
     return at + 1;
+  }
+
+  // Of a title that looks like a keyword's line, nothing is to be looked for.
+  std::size_t look_at_title(std::size_t at, const EntrySpec& entry) const {
+    std::string_view rest = line(at);
+    core::text::take_word(rest);
+    const std::size_t title = reader_.next_telling(at + 1);
+    const std::string_view next = line(reader_.next_telling(title + 1));
+    const bool is_title = is_blank(rest) && Keywords(spec_).is_title(entry.name, line(title), next);
+    return is_title ? title + 1 : at;
   }
 
   std::size_t find_terminator(std::size_t from, const EntrySpec& block) const {
@@ -337,7 +343,7 @@ bool lacks_dollar(const LineReader& reader, const InputSchema& schema, Outside w
   if (name.front() == '$' || !is_one_word(name) || !schema.is_known_module(name)) {
     return false;
   }
-  const std::string_view next = reader.line_ahead(next_telling(reader, 1));
+  const std::string_view next = reader.line_ahead(reader.next_telling(1));
   if (is_module_end(next)) {
     return true;
   }
@@ -356,7 +362,7 @@ bool is_misspelt_geometry(const LineReader& reader, const InputSchema& schema) {
       schema.is_known_easy_token(core::text::trim_view(line))) {
     return false;
   }
-  return read_atom_line(reader.line_ahead(next_telling(reader, 1))).is_atom() ||
+  return read_atom_line(reader.line_ahead(reader.next_telling(1))).is_atom() ||
          is_geometry_end(reader.line_ahead(find_ahead(reader, [](std::string_view other) {
            return is_module_border(other) || is_geometry_start(other) || is_geometry_end(other);
          })));

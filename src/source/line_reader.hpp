@@ -42,6 +42,15 @@ class LineReader {
     const std::string* const amended = map_->amended_text(index_ + distance + 1);
     return amended == nullptr ? without_comment(whole) : *amended;
   }
+  /// Returns the distance of the next line, from a distance on, that is neither blank nor a
+  /// comment; how many lines are left when there is none.
+  std::size_t next_telling(std::size_t distance) const {
+    while (distance < lines_left() &&
+           (is_blank(line_ahead(distance)) || is_remark(line_ahead(distance)))) {
+      ++distance;
+    }
+    return distance;
+  }
   std::size_t lines_left() const { return lines_->size() - index_; }
   /// Returns the current line's location.
   SourceSpan location() const { return span_of_line(index_, (*lines_)[index_]); }

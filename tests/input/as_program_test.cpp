@@ -206,6 +206,43 @@ const Row value_rows[] = {
      "nimage 'nimage'\n"},
 };
 
+const Row title_rows[] = {
+    {"words of a title behind the keyword of a block",
+     "$compass\ntitle\ngeometry optimization of water\nbasis\n sto-3g\ngeometry\n Ne 0 0 0\n"
+     "end geometry\n$end\n",
+     "MkvkvkvbE",
+     "module compass '$compass' ends on 9\n"
+     "title 'title' [geometry optimization of water] 3 'geometry optimization of water'\n"
+     "basis 'basis' [ sto-3g] 5 'sto-3g'\n"
+     "geometry 'geometry' [ Ne 0 0 0] 7 'Ne 0 0 0' ends on 8\n"},
+    {"words of a title behind a keyword with a value",
+     "$compass\ntitle # t\n\nbasis set test # t\nnosymm\n$end\n", "MkvvkE",
+     "module compass '$compass' ends on 6\n"
+     "title 'title' [] 3 '' [basis set test # t] 4 'basis set test'\n"
+     "nosymm 'nosymm'\n"},
+    {"words of a title behind a flag", "$compass\ntitle\nnosymm run\n$end\n", "MkvE",
+     "module compass '$compass' ends on 4\n"
+     "title 'title' [nosymm run] 3 'nosymm run'\n"},
+    {"a keyword instead of a title", "$compass\ntitle\nbasis\n sto-3g\n$end\n", "MkkvE",
+     "module compass '$compass' ends on 5\n"
+     "title 'title'\n"
+     "basis 'basis' [ sto-3g] 4 'sto-3g'\n"},
+    {"a keyword with its value instead of a title", "$compass\ntitle\nbasis sto-3g\n$end\n", "MkkE",
+     "module compass '$compass' ends on 4\n"
+     "title 'title'\n"
+     "basis 'basis' [sto-3g] 3 'sto-3g'\n"},
+    {"a block with its lines instead of a title",
+     "$compass\ntitle\ngeometry in bohr\n Ne 0 0 0\nend geometry\n$end\n", "MkkvbE",
+     "module compass '$compass' ends on 6\n"
+     "title 'title'\n"
+     "geometry 'geometry' [ Ne 0 0 0] 4 'Ne 0 0 0' ends on 5\n"},
+    {"a title on the line of its keyword", "$compass\ntitle neon\nunit cell of ice\n$end\n", "MkkE",
+     "module compass '$compass' ends on 4\n"
+     "title 'title' [neon] 2 'neon'\n"
+     "unit 'unit' [cell of ice] 3 'cell of ice'\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Titles, AsProgram, ::testing::ValuesIn(title_rows));
 INSTANTIATE_TEST_SUITE_P(Frame, AsProgram, ::testing::ValuesIn(frame_rows));
 INSTANTIATE_TEST_SUITE_P(Tokens, AsProgram, ::testing::ValuesIn(token_rows));
 INSTANTIATE_TEST_SUITE_P(Values, AsProgram, ::testing::ValuesIn(value_rows));
