@@ -12,6 +12,7 @@
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
+#include "source/geometry_line.hpp"
 #include "source/lines.hpp"
 
 namespace kelp::input::bdf {
@@ -200,7 +201,94 @@ Diagnostic stray_lines(const ParsedInput& input, std::size_t line) {
   return diagnostic;
 }
 
+Diagnostic no_input(const ParsedInput& input, std::size_t line) {
+  Diagnostic diagnostic =
+      finding("frame.no_input", "The text has neither a header nor a module: BDF cannot read it.");
+  diagnostic.range = statement_on(input, line);
+  diagnostic.label = "neither a header nor a module";
+  diagnostic.record = input.line(line).record;
+  diagnostic.help = {
+      "begin with a header such as '#! name' and 'b3lyp/def2-svp', or with a module such as "
+      "'$compass'"};
+  return diagnostic;
+}
+
+std::size_t line_of(const Statement& statement) {
+  return statement.location ? static_cast<std::size_t>(statement.location->line) : 0;
+}
+
+bool is_setting(std::string_view text, std::string_view word) {
+  std::string_view rest = text;
+  return is_same_line(core::text::take_word(rest), word) && is_same_line(rest, "setting");
+}
+
+/// What a line outside modules that is no shell line, database or comment says.
+enum class Outside { Nothing, Known, Elided, Stray };
+
+Outside outside_of(std::string_view line) {
+  const std::string_view text = core::text::trim_view(without_comment(line));
+  if (is_blank(text)) {
+    return Outside::Nothing;
+  }
+  if (is_module_end(text) || is_setting(text, "module") || is_setting(text, "end")) {
+    return Outside::Known;
+  }
+  const bool is_elided = GeometryReader(false).kind_of(text) == GeometryLineKind::Elided;
+  return is_elided ? Outside::Elided : Outside::Stray;
+}
+
+Diagnostic stray_lines_outside(const ParsedInput& input, std::size_t line) {
+  const TextRange range = statement_on(input, line);
+  const std::string text = core::unicode::abridged(input.source().text_of(range));
+  Diagnostic diagnostic =
+      finding("frame.stray_line", "The line '" + text + "' stands in no module.");
+  diagnostic.severity = Severity::Warning;
+  diagnostic.arguments = {text};
+  diagnostic.range = range;
+  diagnostic.label = "outside the modules";
+  diagnostic.record = input.line(line).record;
+  diagnostic.help = {"move it into the module that it belongs to, remove it, or begin it with '#'"};
+  return diagnostic;
+}
+
+// The first line of a text that has no header and no module, though it says something that is no
+// part of an input; 0 for any other text. A page may show no more than a database, or dots.
+std::size_t find_foreign_line(const BDFData& data) {
+  std::size_t first = 0;
+  bool is_foreign = false;
+  for (const Statement& statement : data.statements) {
+    const Outside what = statement.kind == StatementKind::Raw ? outside_of(statement.lines.front())
+                                                              : Outside::Nothing;
+    if (statement.kind == StatementKind::Database || what == Outside::Known ||
+        what == Outside::Elided) {
+      return 0;
+    }
+    is_foreign = is_foreign || what == Outside::Stray || statement.kind == StatementKind::Shell;
+    if (first == 0 && is_foreign) {
+      first = line_of(statement);
+    }
+  }
+  return first;
+}
+
 }  // namespace
+
+void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink) {
+  bool is_told = false;
+  for (const Statement& statement : input.data().statements) {
+    const bool is_raw = statement.kind == StatementKind::Raw;
+    const Outside what = is_raw ? outside_of(statement.lines.front()) : Outside::Nothing;
+    const std::size_t line = line_of(statement);
+    if (what == Outside::Stray && line != 0) {
+      if (!is_told) {
+        sink(stray_lines_outside(input, line));
+      }
+      is_told = true;
+    } else if (what != Outside::Nothing || statement.kind == StatementKind::Module) {
+      is_told = false;
+    }
+  }
+}
 
 void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink) {
   const ParsedInput& input = context.input;
@@ -217,6 +305,10 @@ void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink)
 
 std::optional<StrangeStart> find_strange_start(const ParsedInput& input) {
   const BDFData& data = input.data();
+  if (data.mode == InputMode::Module && data.modules.empty()) {
+    const std::size_t line = find_foreign_line(data);
+    return line == 0 ? std::nullopt : std::optional(StrangeStart{no_input(input, line), true});
+  }
   if (data.mode == InputMode::Module || data.has_geometry || has_method(data)) {
     return std::nullopt;
   }

@@ -13,15 +13,19 @@ using DiagnosticSink = std::function<void(const Diagnostic&)>;
 /// nothing.
 void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink);
 
+/// Tells of lines between and behind the modules that are none of those that may stand there, once
+/// for each run of them. Dots for lines that are left out may.
+void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink);
+
 /// What the first lines of an input are when they are no header.
 struct StrangeStart {
   Diagnostic diagnostic;
   bool is_all = false;  ///< nothing else is to be said of the text
 };
 
-/// Returns what a text is that begins like none of the inputs there are: a shell script, or lines
-/// before the first module that are no header. Unset for any other input, one whose header lacks
-/// its method included.
+/// Returns what a text is that begins like none of the inputs there are: a shell script, lines
+/// before the first module that are no header, or a text without header and module. Unset for any
+/// other input, one whose header lacks its method included.
 std::optional<StrangeStart> find_strange_start(const ParsedInput& input);
 
 }  // namespace kelp::input::bdf
