@@ -160,6 +160,7 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
   const auto add = [&](const Diagnostic& found) { in_order.add(found); };
   tell_misspelt_borders(context, add);
   tell_stray_lines(input, add);
+  tell_settings(input, add);
   Consequences consequences(context);
   find_faults(input.data(), input.schema(), validation_options(options), [&](const Fault& fault) {
     const bool is_told = (start && is_about_missing_header(fault)) ||

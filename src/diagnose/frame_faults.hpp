@@ -17,6 +17,9 @@ void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink)
 /// for each run of them. Dots for lines that are left out may.
 void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink);
 
+/// Tells of misspelt lines around the settings of modules, and of settings that have no end.
+void tell_settings(const ParsedInput& input, const DiagnosticSink& sink);
+
 /// What the first lines of an input are when they are no header.
 struct StrangeStart {
   Diagnostic diagnostic;

@@ -56,6 +56,21 @@ constexpr auto texts = std::to_array<FindingText>({
      "An input of another program was given.",
      "Give an input of BDF: a header with method and geometry, or modules.", "%chk=a\nhello\n",
      "$scf\nrhf\n$end\n", error},
+    {"frame.misspelt_setting",
+     "A line that can only bound the settings of modules is not written as it must be.",
+     "A slip: 'Module Settings', 'EndSetting'.", "Write 'Module Setting' or 'End Setting'.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
+     "50\n$end\nEnd Settings\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
+     "50\n$end\nEnd Setting\n",
+     error},
+    {"frame.missing_setting_end",
+     "The settings of modules begin with a line 'Module Setting', but no 'End Setting' follows.",
+     "The line was forgotten.", "Add a line 'End Setting' behind the last module.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
+     "50\n$end\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
+     "50\n$end\nEnd Setting\n"},
     {"frame.shell_script", "The text is a script for a shell, perhaps with an input inside.",
      "The job script was given in place of the input that it runs.",
      "Give the input itself; where the script holds it, put it in a file of its own.",

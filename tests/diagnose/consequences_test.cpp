@@ -105,6 +105,19 @@ const Row rows[] = {
      "%chk=a\n# b3lyp/6-31g(d) opt\n\n0 1\nO 0 0 0\n",
      {"frame.no_input 1:1 '%chk=a'"}},
     {"a page with nothing but a database", "&database\nx\n&end\n", {}},
+    {"misspelt lines around the settings of modules",
+     "#! job\nhf/sto-3g\nGeometry\n Ne 0 0 0\nEnd Geometry\nModul Setting # "
+     "c\n$scf\nmaxiter\n 50\n$end\nENDSETTING\n",
+     {"frame.misspelt_setting 6:1 'Modul Setting'", "frame.misspelt_setting 11:1 'ENDSETTING'"}},
+    {"settings of modules without end",
+     "#! job\nhf/sto-3g\nGeometry\n Ne 0 0 0\nEnd Geometry\nModule Settings\n$scf\nmaxiter\n "
+     "50\n$end\n",
+     {"frame.misspelt_setting 6:1 'Module Settings'",
+      "frame.missing_setting_end 6:1 'Module Settings'"}},
+    {"settings of modules, the rest of them left out",
+     "#! job\nhf/sto-3g\nGeometry\n Ne 0 0 0\nEnd Geometry\nmodule setting\n$scf\nmaxiter\n "
+     "50\n$end\n...\n",
+     {}},
     {"a header without its method",
      "charge=1\n$scf\nrhf\n$end\n",
      {"bdf.missing_geometry", "bdf.missing_method 1:1 'charge=1'"}},
