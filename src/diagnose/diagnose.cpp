@@ -11,6 +11,7 @@
 #include "diagnose/frame_faults.hpp"
 #include "diagnose/in_order.hpp"
 #include "diagnose/offers.hpp"
+#include "diagnose/outside_lines.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/explain.hpp"

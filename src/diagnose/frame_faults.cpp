@@ -9,15 +9,27 @@
 #include <string_view>
 #include <utility>
 
-#include "diagnose/offers.hpp"
-#include "kelp/core/spelling.hpp"
+#include "diagnose/outside_lines.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
-#include "source/geometry_line.hpp"
 #include "source/lines.hpp"
 
 namespace kelp::input::bdf {
+
+Diagnostic frame_finding(std::string_view code, std::string message) {
+  Diagnostic diagnostic;
+  diagnostic.code = code;
+  diagnostic.severity = find_finding_text(code)->severity;
+  diagnostic.message = std::move(message);
+  return diagnostic;
+}
+
+TextRange statement_on(const ParsedInput& input, std::size_t line) {
+  const SourceText& source = input.source();
+  return source.trimmed({source.content(line).begin, input.comment_range(line).begin});
+}
+
 namespace {
 
 struct BorderText {
@@ -56,25 +68,12 @@ std::string filled(std::string_view message, std::string_view line, std::string_
   return text;
 }
 
-Diagnostic finding(std::string_view code, std::string message) {
-  Diagnostic diagnostic;
-  diagnostic.code = code;
-  diagnostic.severity = find_finding_text(code)->severity;
-  diagnostic.message = std::move(message);
-  return diagnostic;
-}
-
-TextRange statement_on(const ParsedInput& input, std::size_t line) {
-  const SourceText& source = input.source();
-  return source.trimmed({source.content(line).begin, input.comment_range(line).begin});
-}
-
 Diagnostic misspelt_border(const MisspeltBorder& border, DiagnoseContext& context) {
   const ParsedInput& input = context.input;
   const BorderText text = text_of(border.fault);
   const TextRange range = statement_on(input, border.line);
   const std::string line = core::unicode::abridged(input.source().text_of(range));
-  Diagnostic diagnostic = finding(text.code, filled(text.message, line, border.meant));
+  Diagnostic diagnostic = frame_finding(text.code, filled(text.message, line, border.meant));
   diagnostic.arguments = {line, border.meant};
   diagnostic.range = range;
   diagnostic.label = "meant to be '" + border.meant + "'?";
@@ -95,7 +94,7 @@ Diagnostic misspelt_border(const MisspeltBorder& border, DiagnoseContext& contex
 
 Diagnostic stray_end(const ParsedInput& input, std::size_t line) {
   Diagnostic diagnostic =
-      finding("frame.stray_end", "'$end' stands behind no module and ends nothing.");
+      frame_finding("frame.stray_end", "'$end' stands behind no module and ends nothing.");
   diagnostic.range = statement_on(input, line);
   diagnostic.label = "ends nothing";
   diagnostic.record = input.line(line).record;
@@ -183,7 +182,7 @@ bool has_known_word(const BDFData& data) {
 
 Diagnostic shell_script(const ParsedInput& input, std::size_t line) {
   Diagnostic diagnostic =
-      finding("frame.shell_script", "The text is a shell script, not an input of BDF.");
+      frame_finding("frame.shell_script", "The text is a shell script, not an input of BDF.");
   diagnostic.range = input.source().content(line);
   diagnostic.label = "for a shell";
   diagnostic.help = {"keep the input in a file of its own, without the lines for the shell"};
@@ -193,8 +192,8 @@ Diagnostic shell_script(const ParsedInput& input, std::size_t line) {
 Diagnostic stray_lines(const ParsedInput& input, std::size_t line) {
   const std::string word = core::unicode::abridged(input.data().easy_tokens.front().text);
   Diagnostic diagnostic =
-      finding("frame.stray_line",
-              "The input begins with '" + word + "', which is neither a header nor a module.");
+      frame_finding("frame.stray_line", "The input begins with '" + word +
+                                            "', which is neither a header nor a module.");
   diagnostic.arguments = {word};
   diagnostic.range = statement_on(input, line);
   diagnostic.label = "neither a method nor a module";
@@ -204,8 +203,8 @@ Diagnostic stray_lines(const ParsedInput& input, std::size_t line) {
 }
 
 Diagnostic no_input(const ParsedInput& input, std::size_t line) {
-  Diagnostic diagnostic =
-      finding("frame.no_input", "The text has neither a header nor a module: BDF cannot read it.");
+  Diagnostic diagnostic = frame_finding(
+      "frame.no_input", "The text has neither a header nor a module: BDF cannot read it.");
   diagnostic.range = statement_on(input, line);
   diagnostic.label = "neither a header nor a module";
   diagnostic.record = input.line(line).record;
@@ -215,166 +214,7 @@ Diagnostic no_input(const ParsedInput& input, std::size_t line) {
   return diagnostic;
 }
 
-std::size_t line_of(const Statement& statement) {
-  return statement.location ? static_cast<std::size_t>(statement.location->line) : 0;
-}
-
-constexpr std::string_view setting_begin = "Module Setting";
-constexpr std::string_view setting_end = "End Setting";
-
-/// What a line outside modules that is no shell line, database or comment says.
-enum class Outside { Nothing, ModuleEnd, SettingBegin, SettingEnd, Elided, Stray };
-
-struct OutsideLine {
-  Outside what = Outside::Nothing;
-  bool is_misspelt = false;
-};
-
-bool is_near_word(std::string_view word, std::string_view wanted) {
-  return core::spelling::slips_if_near(word, wanted).has_value();
-}
-
-// `End Settings`, `Modul Setting`, `EndSetting`. What a line is exactly is asked before.
-bool is_near_setting(std::string_view text, std::string_view wanted) {
-  std::string_view rest = text;
-  const std::string_view first = core::text::take_word(rest);
-  const std::string_view second = core::text::take_word(rest);
-  std::string_view wanted_rest = wanted;
-  const std::string_view wanted_first = core::text::take_word(wanted_rest);
-  const std::string_view wanted_second = core::text::trim_view(wanted_rest);
-  if (!is_blank(rest)) {
-    return false;
-  }
-  return second.empty() ? core::text::equals_ignoring_case(
-                              first, std::string(wanted_first) + std::string(wanted_second))
-                        : is_near_word(first, wanted_first) && is_near_word(second, wanted_second);
-}
-
-bool says_setting(std::string_view text, std::string_view wanted) {
-  std::string_view rest = text;
-  std::string_view wanted_rest = wanted;
-  return is_same_line(core::text::take_word(rest), core::text::take_word(wanted_rest)) &&
-         is_same_line(core::text::take_word(rest), wanted_rest);
-}
-
-OutsideLine outside_of(const Statement& statement) {
-  if (statement.kind != StatementKind::Raw) {
-    return {};
-  }
-  const std::string_view text = core::text::trim_view(without_comment(statement.lines.front()));
-  if (is_blank(text)) {
-    return {};
-  }
-  if (is_module_end(text)) {
-    return {Outside::ModuleEnd};
-  }
-  if (says_setting(text, setting_begin) || says_setting(text, setting_end)) {
-    return {says_setting(text, setting_end) ? Outside::SettingEnd : Outside::SettingBegin};
-  }
-  if (is_near_setting(text, setting_begin) || is_near_setting(text, setting_end)) {
-    return {is_near_setting(text, setting_end) ? Outside::SettingEnd : Outside::SettingBegin, true};
-  }
-  const bool is_elided = GeometryReader(false).kind_of(text) == GeometryLineKind::Elided;
-  return {is_elided ? Outside::Elided : Outside::Stray};
-}
-
-Diagnostic misspelt_setting(const ParsedInput& input, std::size_t line, std::string_view meant) {
-  const TextRange range = statement_on(input, line);
-  const std::string text = core::unicode::abridged(input.source().text_of(range));
-  const std::string wanted(meant);
-  Diagnostic diagnostic =
-      finding("frame.misspelt_setting",
-              "'" + text + "' is no line of BDF; '" + wanted + "' bounds the settings of modules.");
-  diagnostic.arguments = {text, wanted};
-  diagnostic.range = range;
-  diagnostic.label = "meant to be '" + wanted + "'?";
-  diagnostic.record = input.line(line).record;
-  diagnostic.help = {"did you mean '" + wanted + "'?"};
-  diagnostic.suggestions = {wanted};
-  offer_fix(diagnostic, "write '" + wanted + "'", range, wanted, true);
-  return diagnostic;
-}
-
-Diagnostic missing_setting_end(const ParsedInput& input, std::size_t line) {
-  Diagnostic diagnostic = finding("frame.missing_setting_end",
-                                  "No line 'End Setting' follows behind 'Module Setting'.");
-  diagnostic.range = statement_on(input, line);
-  diagnostic.label = "has no end";
-  diagnostic.record = input.line(line).record;
-  diagnostic.help = {"add a line 'End Setting' behind the last module"};
-  return diagnostic;
-}
-
-Diagnostic stray_lines_outside(const ParsedInput& input, std::size_t line) {
-  const TextRange range = statement_on(input, line);
-  const std::string text = core::unicode::abridged(input.source().text_of(range));
-  Diagnostic diagnostic =
-      finding("frame.stray_line", "The line '" + text + "' stands in no module.");
-  diagnostic.severity = Severity::Warning;
-  diagnostic.arguments = {text};
-  diagnostic.range = range;
-  diagnostic.label = "outside the modules";
-  diagnostic.record = input.line(line).record;
-  diagnostic.help = {"move it into the module that it belongs to, remove it, or begin it with '#'"};
-  return diagnostic;
-}
-
-// The first line of a text that has no header and no module, though it says something that is no
-// part of an input; 0 for any other text. A page may show no more than a database, or dots.
-std::size_t find_foreign_line(const BDFData& data) {
-  std::size_t first = 0;
-  bool is_foreign = false;
-  for (const Statement& statement : data.statements) {
-    const Outside what = outside_of(statement).what;
-    if (statement.kind == StatementKind::Database ||
-        (what != Outside::Nothing && what != Outside::Stray)) {
-      return 0;
-    }
-    is_foreign = is_foreign || what == Outside::Stray || statement.kind == StatementKind::Shell;
-    if (first == 0 && is_foreign) {
-      first = line_of(statement);
-    }
-  }
-  return first;
-}
-
 }  // namespace
-
-void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink) {
-  bool is_told = false;
-  for (const Statement& statement : input.data().statements) {
-    const Outside what = outside_of(statement).what;
-    const std::size_t line = line_of(statement);
-    if (what == Outside::Stray && line != 0) {
-      if (!is_told) {
-        sink(stray_lines_outside(input, line));
-      }
-      is_told = true;
-    } else if (what != Outside::Nothing || statement.kind == StatementKind::Module) {
-      is_told = false;
-    }
-  }
-}
-
-void tell_settings(const ParsedInput& input, const DiagnosticSink& sink) {
-  std::size_t open = 0;
-  bool is_elided = false;
-  for (const Statement& statement : input.data().statements) {
-    const auto [what, is_misspelt] = outside_of(statement);
-    const std::size_t line = line_of(statement);
-    const bool is_begin = what == Outside::SettingBegin;
-    if (is_misspelt && line != 0) {
-      sink(misspelt_setting(input, line, is_begin ? setting_begin : setting_end));
-    }
-    if (is_begin || what == Outside::SettingEnd) {
-      open = is_begin ? line : 0;
-    }
-    is_elided = is_elided || what == Outside::Elided;
-  }
-  if (open != 0 && !is_elided) {
-    sink(missing_setting_end(input, open));
-  }
-}
 
 void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink) {
   const ParsedInput& input = context.input;

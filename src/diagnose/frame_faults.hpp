@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "diagnose/draft.hpp"
 
@@ -9,16 +13,15 @@ namespace kelp::input::bdf {
 /// Takes a finding.
 using DiagnosticSink = std::function<void(const Diagnostic&)>;
 
+/// Begins a finding, of the severity that the table of texts gives its code.
+Diagnostic frame_finding(std::string_view code, std::string message);
+
+/// Returns where a line's text is, without its comment and the white space around it.
+TextRange statement_on(const ParsedInput& input, std::size_t line);
+
 /// Tells of lines that bound a part of the input and are misspelt, and of an `$end` that ends
 /// nothing.
 void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink);
-
-/// Tells of lines between and behind the modules that are none of those that may stand there, once
-/// for each run of them. Dots for lines that are left out may.
-void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink);
-
-/// Tells of misspelt lines around the settings of modules, and of settings that have no end.
-void tell_settings(const ParsedInput& input, const DiagnosticSink& sink);
 
 /// What the first lines of an input are when they are no header.
 struct StrangeStart {
