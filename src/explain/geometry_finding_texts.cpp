@@ -7,6 +7,7 @@ namespace kelp::input::bdf {
 namespace {
 
 constexpr auto error = Severity::Error;
+constexpr auto note = Severity::Note;
 
 constexpr auto texts = std::to_array<FindingText>({
     {"geometry.geometry_missing", "$compass has no geometry, so there is nothing to compute.",
@@ -126,7 +127,7 @@ constexpr auto texts = std::to_array<FindingText>({
     {"geometry.extcharge_file_missing",
      "extcharge reads point charges from a file that has the name of the input and the ending "
      ".extcharge, which is not there.",
-     "The file has another name, or is still elsewhere.", "Rename or copy the file.", "", ""},
+     "The file has another name, or is still elsewhere.", "Rename or copy the file.", "", "", note},
 });
 
 }  // namespace
