@@ -69,7 +69,7 @@ class AtomNumbers {
 
  private:
   void look_at(Word word) {
-    const std::size_t atoms = *system_.geometry.size();
+    const std::size_t atoms = system_.geometry.size().value_or(0);
     const auto number = core::number::parse_integer(word);
     if (number && *number > static_cast<std::int64_t>(atoms)) {
       report_

@@ -75,11 +75,11 @@ class CalculationMaker {
 
  private:
   RecordId specification() const {
-    return RecordId::of(RecordKind::EasyToken, *job_.specification());
+    return RecordId::of(RecordKind::EasyToken, job_.specification().value_or(0));
   }
 
   SpecificationRanges specification_ranges() const {
-    return job_.input.specification_ranges(*job_.specification());
+    return job_.input.specification_ranges(job_.specification().value_or(0));
   }
 
   Calculation::Origin origin(const RecordId& record, const TextRange& range) const {

@@ -210,7 +210,7 @@ TextEdit unit_edit(const Job& job, const System& system) {
   if (system.geometry.record.kind == RecordKind::Entry) {
     return entry_added(job, *system.compass, unit_name, "bohr");
   }
-  const std::size_t end = job.input.token_ranges(*job.specification()).whole.end;
+  const std::size_t end = job.input.token_ranges(job.specification().value_or(0)).whole.end;
   return {{end, end}, " unit=bohr"};
 }
 

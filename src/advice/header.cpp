@@ -40,7 +40,7 @@ void check_shebang_missing(const Job& job, Report& report) {
   const std::string_view line_end = input.source().line_end(1);
   const std::string name = job.folder == nullptr ? "job" : job.folder->job_name;
   report.add("The line '#!' is missing, without which the header is not read.")
-      .at(input.token_ranges(*job.specification()).whole, "passed over")
+      .at(input.token_ranges(job.specification().value_or(0)).whole, "passed over")
       .fix("insert '#! " + name + ".bdf'",
            {{begin, begin}, "#! " + name + ".bdf" + std::string(line_end)});
 }
@@ -141,7 +141,8 @@ void check_method_needs_functional(const Job& job, Report& report) {
   if (!job.specification() || !job.functional().empty() || has_own || !needs_functional(job)) {
     return;
   }
-  const SpecificationRanges ranges = job.input.specification_ranges(*job.specification());
+  const SpecificationRanges ranges =
+      job.input.specification_ranges(job.specification().value_or(0));
   const Word method = job.input.source().text_of(ranges.method);
   report.add("'{}' needs a functional.", {method})
       .at(ranges.method, "of which functional?")
@@ -166,7 +167,7 @@ void check_spinadapt_closed_shell(const Job& job, Report& report) {
     report
         .add("Spin adaptation is for open shells, and {} electrons are paired.",
              {text_of(*electrons)})
-        .at(is_method ? job.input.specification_ranges(*job.specification()).method
+        .at(is_method ? job.input.specification_ranges(job.specification().value_or(0)).method
                       : keyword.keyword(),
             "for open shells")
         .related(scf.multiplicity, "a singlet")
@@ -239,7 +240,7 @@ void check_scan_line_without_task(const Job& job, Report& report) {
       has_own_scan(job) || !job.specification()) {
     return;
   }
-  const TextRange specification = job.input.token_ranges(*job.specification()).whole;
+  const TextRange specification = job.input.token_ranges(job.specification().value_or(0)).whole;
   report
       .add("'{}' has start, step and points of a scan, and no task scans.", {scanned.front()->name})
       .at(TextRange{range_of(job.input, scanned.front()->name).begin,

@@ -215,7 +215,7 @@ std::optional<double> number_of(const Geometry& geometry, Word value) {
     return std::nullopt;
   }
   const auto number = core::number::parse_float(variable->values.front());
-  return value.front() == '-' ? std::optional<double>(-*number) : number;
+  return number && value.front() == '-' ? std::optional<double>(-*number) : number;
 }
 
 void report_impossible(const Job& job, const Geometry& geometry, Word value, bool is_bond,

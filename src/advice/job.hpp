@@ -122,7 +122,10 @@ class Job {
  public:
   explicit Job(const ParsedInput& input, const InputFolder* folder = nullptr);
   Job(const Job&) = delete;
+  Job(Job&&) = delete;
   Job& operator=(const Job&) = delete;
+  Job& operator=(Job&&) = delete;
+  ~Job() = default;
 
   const ParsedInput& input;
   const InputFolder* folder;  ///< null when the host knows nothing of it; then stay silent

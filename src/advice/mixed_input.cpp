@@ -30,7 +30,7 @@ std::string_view kohn_sham_of(std::string_view method) {
 }
 
 SpecificationRanges parts_of(const Job& job) {
-  return job.specification() ? job.input.specification_ranges(*job.specification())
+  return job.specification() ? job.input.specification_ranges(job.specification().value_or(0))
                              : SpecificationRanges{};
 }
 
@@ -251,7 +251,7 @@ void check_keyword_without_tddft(const Job& job, Report& report) {
     }
     Finding& finding = report.add("'{}' has no effect without TDDFT.", {setting.name()})
                            .at_keyword(setting, "of excited states")
-                           .related(job.input.token_ranges(*job.specification()).whole,
+                           .related(job.input.token_ranges(job.specification().value_or(0)).whole,
                                     "computes the ground state")
                            .help("begin the specification with a TDDFT or TDA method");
     if (!parts.functional.empty()) {

@@ -119,7 +119,7 @@ Finding& Finding::help(std::string text) {
 Finding& Finding::suggest(const std::vector<std::string>& names) {
   diagnostic_.suggestions = names;
   for (const std::string& name : names) {
-    ask("write '" + name + "'", {*diagnostic_.range, name});
+    ask("write '" + name + "'", {diagnostic_.range.value_or(TextRange{}), name});
   }
   return *this;
 }
@@ -155,6 +155,7 @@ Finding& Report::add(std::string_view message, std::initializer_list<std::string
 // Several calculations of one input can share what is at fault, a charge in the header for example.
 std::vector<Diagnostic> Report::take() {
   std::vector<Diagnostic> all;
+  all.reserve(findings_.size());
   for (Finding& finding : findings_) {
     all.push_back(std::move(finding.diagnostic_));
   }

@@ -256,7 +256,7 @@ void check_mp2_open_shell(const Job& job, Report& report) {
   }
   const Scf& scf = job.scfs.front();
   if (is_open(job, scf) && !may_store_integrals(job, *scf.system)) {
-    const TextRange word = job.input.specification_ranges(*job.specification()).method;
+    const TextRange word = job.input.specification_ranges(job.specification().value_or(0)).method;
     report.add("'{}' in a header is for closed shells.", {job.input.source().text_of(word)})
         .at(word, "for closed shells only")
         .related(scf.multiplicity, "an open shell")

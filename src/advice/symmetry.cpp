@@ -173,9 +173,10 @@ void check_non_abelian_open_shell(const Job& job, Report& report) {
       }
     }
     const Scf* const scf = job.scfs.empty() ? nullptr : &job.scfs.front();
-    if (!job.has("tddft") && has_excited_method(job) && is_open(shell_of(job, scf))) {
+    if (scf != nullptr && !job.has("tddft") && has_excited_method(job) &&
+        is_open(shell_of(job, scf))) {
       add_non_abelian(job, report, group, what)
-          .related(job.input.specification_ranges(*job.specification()).method, "TDDFT")
+          .related(job.input.specification_ranges(job.specification().value_or(0)).method, "TDDFT")
           .related(scf->multiplicity, "an open shell");
     }
   });
@@ -202,7 +203,8 @@ void check_non_abelian_soc(const Job& job, Report& report) {
     }
     if (job.method().ends_with("-soc")) {
       add_non_abelian(job, report, group, what)
-          .related(job.input.specification_ranges(*job.specification()).method, "the coupling");
+          .related(job.input.specification_ranges(job.specification().value_or(0)).method,
+                   "the coupling");
     } else if (const Setting soc = job.header("soc"); soc && !soc.is("false")) {
       add_non_abelian(job, report, group, what).related(soc, "the coupling");
     }

@@ -145,7 +145,7 @@ class HeaderTasks {
       return;
     }
     const std::string method = job_.method();
-    const RecordId record = RecordId::of(RecordKind::EasyToken, *job_.specification());
+    const RecordId record = RecordId::of(RecordKind::EasyToken, job_.specification().value_or(0));
     add(TaskKind::Scf, record);
     if (method == "mp2" || method == "ri-mp2") {
       add(TaskKind::Mp2, record);
@@ -160,7 +160,7 @@ class HeaderTasks {
   // As the last part of the method or as a keyword.
   void add_couplings(std::string_view method, std::string_view word, TaskKind kind) {
     if (method.ends_with("-" + std::string(word))) {
-      add(kind, RecordId::of(RecordKind::EasyToken, *job_.specification()));
+      add(kind, RecordId::of(RecordKind::EasyToken, job_.specification().value_or(0)));
     } else if (const RecordId record = stated(word)) {
       add(kind, record);
     }
@@ -227,11 +227,11 @@ bool has_known_method(const Job& job) {
 std::vector<Task> tasks_of(const Job& job) {
   std::vector<Task> tasks;
   std::vector<Task> of_modules = tasks_of_modules(job);
-  for (Task& task : HeaderTasks(job).run()) {
+  for (const Task& task : HeaderTasks(job).run()) {
     const auto rest = std::stable_partition(of_modules.begin(), of_modules.end(),
                                             [&](const Task& it) { return it.kind == task.kind; });
     if (rest == of_modules.begin()) {
-      tasks.push_back(std::move(task));
+      tasks.push_back(task);
     } else {
       std::move(of_modules.begin(), rest, std::back_inserter(tasks));
       of_modules.erase(of_modules.begin(), rest);

@@ -78,7 +78,7 @@ void offer_tda(const Job& job, const SpinFlip& flip, bool is_safe, Finding& find
     is_safe ? finding.fix(title, edit) : finding.ask(title, edit);
     return;
   }
-  const TextRange word = job.input.specification_ranges(*job.specification()).method;
+  const TextRange word = job.input.specification_ranges(job.specification().value_or(0)).method;
   std::string method = job.method();
   method.replace(method.find("tddft"), std::string_view("tddft").size(), "tda");
   finding.ask("use " + method, {word, method});

@@ -42,7 +42,7 @@ void suggest(Diagnostic& diagnostic, std::vector<std::string> names) {
   }
   diagnostic.help.push_back("did you mean " + quoted_choice(names) + "?");
   for (const std::string& name : names) {
-    propose(diagnostic, "write '" + name + "'", {*diagnostic.range, name});
+    propose(diagnostic, "write '" + name + "'", {diagnostic.range.value_or(TextRange{}), name});
   }
   diagnostic.suggestions = std::move(names);
 }

@@ -89,9 +89,10 @@ bool says_something(const ParsedInput& input, std::size_t line) {
 // looked at once.
 void find_lines_meant(const ParsedInput& input, std::vector<Directive>& directives) {
   const Directive* below = nullptr;
-  for (auto directive = directives.rbegin(); directive != directives.rend(); ++directive) {
-    std::size_t line = directive->line;
-    while (directive->is_alone && line <= input.source().line_count() &&
+  for (std::size_t i = directives.size(); i-- > 0;) {
+    Directive& directive = directives[i];
+    std::size_t line = directive.line;
+    while (directive.is_alone && line <= input.source().line_count() &&
            !says_something(input, line)) {
       ++line;
       if (below != nullptr && below->line == line) {
@@ -99,8 +100,8 @@ void find_lines_meant(const ParsedInput& input, std::vector<Directive>& directiv
         break;
       }
     }
-    directive->line_meant = line;
-    below = &*directive;
+    directive.line_meant = line;
+    below = &directive;
   }
 }
 

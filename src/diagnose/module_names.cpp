@@ -50,15 +50,15 @@ class ModuleNameFinder {
     for (std::size_t i = 0; i < entry.values.size(); ++i) {
       const TextRange range = input_.value_range(record, i);
       const std::string_view text = input_.source().text_of(range);
-      if (holds != Holds::BasisRows) {
-        look_at_words(range, record, holds);
-      } else if (is_inline || core::text::equals_ignoring_case(text, "inline")) {
+      const std::size_t equals =
+          holds == Holds::BasisRows ? text.find('=') : std::string_view::npos;
+      if (holds == Holds::BasisRows &&
+          (is_inline || core::text::equals_ignoring_case(text, "inline"))) {
         // The data of a basis set, not its name.
         is_inline = !core::text::equals_ignoring_case(text, "end line");
-      } else if (const std::size_t equals = text.find('='); equals == std::string_view::npos) {
-        look_at_words(range, record, holds);
       } else {
-        look_at_words({range.begin + equals + 1, range.end}, record, holds);
+        const std::size_t skipped = equals == std::string_view::npos ? 0 : equals + 1;
+        look_at_words({range.begin + skipped, range.end}, record, holds);
       }
     }
   }

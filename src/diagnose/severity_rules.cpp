@@ -1,6 +1,7 @@
 // Each finding goes past the comments of the input first and past the rules of the caller then, so
 // that a comment is known to be needed whatever the rules say.
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -17,10 +18,10 @@ using Use = std::function<void(const Diagnostic&)>;
 // Returns nothing for a finding that is to be left out.
 std::optional<Severity> severity_under(const std::vector<SeverityRule>& rules,
                                        const Diagnostic& diagnostic) {
-  for (auto rule = rules.rbegin(); rule != rules.rend(); ++rule) {
-    if (!matches_code(rule->pattern, diagnostic.code)) {
-      continue;
-    }
+  const auto rule = std::find_if(rules.rbegin(), rules.rend(), [&](const SeverityRule& it) {
+    return matches_code(it.pattern, diagnostic.code);
+  });
+  if (rule != rules.rend()) {
     switch (rule->action) {
       case SeverityAction::Allow:
         return std::nullopt;

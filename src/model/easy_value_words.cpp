@@ -40,7 +40,8 @@ std::size_t count_easy_value_words(std::span<const std::string_view> words,
     return 0;
   }
   const bool fits = keyword->allowed.empty() || lists(*keyword, first);
-  if (!fits && !(is_whole_line && words.size() == 2)) {
+  const bool is_alone = is_whole_line && words.size() == 2;
+  if (!fits && !is_alone) {
     return 0;
   }
   std::size_t last = 2;

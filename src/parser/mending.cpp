@@ -411,7 +411,8 @@ void mend_opening(LineReader& reader, const InputSchema& schema, Outside where) 
     return;
   }
   if (is_header_behind_wide_dollar(line, schema)) {
-    reader.amend(0, BorderFault::WideDollar, '$' + std::string(*behind_wide_dollar(line)));
+    reader.amend(0, BorderFault::WideDollar,
+                 '$' + std::string(behind_wide_dollar(line).value_or(line)));
   } else if (lacks_dollar(reader, schema, where)) {
     reader.amend(0, BorderFault::MissingDollar, '$' + core::text::trim(line));
   } else if (where == Outside::Header && is_misspelt_geometry(reader, schema)) {

@@ -190,7 +190,7 @@ class Editing {
         }
       }
     }
-    Problem problem = check_number(charge_name, edit_.charge);
+    const Problem problem = check_number(charge_name, edit_.charge);
     return problem.empty() ? check_number(multiplicity_name, edit_.multiplicity) : problem;
   }
 

@@ -120,9 +120,9 @@ class ModuleComparison {
       return {path,
               quoted(read.name) + " would be read as an entry where " + quoted(path) + " is meant"};
     }
-    Difference found = with_geometries_ || !is_geometry_entry(wanted)
-                           ? difference_of_values(wanted, read, path)
-                           : Difference();
+    const Difference found = with_geometries_ || !is_geometry_entry(wanted)
+                                 ? difference_of_values(wanted, read, path)
+                                 : Difference();
     return found.path.empty() ? compare(wanted.children, read.children, path) : found;
   }
 

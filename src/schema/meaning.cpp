@@ -157,7 +157,8 @@ std::string functional_summary(const InputSchema& schema, std::string_view funct
 
 std::string basis_summary(const InputSchema& schema, std::string_view basis, Language language) {
   const Impl& impl = SchemaAccess::impl(schema);
-  std::string own = summary_of_listed(impl, impl.basis_sets, impl.basis_meanings, basis, language);
+  const std::string own =
+      summary_of_listed(impl, impl.basis_sets, impl.basis_meanings, basis, language);
   return own.empty()
              ? summary_of_spec(impl, find_family(impl, canonical_name(impl.basis_sets, basis)),
                                language)

@@ -24,17 +24,17 @@ bool is_letter(char byte) {
   return lower >= 'a' && lower <= 'z';
 }
 
-constexpr std::size_t letters = 26;
+constexpr std::size_t alphabet = 26;
 
 // The atomic numbers by first and second letter, the latter counted from 1: a geometry of many
 // atoms asks for each of its lines.
-constexpr std::array<unsigned char, letters*(letters + 1)> numbers_by_letters() {
-  std::array<unsigned char, letters*(letters + 1)> numbers = {};
+constexpr std::array<unsigned char, alphabet*(alphabet + 1)> numbers_by_letters() {
+  std::array<unsigned char, alphabet*(alphabet + 1)> numbers = {};
   for (std::size_t i = 0; i < symbols.size(); ++i) {
     const std::string_view symbol = symbols[i];
     const auto first = static_cast<std::size_t>(symbol[0] - 'A');
     const auto second = symbol.size() == 1 ? 0 : static_cast<std::size_t>(symbol[1] - 'a') + 1;
-    numbers[first * (letters + 1) + second] = static_cast<unsigned char>(i + 1);
+    numbers[first * (alphabet + 1) + second] = static_cast<unsigned char>(i + 1);
   }
   return numbers;
 }
@@ -55,7 +55,7 @@ int atomic_number(std::string_view symbol) {
   const auto index = [](char byte) {
     return static_cast<std::size_t>(core::text::to_lower(byte) - 'a');
   };
-  return numbers[index(symbol[0]) * (letters + 1) +
+  return numbers[index(symbol[0]) * (alphabet + 1) +
                  (symbol.size() == 1 ? 0 : index(symbol[1]) + 1)];
 }
 

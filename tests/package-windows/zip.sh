@@ -79,7 +79,21 @@ END
 }
 
 run_command() {
-    (cd -- "$work" && run "$prefix/bin/kelp-bdf.exe" check "结果.inp") ||
+    cat >"$work/氦.inp" <<'END'
+$compass
+basis
+  cc-pvdz
+geometry
+  He 0 0 0
+end geometry
+$end
+$xuanyuan
+$end
+$scf
+rhf
+$end
+END
+    (cd -- "$work" && run "$prefix/bin/kelp-bdf.exe" check "氦.inp") ||
         die "kelp-bdf finds faults in a correct input"
     (cd / && ! run "$prefix/bin/kelp-bdf.exe" check "Z:$work/no such 文.inp" 2>/dev/null) ||
         die "kelp-bdf passes a file that is not there"

@@ -91,18 +91,16 @@ std::string complaint_about_count(const std::string& text) {
 /// they are given, whichever option gives them.
 void add_rule(CLI::App& command, const std::string& name, SeverityAction action,
               const std::shared_ptr<CheckOptions>& options, const std::string& description) {
-  command
-      .add_option_function<std::string>(
-          name,
-          [options, action](const std::string& codes) {
-            std::istringstream list(codes + ',');
-            for (std::string code; std::getline(list, code, ',');) {
-              options->rules.push_back({code, action});
-            }
-          },
-          description)
-      ->type_name("CODE,...")
-      ->trigger_on_parse();
+  const auto add = [options, action](const CLI::results_t& given) {
+    for (const std::string& codes : given) {
+      std::istringstream list(codes + ',');
+      for (std::string code; std::getline(list, code, ',');) {
+        options->rules.push_back({code, action});
+      }
+    }
+    return true;
+  };
+  command.add_option(name, add, description)->type_name("CODE,...")->trigger_on_parse();
 }
 
 void add_severities(CLI::App& command, const std::shared_ptr<CheckOptions>& options) {

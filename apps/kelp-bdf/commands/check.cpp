@@ -111,15 +111,15 @@ class Check {
       if (source.path != "-") {
         wanted_.folder = input::bdf::input_folder_of(source.path);
       }
-      std::optional<ParsedInput> input;
+      ParsedInput input("", session_.schema());
       do_undisturbed([&] {
-        input.emplace(read_source(source), session_.schema());
+        input = ParsedInput(read_source(source), session_.schema());
         if (options_.fix) {
-          input = fixed(source, *input);
+          input = fixed(source, input);
         }
       });
       ++totals_.files_checked;
-      totals_.files_with_findings += report_all(*input, source) ? 1 : 0;
+      totals_.files_with_findings += report_all(input, source) ? 1 : 0;
     } catch (const std::exception& error) {
       fail(failure_text(source, error));
     }

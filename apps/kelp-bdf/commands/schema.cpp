@@ -116,9 +116,11 @@ void add_nested_rows(Table& table, const InputSchema& schema, std::string_view m
                      const std::string& entry, Language language) {
   for (const std::string& name : schema.known_nested_entries(module, entry)) {
     if (const auto info = schema.nested_entry_info(module, entry, name)) {
-      table.add(
-          cells_of(entry + "." + name, *info, schema.nested_entry_aliases(module, entry, name)),
-          nested_entry_summary(schema, module, entry, name, language));
+      std::string path = entry;
+      path += '.';
+      path += name;
+      table.add(cells_of(path, *info, schema.nested_entry_aliases(module, entry, name)),
+                nested_entry_summary(schema, module, entry, name, language));
     }
   }
 }

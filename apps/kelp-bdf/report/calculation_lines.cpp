@@ -70,6 +70,7 @@ class LineWriter {
       add("molecule", {shown(system.formula)}, system.origin);
     }
     std::vector<std::string> parts;
+    parts.reserve(system.basis_sets.size() + 1);
     for (const Calculation::Basis& basis : system.basis_sets) {
       parts.push_back(basis_text(basis));
     }
