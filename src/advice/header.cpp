@@ -66,7 +66,7 @@ void check_too_many_parts(const Job& job, Report& report) {
     const std::string& text = job.data().easy_tokens[i].text;
     const bool is_other = text.find_first_of("=[(") != std::string::npos;
     if (!is_other && std::count(text.begin(), text.end(), '/') > most) {
-      report.add("The specification '{}' has more than three parts.", {text})
+      report.add("The method specification '{}' has more than three parts.", {text})
           .at(job.input.token_ranges(i).whole, "method/functional/basis")
           .help("write the method, the functional and the basis set; or the last two of them");
     }

@@ -160,7 +160,7 @@ class Job {
   Setting header(std::string_view keyword) const;
   /// Returns the index of the header's specification among its words; unset without one.
   std::optional<std::size_t> specification() const { return specification_; }
-  /// Returns a part of the specification, canonical; empty when it has none.
+  /// Returns a part of the method specification, canonical; empty when it has none.
   std::string method() const;
   std::string functional() const;
   std::string basis() const;

@@ -253,7 +253,7 @@ void check_keyword_without_tddft(const Job& job, Report& report) {
                            .at_keyword(setting, "of excited states")
                            .related(job.input.token_ranges(job.specification().value_or(0)).whole,
                                     "computes the ground state")
-                           .help("begin the specification with a TDDFT or TDA method");
+                           .help("begin the method specification with a TDDFT or TDA method");
     if (!parts.functional.empty()) {
       const TextRange method = {parts.method.empty() ? parts.functional.begin : parts.method.begin,
                                 parts.functional.begin};

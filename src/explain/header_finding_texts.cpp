@@ -150,7 +150,7 @@ constexpr auto texts = std::to_array<FindingText>({
      "spinflip, spinadapt, soc and nac set up excited states, which only the methods of TDDFT and "
      "TDA compute.",
      "The method was forgotten, as in b3lyp/cc-pvdz.",
-     "Begin the specification with tddft or another method of TDDFT or TDA.",
+     "Begin the method specification with tddft or another method of TDDFT or TDA.",
      "#! water.bdf\nb3lyp/cc-pvdz spinflip=1\n\nGeometry\nO 0 0 0.369\nH 0 -0.784 -0.185\nH 0 "
      "0.784 -0.185\nEnd Geometry\n",
      "#! water.bdf\ntddft/b3lyp/cc-pvdz spinflip=1\n\nGeometry\nO 0 0 0.369\nH 0 -0.784 -0.185\nH "

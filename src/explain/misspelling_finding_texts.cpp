@@ -10,7 +10,7 @@ constexpr auto error = Severity::Error;
 
 constexpr auto texts = std::to_array<FindingText>({
     {"header.unknown_method",
-     "The first part of the specification is no method, or a slip of one where it may be a "
+     "The first part of the method specification is no method, or a slip of one where it may be a "
      "functional as well.",
      "A slip, or a method of another program.", "Write the name of a method.",
      "#! neon\ntddtf/b3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",

@@ -69,7 +69,7 @@ std::string canonical_part(const InputSchema& schema, std::string_view part,
   return part == functional_part ? schema.canonical_functional(name) : schema.canonical_basis(name);
 }
 
-/// A part of the specification, and whether the edit is about it.
+/// A part of the method specification, and whether the edit is about it.
 struct Part {
   std::string_view name;
   std::string text;

@@ -89,10 +89,10 @@ struct Calculation {
 
   /// A self-consistent field: a `$scf`, or what the header of an easy input without one asks for.
   struct Scf {
-    Origin origin;                          ///< of the `$scf`; of the specification without one
-    std::size_t system = 0;                 ///< index into `systems`
-    std::optional<Number> charge;           ///< total charge, in elementary charges
-    std::optional<Number> multiplicity;     ///< spin multiplicity 2S+1
+    Origin origin;                       ///< of the `$scf`; of the method specification without one
+    std::size_t system = 0;              ///< index into `systems`
+    std::optional<Number> charge;        ///< total charge, in elementary charges
+    std::optional<Number> multiplicity;  ///< spin multiplicity 2S+1
     std::optional<std::int64_t> electrons;  ///< all of them, those in core potentials included
     std::optional<Name> reference;          ///< `rhf`, `uhf`, `rohf`, `rks`, `uks` or `roks`
     std::optional<Name> functional;         ///< unset without one
