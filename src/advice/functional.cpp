@@ -8,6 +8,7 @@
 #include "advice/gradients.hpp"
 #include "advice/report.hpp"
 #include "advice/themes.hpp"
+#include "kelp/input/bdf/names.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -174,17 +175,21 @@ bool is_outside(const Job& job, const Scf& scf, std::string_view use) {
   return !class_of(job, scf).empty() && job.knowledge().can(scf.functional, use) != true;
 }
 
+// An entry that is there for some functionals only, and the functional is none of them.
+void report_unfit(const Job& job, const Scf& scf, const char* entry, std::string_view message,
+                  Report& report) {
+  const std::string name(functional_word(job, scf));
+  report.add(message, {name})
+      .at_keyword(scf.block->get(entry), "not for this functional")
+      .related(scf.functional_word, "the functional")
+      .help("it is there for " + quoted_choice(job.knowledge().functionals_for(entry)));
+}
+
 void check_d3_functional(const Job& job, Report& report) {
   for (const Scf& scf : job.scfs) {
     if (scf.block != nullptr && scf.block->has("d3") && is_outside(job, scf, "d3") &&
         job.knowledge().can(scf.functional, "built_in_dispersion") != true) {
-      const std::string name(functional_word(job, scf));
-      report.add("D3 has no parameters for '{}'.", {name})
-          .at_keyword(scf.block->get("d3"), "not for this functional")
-          .related(scf.functional_word, "the functional")
-          .help(
-              "D3 is there for BP86, BLYP, PBE, B3LYP, GB3LYP, BHHLYP, B3PW91, PBE0, CAM-B3LYP "
-              "and B2PLYP");
+      report_unfit(job, scf, "d3", "D3 has no parameters for '{}'.", report);
     }
   }
 }
@@ -204,13 +209,7 @@ void check_d3_with_hf(const Job& job, Report& report) {
 void check_facex_functional(const Job& job, Report& report) {
   for (const Scf& scf : job.scfs) {
     if (scf.block != nullptr && scf.block->has("facex") && is_outside(job, scf, "facex")) {
-      const std::string name(functional_word(job, scf));
-      report.add("'facex' does not change the exchange of '{}'.", {name})
-          .at_keyword(scf.block->get("facex"), "not for this functional")
-          .related(scf.functional_word, "the functional")
-          .help(
-              "it is there for SVWN, SVWN5, PBE, PBE0, PW91, BP86, BLYP, B3LYP, GB3LYP, B3PW91, "
-              "BHHLYP, SF5050 and B2PLYP");
+      report_unfit(job, scf, "facex", "'facex' does not change the exchange of '{}'.", report);
     }
   }
 }

@@ -167,6 +167,19 @@ std::optional<bool> Knowledge::can(std::string_view functional, std::string_view
   return found == nullptr ? std::nullopt : std::optional<bool>(*found);
 }
 
+std::vector<std::string> Knowledge::functionals_for(std::string_view use) const {
+  std::vector<std::string> names;
+  if (const Impl::Uses* const uses = find_in(impl_->uses, normalize_key(use))) {
+    for (const auto& [functional, can_be_used] : uses->functionals) {
+      if (can_be_used) {
+        names.push_back(functional);
+      }
+    }
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 const std::vector<std::string>& Knowledge::solvents() const {
   return impl_->solvents;
 }

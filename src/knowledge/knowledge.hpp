@@ -81,6 +81,9 @@ class Knowledge {
   std::string_view functional_class(std::string_view functional) const;
   /// Tells whether a functional can be used for something, "gradient"; unset where nothing is said.
   std::optional<bool> can(std::string_view functional, std::string_view use) const;
+  /// Returns the names of the functionals, or of classes of them, that are said to be usable for
+  /// something, sorted; none where nothing is said.
+  std::vector<std::string> functionals_for(std::string_view use) const;
   /// Returns the names of solvents, in the document's order; there may be more.
   const std::vector<std::string>& solvents() const;
   /// Returns what is known of a module, or null; lives as long as this or a copy.

@@ -35,9 +35,10 @@ class KnowledgeReader {
       const Fields fields(root, knowledge_keys, budget_);
       read_radii(fields["covalent_radii"]);
       read_basis_sets(fields["basis_sets"]);
-      for_each_name(fields["point_groups"], [&](const std::string& name, const YAML::Node& node) {
-        impl_->point_groups.insert_or_assign(name, text_list(node, budget_));
-      });
+      for_each_name(fields["point_groups"], budget_,
+                    [&](const std::string& name, const YAML::Node& node) {
+                      impl_->point_groups.insert_or_assign(name, text_list(node, budget_));
+                    });
       read_axial_groups(fields["axial_groups"]);
       read_functional_classes(fields["functional_classes"]);
       read_functional_uses(fields["functional_uses"]);
@@ -48,21 +49,8 @@ class KnowledgeReader {
   }
 
  private:
-  template <typename Use>
-  void for_each_name(const YAML::Node& map, Use use) {
-    if (!map.IsMap()) {
-      return;
-    }
-    for (const auto& item : map) {
-      budget_.pay_for(item.second);
-      if (item.first.IsScalar()) {
-        use(normalize_key(item.first.Scalar()), item.second);
-      }
-    }
-  }
-
   void read_radii(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       if (const auto radius = core::number::parse_float(scalar_text(value))) {
         impl_->radii.insert_or_assign(name, *radius);
       }
@@ -108,7 +96,7 @@ class KnowledgeReader {
   }
 
   void read_axial_groups(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       if (value.IsMap()) {
         const Fields fields(value, axial_group_keys, budget_);
         impl_->axial_groups.insert_or_assign(
@@ -119,7 +107,7 @@ class KnowledgeReader {
   }
 
   void read_functional_classes(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       for (const std::string& functional : text_list(value, budget_)) {
         impl_->functional_classes.insert_or_assign(normalize_key(functional), name);
       }
@@ -127,7 +115,7 @@ class KnowledgeReader {
   }
 
   void read_functional_uses(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       if (!value.IsMap()) {
         return;
       }
@@ -143,7 +131,7 @@ class KnowledgeReader {
   }
 
   void read_modules(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       if (value.IsMap()) {
         const Fields fields(value, module_facts_keys, budget_);
         impl_->modules.insert_or_assign(name, ModuleFacts{text_list(fields["needs"], budget_),

@@ -41,20 +41,6 @@ class SchemaReader {
   }
 
  private:
-  // Calls `use(name, value)` for each item of a map whose key is a scalar.
-  template <typename Use>
-  void for_each_name(const YAML::Node& map, Use use) {
-    if (!map.IsMap()) {
-      return;
-    }
-    for (const auto& item : map) {
-      budget_.pay_for(item.second);
-      if (item.first.IsScalar()) {
-        use(normalize_key(item.first.Scalar()), item.second);
-      }
-    }
-  }
-
   static void add_aliases(AliasMap& map, const std::vector<std::string>& aliases,
                           const std::string& name) {
     for (const std::string& alias : aliases) {
@@ -126,7 +112,7 @@ class SchemaReader {
       read_names(node, names);
       return;
     }
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       names.insert_or_assign(name, name);
       if (value.IsMap()) {
         const Fields fields(value, listed_name_keys, budget_);
@@ -140,7 +126,7 @@ class SchemaReader {
   }
 
   void read_keywords(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       ValueSpec spec;
       spec.name = name;
       EntryExtras extras =
@@ -156,7 +142,7 @@ class SchemaReader {
   }
 
   void read_modules(const YAML::Node& node) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       impl_->module_aliases.insert_or_assign(name, name);
       ModuleSpec module;
       module.name = name;
@@ -172,7 +158,7 @@ class SchemaReader {
   }
 
   void read_entries(const YAML::Node& node, ModuleSpec& module) {
-    for_each_name(node, [&](const std::string& name, const YAML::Node& value) {
+    for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       NamedEntry entry = read_entry(name, value, budget_, impl_->texts);
       module.entries.insert_or_assign(name, std::move(entry.spec));
       module.entry_aliases.insert_or_assign(name, name);

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "schema/normalize_key.hpp"
+
 namespace kelp::input::bdf {
 
 /// Keeps YAML aliases from expanding without end. A document can name one node many times; read
@@ -52,6 +54,20 @@ std::vector<std::uint64_t> count_list(const YAML::Node& node, ExpansionBudget& b
 /// Returns an integer.
 /// @throws one of yaml-cpp's errors when the node is missing or no integer.
 std::int32_t required_int(const YAML::Node& node);
+
+/// Calls `use(name, value)` for each item of a map whose key is a scalar, with its normalised name.
+template <typename Use>
+void for_each_name(const YAML::Node& map, ExpansionBudget& budget, Use use) {
+  if (!map.IsMap()) {
+    return;
+  }
+  for (const auto& item : map) {
+    budget.pay_for(item.second);
+    if (item.first.IsScalar()) {
+      use(normalize_key(item.first.Scalar()), item.second);
+    }
+  }
+}
 
 /// The values of a map under a fixed set of keys. yaml-cpp's own subscripts search the whole map
 /// for every key; this walks it once. As there, the first of two equal keys counts.

@@ -111,6 +111,14 @@ TEST(Knowledge, NamesSolventsEachOnce) {
   EXPECT_EQ(std::set<std::string>(solvents.begin(), solvents.end()).size(), solvents.size());
 }
 
+TEST(Knowledge, ListsWhatCanBeUsedForSomething) {
+  EXPECT_THAT(shipped().functionals_for("FACCO"), testing::ElementsAre("b2plyp"));
+  EXPECT_THAT(shipped().functionals_for("built_in_dispersion"),
+              testing::ElementsAre("wb97x-d", "wb97x-d3"));
+  EXPECT_THAT(shipped().functionals_for("sobeda"), testing::IsEmpty());
+  EXPECT_THAT(shipped().functionals_for("nothing"), testing::IsEmpty());
+}
+
 TEST(Knowledge, TellsWhatFunctionalsCanBeUsedFor) {
   EXPECT_EQ(shipped().functional_class("B3LYP"), "hybrid-gga");
   EXPECT_EQ(shipped().can("b3lyp", "gradient"), true);
