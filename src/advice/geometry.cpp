@@ -129,6 +129,10 @@ class GeometryReader {
 
 }  // namespace
 
+bool Variable::may_be_row() const {
+  return !after_blank && element_of_label(name) > 0;
+}
+
 std::optional<std::size_t> Geometry::size() const {
   const bool is_known = is_certain && (form == GeometryForm::Cartesian ||  //
                                        form == GeometryForm::Internal);

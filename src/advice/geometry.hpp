@@ -33,6 +33,9 @@ struct Variable {
   Word name;
   std::vector<Word> values;
   bool after_blank = false;  ///< a blank line stands between it and the rows
+
+  /// Tells whether it may be the row of an atom that lacks a word: `H 11.1 2 120`.
+  bool may_be_row() const;
 };
 
 /// The geometry of one system, read line by line.

@@ -200,7 +200,7 @@ std::vector<const Variable*> scanned_in(const Geometry& geometry) {
                          std::all_of(variable.values.begin(), variable.values.end(), [](Word word) {
                            return core::number::parse_float(word).has_value();
                          });
-    if (is_scan && geometry.form == GeometryForm::Internal) {
+    if (is_scan && !variable.may_be_row() && geometry.form == GeometryForm::Internal) {
       scanned.push_back(&variable);
     }
   }

@@ -177,7 +177,8 @@ void check_variable_unused(const Job& job, Report& report) {
   for (const Geometry* const geometry : internal_geometries(job)) {
     const NameMap<Word> used = names_used(*geometry);
     for (const Variable& variable : geometry->variables) {
-      if (is_definition(variable) && used.count(std::string(variable.name)) == 0) {
+      if (is_definition(variable) && !variable.may_be_row() &&
+          used.count(std::string(variable.name)) == 0) {
         report.add("No row uses the variable '{}'.", {variable.name})
             .at(variable.name, "not used")
             .help("it may be misspelt here or in a row");
@@ -199,9 +200,15 @@ void check_blank_line_missing(const Job& job, Report& report) {
     const SourceText& source = job.input.source();
     const std::size_t line = source.position(name.begin).line;
     const std::size_t begin = source.line_range(line).begin;
-    report.add("A blank line is missing between the rows and the variables.")
-        .at(name, "the first variable")
-        .fix("insert a blank line", {{begin, begin}, std::string(source.line_end(line - 1))});
+    Finding& finding =
+        report.add("A blank line is missing between the rows and the variables.").at(name);
+    const std::string blank(source.line_end(line - 1));
+    if (first.may_be_row()) {
+      finding.help("or a word of the row of an atom is missing")
+          .ask("insert a blank line", {{begin, begin}, blank});
+    } else {
+      finding.fix("insert a blank line", {{begin, begin}, blank});
+    }
   }
 }
 

@@ -283,8 +283,12 @@ class HeaderWordFinder {
     if (!near.empty()) {
       offer_names(diagnostic, std::move(near), {"value", "values"}, range, false);
     } else {
+      // Without a method the lines may be no header at all.
+      const bool is_header = std::any_of(tokens_.begin(), tokens_.end(), [](const EasyToken& it) {
+        return it.category == "method_spec";
+      });
       offer_names(diagnostic, names_near(token), {"keyword", "keywords"}, range,
-                  can_be_slip(context_.input.source().text_of(range)));
+                  is_header && can_be_slip(context_.input.source().text_of(range)));
     }
     use_(diagnostic);
   }

@@ -48,6 +48,8 @@ const Row rows[] = {
      "put it on a line of its own, as a comment", "$scf\r\n# try # c\r\nrhf\r\n$end\r\n", false},
     {"a comment of another kind behind a module's name", "$scf  * try \nrhf\n$end\n",
      "put it on a line of its own, as a comment", "$scf\n* try \nrhf\n$end\n", true},
+    {"a line that is more than a misspelt entry", "$scf\n ocupied of atoms\n$end\n",
+     "write 'occupied'", "$scf\n occupied of atoms\n$end\n", false},
     {"an entry", "$scf\n ocupied # c\n 3\n$end\n", "write 'occupied'",
      "$scf\n occupied # c\n 3\n$end\n", true},
     {"an entry that a comment is glued to", "$scf\n ocupied#c\n 3\n$end\n", "write 'occupied'",

@@ -78,7 +78,9 @@ TEST(Explain, TheNumberOfEntriesIsKnownAsSuch) {
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0].facts.front().kind, FactKind::EntryCount);
   EXPECT_EQ(found[0].facts.front().text, "5");
-  for (const ExplanationFact& fact : explain("scf.second", small_schema()).front().facts) {
+  const std::vector<Explanation> second = explain("scf.second", small_schema());
+  ASSERT_EQ(second.size(), 1U);
+  for (const ExplanationFact& fact : second[0].facts) {
     EXPECT_EQ(fact.kind, FactKind::Plain) << fact.heading;
   }
 }
