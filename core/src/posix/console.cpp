@@ -25,6 +25,18 @@ void let_size_limits_be_errors() {
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
 }
 
+void let_closed_pipes_be_errors() {
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+}
+
+std::size_t read_input(char* buffer, std::size_t size) {
+  ssize_t count = 0;
+  do {
+    count = ::read(STDIN_FILENO, buffer, size);
+  } while (count < 0 && errno == EINTR);
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
 bool reader_went_away() {
   return errno == EPIPE;
 }

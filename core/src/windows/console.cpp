@@ -50,6 +50,13 @@ void use_plain_bytes() {
 // The C library has no EPIPE for most of these.
 void let_size_limits_be_errors() {}
 
+void let_closed_pipes_be_errors() {}  // they are
+
+std::size_t read_input(char* buffer, std::size_t size) {
+  const int count = ::_read(::_fileno(stdin), buffer, static_cast<unsigned int>(size));
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
 bool reader_went_away() {
   const unsigned long cause = _doserrno;
   return cause == ERROR_BROKEN_PIPE || cause == ERROR_NO_DATA || cause == ERROR_PIPE_NOT_CONNECTED;

@@ -3,6 +3,7 @@
 /// @file
 /// The program's standard streams and arguments.
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,15 @@ void use_plain_bytes();
 /// Makes a write beyond the system's limit on the size of files fail like any other, instead of
 /// ending the process.
 void let_size_limits_be_errors();
+
+/// Makes a write to a pipe that nobody reads any more fail like any other, instead of ending the
+/// process.
+void let_closed_pipes_be_errors();
+
+/// Waits until standard input has bytes, and puts those that are there, at most `size`, into a
+/// buffer. Returns how many; 0 at its end, and when it cannot be read. Not to be mixed with reading
+/// it in other ways.
+std::size_t read_input(char* buffer, std::size_t size);
 
 /// Tells, right after a write to a standard stream has failed, whether it failed because nobody
 /// reads the other end of the pipe any more.
