@@ -1,9 +1,6 @@
-// Functionals and basis sets that stand among the values of entries. Both lists are open, here more
-// than in the header: a basis set may be a file of the user's own.
+// Functionals and basis sets that stand among the values of entries.
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,45 +11,25 @@
 #include "diagnose/offers.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
+#include "model/listed_names.hpp"
 #include "source/geometry_line.hpp"
 
 namespace kelp::input::bdf {
 namespace {
-
-enum class Holds : std::int32_t {
-  Functional,
-  Basis,
-  BasisRows,  ///< a basis set alone on its line, or behind the atoms that get it: `C,N = 6-31g`
-};
-
-struct NameEntry {
-  std::string_view module;
-  std::string_view entry;
-  Holds holds;
-};
-
-constexpr auto name_entries = std::to_array<NameEntry>({
-    {"scf", "dft", Holds::Functional},
-    {"compass", "basis", Holds::Basis},
-    {"compass", "basis-block", Holds::BasisRows},
-    {"compass", "ri-j", Holds::Basis},
-    {"compass", "ri-k", Holds::Basis},
-    {"compass", "ri-c", Holds::Basis},
-});
 
 class ModuleNameFinder {
  public:
   ModuleNameFinder(DiagnoseContext& context, const DiagnosticSink& use)
       : context_(context), input_(context.input), use_(use) {}
 
-  void look_at(const ModuleEntry& entry, const RecordId& record, Holds holds) const {
+  void look_at(const ModuleEntry& entry, const RecordId& record, ListedNames holds) const {
     bool is_inline = false;
     for (std::size_t i = 0; i < entry.values.size(); ++i) {
       const TextRange range = input_.value_range(record, i);
       const std::string_view text = input_.source().text_of(range);
       const std::size_t equals =
-          holds == Holds::BasisRows ? text.find('=') : std::string_view::npos;
-      if (holds == Holds::BasisRows &&
+          holds == ListedNames::BasisRows ? text.find('=') : std::string_view::npos;
+      if (holds == ListedNames::BasisRows &&
           (is_inline || core::text::equals_ignoring_case(text, "inline"))) {
         // The data of a basis set, not its name.
         is_inline = !core::text::equals_ignoring_case(text, "end line");
@@ -64,7 +41,7 @@ class ModuleNameFinder {
   }
 
  private:
-  void look_at_words(const TextRange& range, const RecordId& record, Holds holds) const {
+  void look_at_words(const TextRange& range, const RecordId& record, ListedNames holds) const {
     const std::string_view text = input_.source().text_of(range);
     for (const std::string_view word : words_of(text)) {
       const std::size_t begin = range.begin + static_cast<std::size_t>(word.data() - text.data());
@@ -73,8 +50,8 @@ class ModuleNameFinder {
   }
 
   void look_at_name(const std::string& name, const TextRange& range, const RecordId& record,
-                    Holds holds) const {
-    const bool is_functional = holds == Holds::Functional;
+                    ListedNames holds) const {
+    const bool is_functional = holds == ListedNames::Functionals;
     const InputSchema& schema = input_.schema();
     // Whole lists are made only for what is not listed.
     if (is_functional ? schema.is_known_functional(name) : schema.is_known_basis(name)) {
@@ -115,10 +92,10 @@ void find_module_names(DiagnoseContext& context, const DiagnoseOptions& options,
   const std::vector<Module>& modules = context.input.data().modules;
   for (std::size_t i = 0; i < modules.size(); ++i) {
     for (std::size_t k = 0; k < modules[i].entries.size(); ++k) {
-      for (const NameEntry& item : name_entries) {
-        if (modules[i].name == item.module && modules[i].entries[k].name == item.entry) {
-          finder.look_at(modules[i].entries[k], RecordId::of_entry(i, k), item.holds);
-        }
+      const ModuleEntry& entry = modules[i].entries[k];
+      const ListedNames holds = listed_names_of(modules[i].name, entry.name);
+      if (holds != ListedNames::None) {
+        finder.look_at(entry, RecordId::of_entry(i, k), holds);
       }
     }
   }

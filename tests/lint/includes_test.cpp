@@ -121,6 +121,7 @@ const std::vector<Room>& rooms() {
       {"schema_lint", {"schema_lint.hpp"}, {"schema", "validate", "knowledge"}},
       {"input", {"parsed_input.hpp"}, {"parser", "source"}},
       {"path", {"value_path.hpp"}, {"input", "explain"}},
+      {"completion", {"completion.hpp"}, {"path"}},
       {"molecule", {"molecule.hpp"}, {"path"}},
       {"outline", {"outline.hpp"}, {"path", "molecule"}},
       {"advice",
@@ -182,7 +183,7 @@ const Rule the_core_knows_nothing_above_it =
 const Rule the_command_uses_public_headers =
     includes_must_be([](const SourceFile&, const Include& include) {
       return !include.quoted || starts_with_any(include.name, {"kelp/input/", "kelp/core/", "cli/",
-                                                               "commands/", "report/"});
+                                                               "commands/", "lsp/", "report/"});
     });
 
 const Rule only_the_command_line_knows_its_parser =

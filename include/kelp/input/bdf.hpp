@@ -4,6 +4,7 @@
 /// The whole public interface of the library, in one include.
 
 #include "kelp/input/bdf/calculation.hpp"
+#include "kelp/input/bdf/completion.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/editor.hpp"
