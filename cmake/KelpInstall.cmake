@@ -20,6 +20,9 @@ install(FILES
   ${PROJECT_SOURCE_DIR}/schemas/input/bdf.yaml
   ${PROJECT_SOURCE_DIR}/schemas/input/bdf-knowledge.yaml
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/kelp/schemas/input)
+# The language server links the code of a finding to what is said of it.
+install(FILES ${PROJECT_SOURCE_DIR}/docs/findings.md
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/kelp/docs)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
   FILES_MATCHING PATTERN "*.inp" PATTERN "*.cpp")

@@ -19,6 +19,7 @@ foreach(wanted
     "lib.*/pkgconfig/kelp_bdf_inp\\.pc"
     "share/doc/kelp_bdf_inp/LICENSE"
     "share/doc/kelp_bdf_inp/examples/faulty\\.inp"
+    "share/kelp/docs/findings\\.md"
     "share/kelp/schemas/input/bdf\\.yaml"
     "share/kelp/schemas/input/bdf-knowledge\\.yaml")
   if(NOT "${listing}\n" MATCHES "${wanted}")

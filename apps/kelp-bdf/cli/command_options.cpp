@@ -240,6 +240,19 @@ void add_explain(CLI::App& app, Session& session) {
   run_when_named(*command, session, options, run_explain);
 }
 
+void add_lsp(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<LspOptions>();
+  CLI::App* const command = app.add_subcommand("lsp", "Serve an editor (language server)");
+  command->add_option("--trace", options->trace, "Write all messages to a file, too")
+      ->check(not_empty())
+      ->type_name("FILE")
+      ->take_last();
+  command->footer(
+      "Speaks the language server protocol on standard input and output; docs/editors.md tells how "
+      "to set editors up. The exit status is 1 when the editor went away without a good-bye.");
+  run_when_named(*command, session, options, run_lsp);
+}
+
 void add_schema_path(CLI::App& schema, Session& session) {
   CLI::App* const command = schema.add_subcommand("path", "Print the path of the schema in use");
   add_common_options(*command, session.options);
@@ -324,6 +337,7 @@ void add_commands(CLI::App& app, Session& session) {
   add_show(app, session);
   add_explain(app, session);
   add_schema(app, session);
+  add_lsp(app, session);
 }
 
 }  // namespace kelp::app

@@ -75,6 +75,13 @@ struct ExplainOptions {
 /// Tells what a finding's code or a keyword means.
 ExitStatus run_explain(const ExplainOptions& options, Session& session);
 
+struct LspOptions {
+  std::string trace;  ///< a file for all messages; empty for none
+};
+
+/// Serves an editor over standard input and output, until it says good-bye.
+ExitStatus run_lsp(const LspOptions& options, Session& session);
+
 /// Prints the path of the schema in use.
 ExitStatus run_schema_path(Session& session);
 
