@@ -28,6 +28,8 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOC
   FILES_MATCHING PATTERN "*.inp" PATTERN "*.cpp")
 
 if(TARGET kelp-bdf)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/schemas/output
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/kelp/schemas FILES_MATCHING PATTERN "*.schema.json")
   # The library is found beside the command, wherever the prefix is moved.
   file(RELATIVE_PATH bin_to_lib
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})

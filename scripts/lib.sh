@@ -7,7 +7,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck disable=SC2034
 build_packages=(g++ cmake ninja-build libyaml-cpp-dev libcli11-dev libfmt-dev nlohmann-json3-dev)
 # shellcheck disable=SC2034
-test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml pkg-config)
+test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml
+    python3-jsonschema pkg-config)
 # shellcheck disable=SC2034
 check_packages=(git clang libclang-rt-14-dev clang-format clang-tidy-16 shellcheck doxygen
     libbenchmark-dev dpkg-dev file)

@@ -21,7 +21,8 @@ foreach(wanted
     "share/doc/kelp_bdf_inp/examples/faulty\\.inp"
     "share/kelp/docs/findings\\.md"
     "share/kelp/schemas/input/bdf\\.yaml"
-    "share/kelp/schemas/input/bdf-knowledge\\.yaml")
+    "share/kelp/schemas/input/bdf-knowledge\\.yaml"
+    "share/kelp/schemas/output/findings\\.schema\\.json")
   if(NOT "${listing}\n" MATCHES "${wanted}")
     message(SEND_ERROR "not installed: ${wanted}")
   endif()

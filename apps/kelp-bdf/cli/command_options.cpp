@@ -11,6 +11,8 @@
 
 #include "cli/output.hpp"
 #include "commands/commands.hpp"
+#include "report/findings_report.hpp"
+#include "report/output_schemas.hpp"
 
 namespace kelp::app {
 namespace {
@@ -80,6 +82,15 @@ void add_edits(CLI::App& command, SetOptions& options) {
       ->allow_extra_args(false);
 }
 
+void add_form(CLI::App& command, std::string& form) {
+  command
+      .add_option("--format", form,
+                  "human, concise (a line for each finding), json, jsonl, sarif, github, junit")
+      ->check(CLI::IsMember(findings_forms()))
+      ->capture_default_str()
+      ->take_last();
+}
+
 std::string complaint_about_count(const std::string& text) {
   constexpr std::size_t most_digits = 9;
   const bool is_count = !text.empty() && text.size() <= most_digits &&
@@ -129,10 +140,7 @@ void add_check(CLI::App& app, Session& session) {
       ->check(CLI::IsMember({"error", "warn", "ignore"}))
       ->capture_default_str()
       ->take_last();
-  command->add_option("--format", options->format, "human or concise (a line for each finding)")
-      ->check(CLI::IsMember({"human", "concise"}))
-      ->capture_default_str()
-      ->take_last();
+  add_form(*command, options->format);
   command
       ->add_option("--max-findings", options->max_findings,
                    "Print no more than these, and count all")
@@ -279,19 +287,30 @@ void add_schema_lint(CLI::App& schema, Session& session) {
       ->required()
       ->check(not_empty())
       ->type_name("FILE");
-  command->add_option("--format", options->format, "human or concise (a line for each finding)")
-      ->check(CLI::IsMember({"human", "concise"}))
-      ->capture_default_str();
+  add_form(*command, options->format);
   command->add_flag("--strict", options->strict, "Let warnings fail, too");
   run_when_named(*command, session, options, run_schema_lint);
 }
 
+// One for each kind of document that is printed as JSON.
+void add_output_schemas(CLI::App& schema, Session& session) {
+  for (const OutputSchema& output : output_schemas()) {
+    CLI::App* const command = schema.add_subcommand(
+        std::string(output.name), "Print a JSON Schema: " + std::string(output.purpose));
+    add_common_options(*command, session.options);
+    command->callback(
+        [&output, &session] { session.run = [&output] { return run_output_schema(output); }; });
+  }
+}
+
 void add_schema(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("schema", "Show or check the vocabulary");
+  CLI::App* const command =
+      app.add_subcommand("schema", "Show or check the vocabulary; print JSON Schemas");
   command->require_subcommand(0, 1);
   add_schema_path(*command, session);
   add_schema_list(*command, session);
   add_schema_lint(*command, session);
+  add_output_schemas(*command, session);
   // Without a subcommand there is nothing to do; say which there are.
   command->callback([command, &session] {
     if (command->get_subcommands().empty()) {

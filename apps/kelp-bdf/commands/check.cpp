@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -16,6 +17,7 @@
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/explain.hpp"
 #include "report/findings.hpp"
+#include "report/findings_report.hpp"
 #include "report/unified_diff.hpp"
 
 namespace kelp::app {
@@ -74,10 +76,11 @@ class Check {
       : options_(options),
         session_(session),
         wanted_(diagnose_options(options)),
-        form_{options.format == "human", use_colour(session.options.colour)} {}
+        report_(make_findings_report(options.format, use_colour(session.options.colour))) {}
 
   ExitStatus run() {
     session_.schema();
+    show(report_->begin());
     const Sources sources = expand_sources(options_.inputs, session_.options);
     for (const std::string& error : sources.errors) {
       fail(error);
@@ -88,9 +91,8 @@ class Check {
       }
       check(source);
     }
-    if (form_.human && reports()) {
-      print(human_summary(totals_));
-    } else if (reports() && totals_.not_shown > 0) {
+    show(report_->end(totals_));
+    if (reports() && !report_->tells_what_is_not_shown() && totals_.not_shown > 0) {
       complain(fmt::format("... and {} more", totals_.not_shown));
     }
     return status_;
@@ -99,10 +101,23 @@ class Check {
  private:
   void fail(const std::string& error) {
     complain(error);
+    show(report_->fail(error));
     status_ = ExitStatus::Failure;
   }
 
+  void show(const std::string& text) const {
+    if (!reports()) {
+      return;
+    }
+    if (report_->is_data()) {
+      print_contents(text);
+    } else {
+      print(text);
+    }
+  }
+
   void check(const Source& source) {
+    show(report_->begin_file(source.name));
     try {
       if (options_.fix && !options_.diff && source.path == "-") {
         throw std::runtime_error("standard input cannot be changed in place");
@@ -123,6 +138,7 @@ class Check {
     } catch (const std::exception& error) {
       fail(failure_text(source, error));
     }
+    show(report_->end_file());
   }
 
   // With a difference on standard output, only the status tells of what would remain.
@@ -148,12 +164,13 @@ class Check {
   bool report_all(const ParsedInput& input, const Source& source) {
     bool found = false;
     diagnose(input, wanted_, [&](const Diagnostic& diagnostic) {
-      count(diagnostic.severity);
+      const bool fails = count(diagnostic.severity);
       if (is_full()) {
         ++totals_.not_shown;
       } else if (reports()) {
         ++shown_;
-        print(report_text(diagnostic, input.source(), source.name, form_));
+        const Finding finding = {diagnostic, input.source(), source.name, fails};
+        show(report_->add(report_->write(finding)));
       }
       found = true;
     });
@@ -162,17 +179,21 @@ class Check {
 
   bool is_full() const { return options_.max_findings && shown_ >= *options_.max_findings; }
 
-  void count(Severity severity) {
+  // Returns whether a finding of that severity makes the command fail.
+  bool count(Severity severity) {
     totals_.count(severity);
-    if (severity == Severity::Error || (severity == Severity::Warning && options_.strict)) {
+    const bool fails =
+        severity == Severity::Error || (severity == Severity::Warning && options_.strict);
+    if (fails) {
       status_ = worse_of(status_, ExitStatus::Findings);
     }
+    return fails;
   }
 
   const CheckOptions& options_;
   Session& session_;
   DiagnoseOptions wanted_;
-  ReportForm form_;
+  std::unique_ptr<FindingsReport> report_;
   Totals totals_;
   std::size_t shown_ = 0;
   ExitStatus status_ = ExitStatus::Success;

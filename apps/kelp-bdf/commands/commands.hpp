@@ -13,13 +13,14 @@
 #include "cli/session.hpp"
 #include "commands/deliver.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
+#include "report/output_schemas.hpp"
 
 namespace kelp::app {
 
 struct CheckOptions {
   std::vector<std::string> inputs;
   std::string unknown = "warn";                 ///< what unknown names are: error, warn, ignore
-  std::string format = "human";                 ///< or concise
+  std::string format = "human";                 ///< one of `findings_forms`
   bool strict = false;                          ///< warnings fail, too
   std::vector<input::bdf::SeverityRule> rules;  ///< what becomes of which findings
   std::optional<std::size_t> max_findings;      ///< the most to print
@@ -94,11 +95,14 @@ ExitStatus run_schema_list(const SchemaListOptions& options, Session& session);
 
 struct SchemaLintOptions {
   std::string file;
-  std::string format = "human";
+  std::string format = "human";  ///< one of `findings_forms`
   bool strict = false;
 };
 
 /// Reports what is wrong in a schema.
 ExitStatus run_schema_lint(const SchemaLintOptions& options, Session& session);
+
+/// Prints the JSON Schema of a kind of document.
+ExitStatus run_output_schema(const OutputSchema& schema);
 
 }  // namespace kelp::app

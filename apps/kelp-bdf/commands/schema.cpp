@@ -14,6 +14,7 @@
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/schema_lint.hpp"
 #include "report/findings.hpp"
+#include "report/findings_report.hpp"
 
 namespace kelp::app {
 namespace {
@@ -184,22 +185,32 @@ ExitStatus run_schema_lint(const SchemaLintOptions& options, Session& session) {
   const Source source = source_of(options.file, session.options);
   const SourceText text(read_source(source));
   const std::vector<SchemaProblem> problems = input::bdf::lint_schema(text.text());
-  const ReportForm form = {options.format == "human", use_colour(session.options.colour)};
+  const auto report = make_findings_report(options.format, use_colour(session.options.colour));
+  const auto show = [&](const std::string& words) {
+    if (!session.options.quiet) {
+      (report->is_data() ? print_contents : print)(words);
+    }
+  };
   Totals totals;
   totals.files_checked = 1;
   totals.files_with_findings = problems.empty() ? 0 : 1;
+  show(report->begin());
+  show(report->begin_file(source.name));
   for (const SchemaProblem& problem : problems) {
     const Diagnostic diagnostic = diagnostic_of(problem, text);
     totals.count(diagnostic.severity);
-    if (!session.options.quiet) {
-      print(report_text(diagnostic, text, source.name, form));
-    }
+    const bool fails = options.strict || diagnostic.severity == Severity::Error;
+    show(report->add(report->write({diagnostic, text, source.name, fails})));
   }
-  if (form.human && !session.options.quiet) {
-    print(human_summary(totals));
-  }
+  show(report->end_file());
+  show(report->end(totals));
   const bool failed = totals.errors > 0 || (options.strict && totals.warnings > 0);
   return failed ? ExitStatus::Findings : ExitStatus::Success;
+}
+
+ExitStatus run_output_schema(const OutputSchema& schema) {
+  print(schema.text);
+  return ExitStatus::Success;
 }
 
 }  // namespace kelp::app

@@ -2,42 +2,59 @@
 
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "cli/output.hpp"
 #include "cli/sources.hpp"
+#include "report/json.hpp"
 #include "report/outline.hpp"
 
 namespace kelp::app {
 namespace {
 
-FileOutline outline_of(const Source& source, const input::bdf::InputSchema& schema,
-                       input::bdf::Language language) {
-  const input::bdf::ParsedInput input(read_source(source), schema);
+using input::bdf::ParsedInput;
+
+ParsedInput read_input(const Source& source, Session& session) {
+  ParsedInput input(read_source(source), session.schema());
   if (input.is_empty()) {
     throw std::runtime_error(source.name + ": there is nothing to show: BDF input is empty");
   }
-  return {source.name, input::bdf::outline_of(input, language), input::bdf::calculation_of(input)};
+  return input;
+}
+
+Json schema_json(const input::bdf::InputSchema& schema) {
+  const input::bdf::SchemaMetadata& metadata = schema.metadata();
+  return {{"version", metadata.schema_version}, {"bdf_version", metadata.bdf_version}};
+}
+
+ExitStatus show_as_json(const Sources& sources, Session& session) {
+  JsonList list("inputs");
+  const Json about_all = {{"schema", schema_json(session.schema())}};
+  print(list.begin());
+  const ExitStatus status = for_each_source(sources, [&](const Source& source) {
+    print_contents(
+        list.add(input_json(source.name, read_input(source, session), session.language())));
+    return ExitStatus::Success;
+  });
+  print_contents(list.end(about_all));
+  return status;
 }
 
 }  // namespace
 
 ExitStatus run_show(const ShowOptions& options, Session& session) {
-  const input::bdf::InputSchema& schema = session.schema();
-  std::vector<FileOutline> outlines;
-  const ExitStatus status =
-      for_each_source(expand_sources(options.inputs, session.options), [&](const Source& source) {
-        outlines.push_back(outline_of(source, schema, session.language()));
-        return ExitStatus::Success;
-      });
+  session.schema();
+  const Sources sources = expand_sources(options.inputs, session.options);
   if (options.json) {
-    print_contents(outline_json(outlines));
-    return status;
+    return show_as_json(sources, session);
   }
-  for (const FileOutline& outline : outlines) {
-    print((&outline == &outlines.front() ? "" : "\n") + outline_text(outline));
-  }
-  return status;
+  bool is_first = true;
+  return for_each_source(sources, [&](const Source& source) {
+    const ParsedInput input = read_input(source, session);
+    print((is_first ? "" : "\n") + outline_text({source.name, outline_of(input, session.language()),
+                                                 calculation_of(input)}));
+    is_first = false;
+    return ExitStatus::Success;
+  });
 }
 
 }  // namespace kelp::app

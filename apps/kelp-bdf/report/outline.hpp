@@ -6,6 +6,7 @@
 
 #include "kelp/input/bdf/calculation.hpp"
 #include "kelp/input/bdf/outline.hpp"
+#include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/source.hpp"
 
 namespace kelp::app {
@@ -21,8 +22,9 @@ struct FileOutline {
 /// mean beside them.
 std::string outline_text(const FileOutline& file);
 
-/// Returns the same of files as one JSON document.
-std::string outline_json(const std::vector<FileOutline>& files);
+/// Returns all that is known of an input as JSON, on several lines without a line end.
+std::string input_json(const std::string& file, const input::bdf::ParsedInput& input,
+                       input::bdf::Language language);
 
 /// Returns the lines of an outline that tell what a file computes; none when nothing is known.
 std::vector<std::string> calculation_lines(const input::bdf::Calculation& calculation);

@@ -103,10 +103,10 @@ TEST(Get, JsonTellsWhereEachLineStands) {
   const Json missing = {{"path", "compass.title"}, {"file", "b.inp"}, {"values", nullptr}};
   const Outcome outcome = program.run({"get", "--json", "compass.title", "a.inp", "b.inp"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(Json::parse(outcome.out), Json::array({found, missing}));
-  EXPECT_EQ(
-      Json::parse(program.run({"get", "--json", "compass.primitive", "b.inp"}).out)[0]["values"],
-      Json::array());
+  EXPECT_EQ(Json::parse(outcome.out),
+            Json({{"version", 1}, {"inputs", Json::array({found, missing})}}));
+  const Json flag = Json::parse(program.run({"get", "--json", "compass.primitive", "b.inp"}).out);
+  EXPECT_EQ(flag["inputs"][0]["values"], Json::array());
 }
 
 TEST(Get, NothingFoundIsStatusOneWithAHint) {

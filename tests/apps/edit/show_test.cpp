@@ -174,6 +174,14 @@ TEST(ShowJson, HoldsTheCalculation) {
   })"));
 }
 
+// All that a record says but where it stands.
+json without_ranges(json record) {
+  for (const char* const name : {"range", "name_range", "value_ranges"}) {
+    record.erase(name);
+  }
+  return record;
+}
+
 TEST(ShowJson, HoldsTheOutline) {
   Program program;
   program.write("a.inp", mixed);
@@ -187,21 +195,69 @@ TEST(ShowJson, HoldsTheOutline) {
   EXPECT_EQ(input["file"], "a.inp");
   EXPECT_EQ(input["mode"], "mixed");
   EXPECT_EQ(input["script_name"], "water.sh");
-  EXPECT_EQ(input["header"][1],
+  EXPECT_EQ(without_ranges(input["header"][1]),
             json::parse(R"({"text": "charge=1", "canonical": "charge=1", "category": "charge",
-                            "known": true, "line": 2, "summary": null})"));
-  EXPECT_EQ(input["charge"], json::parse(R"({"value": "1", "path": "easy.charge", "line": 2})"));
-  EXPECT_EQ(input["multiplicity"],
+                            "known": true, "line": 2, "summary": null, "key": "charge",
+                            "value": "1", "method": null, "functional": null, "basis": null})"));
+  EXPECT_EQ(input["header"][0]["functional"], "b3lyp");
+  EXPECT_EQ(input["header"][0]["key"], nullptr);
+  EXPECT_EQ(without_ranges(input["charge"]),
+            json::parse(R"({"value": "1", "path": "easy.charge", "line": 2})"));
+  EXPECT_EQ(without_ranges(input["multiplicity"]),
             json::parse(R"({"value": "2", "path": "scf.spinmulti", "line": 12})"));
-  EXPECT_EQ(input["geometry"], json::parse(R"({"atoms": 3, "formula": "H2O", "line": 4})"));
+  EXPECT_EQ(without_ranges(input["geometry"]),
+            json::parse(R"({"atoms": 3, "formula": "H2O", "line": 4})"));
   ASSERT_EQ(input["modules"].size(), 2U);
   EXPECT_EQ(input["modules"][0]["entries"].size(), 3U);
-  EXPECT_EQ(input["modules"][0]["entries"][2],
+  EXPECT_EQ(without_ranges(input["modules"][0]["entries"][2]),
             json::parse(R"({"name": "nosuch", "path": "scf.nosuch", "kind": "raw", "known": false,
-                            "line": 15, "values": ["1", "2"], "children": [], "summary": null})"));
+                            "line": 15, "values": ["1", "2"], "children": [], "summary": null,
+                            "terminator": null, "terminated": true})"));
   EXPECT_EQ(input["modules"][1]["path"], "scf#2");
   EXPECT_EQ(input["modules"][1]["terminated"], false);
   EXPECT_EQ(input["modules"][1]["entries"][0]["path"], "scf#2.charge");
+}
+
+TEST(ShowJson, RangesLeadToTheText) {
+  Program program;
+  const std::string input =
+      "#! \xC3\xA4\nhf/sto-3g charge = 1\nGeometry\nH 0 0 0\nEnd Geometry\n$scf\n Guess\n  hcore "
+      "#c\n$end\n";
+  const json shown = json::parse(program.run({"show", "--json", "-"}, input).out)["inputs"][0];
+  const auto text_at = [&](const json& range) {
+    const std::size_t begin = range["start"]["byte"];
+    return input.substr(begin, range["end"]["byte"].get<std::size_t>() - begin);
+  };
+  EXPECT_EQ(text_at(shown["header"][1]["range"]), "charge = 1");
+  EXPECT_EQ(text_at(shown["geometry"]["range"]), "Geometry\nH 0 0 0\nEnd Geometry\n");
+  const json& module = shown["modules"][0];
+  EXPECT_EQ(text_at(module["name_range"]), "$scf");
+  EXPECT_EQ(text_at(module["range"]), "$scf\n Guess\n  hcore #c\n$end\n");
+  EXPECT_EQ(text_at(module["entries"][0]["name_range"]), "Guess");
+  EXPECT_EQ(text_at(module["entries"][0]["value_ranges"][0]), "hcore");
+  EXPECT_EQ(text_at(shown["comments"][0]["range"]), "#c");
+}
+
+TEST(ShowJson, HoldsTheMoleculeAndWhatStandsOutsideModules) {
+  Program program;
+  const std::string input =
+      "# first\n$compass\nunit\n bohr\ngeometry\n h1 0 0 1.5\n Q 0 0 -1d0\nend geometry\n$edn\n"
+      "%cp a b # no comment\n* last\n$scf\nrhf # behind\n$end\n";
+  const json shown = json::parse(program.run({"show", "--json", "-"}, input).out)["inputs"][0];
+  EXPECT_EQ(shown["molecule"], json::parse(R"({
+    "unit": "bohr", "unit_is_stated": true,
+    "atoms": [{"label": "h1", "element": "H", "x": 0.0, "y": 0.0, "z": 1.5, "line": 6},
+              {"label": "Q", "element": null, "x": 0.0, "y": 0.0, "z": -1.0, "line": 7}]})"));
+  ASSERT_EQ(shown["misspelt_borders"].size(), 1U);
+  EXPECT_EQ(without_ranges(shown["misspelt_borders"][0]),
+            json::parse(R"({"text": "$edn", "meant": "$end", "line": 9})"));
+  EXPECT_EQ(without_ranges(shown["statements"][0]),
+            json::parse(R"({"kind": "shell", "lines": ["%cp a b # no comment"], "line": 10})"));
+  std::string comments;
+  for (const json& comment : shown["comments"]) {
+    comments += comment["text"].get<std::string>() + '|';
+  }
+  EXPECT_EQ(comments, "# first|* last|# behind|");
 }
 
 TEST(ShowJson, HoldsWhatNamesMean) {
