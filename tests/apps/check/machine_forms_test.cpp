@@ -82,10 +82,12 @@ TEST(JunitForm, FailsWhatMakesTheCommandFail) {
 TEST(JunitForm, HasATestForAFileWithoutFindingsAndAnErrorForOneThatCannotBeRead) {
   const auto report = make_findings_report("junit", false);
   report->begin_file("good");
-  EXPECT_THAT(report->end_file(), HasSubstr("name=\"good\" tests=\"1\" failures=\"0\" errors=\"0\""));
+  EXPECT_THAT(report->end_file(),
+              HasSubstr("name=\"good\" tests=\"1\" failures=\"0\" errors=\"0\""));
   report->begin_file("bad");
   EXPECT_EQ(report->fail("no"), "");
-  EXPECT_THAT(report->end_file(), HasSubstr("name=\"bad\" tests=\"1\" failures=\"0\" errors=\"1\""));
+  EXPECT_THAT(report->end_file(),
+              HasSubstr("name=\"bad\" tests=\"1\" failures=\"0\" errors=\"1\""));
   EXPECT_THAT(report->fail("no folder"), HasSubstr("<testsuite name=\"kelp-bdf\""));
 }
 
@@ -107,9 +109,12 @@ TEST(SarifForm, NamesFilesByUri) {
 
 TEST(SarifForm, HasNoRegionForAFileAsAWhole) {
   Written written;
-  EXPECT_EQ(location_of(sarif_run(written, "a"))["region"],
-            Json({{"startLine", 1}, {"startColumn", 5}, {"endLine", 1}, {"endColumn", 8},
-                  {"byteOffset", 4}, {"byteLength", 3}}));
+  EXPECT_EQ(location_of(sarif_run(written, "a"))["region"], Json({{"startLine", 1},
+                                                                  {"startColumn", 5},
+                                                                  {"endLine", 1},
+                                                                  {"endColumn", 8},
+                                                                  {"byteOffset", 4},
+                                                                  {"byteLength", 3}}));
   written.diagnostic.range.reset();
   EXPECT_FALSE(location_of(sarif_run(written, "a")).contains("region"));
 }
