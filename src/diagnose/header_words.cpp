@@ -99,7 +99,7 @@ class HeaderWordFinder {
         input_(context.input),
         schema_(input_.schema()),
         tokens_(input_.data().easy_tokens),
-        unknown_(options.unknown),
+        options_(options),
         use_(use) {}
 
   void run() {
@@ -151,7 +151,7 @@ class HeaderWordFinder {
   Diagnostic begin_unknown(std::size_t token, std::string_view code, std::string_view thing,
                            std::string_view name) const {
     Diagnostic diagnostic = begin(token, code, message(thing, name), name);
-    if (unknown_ == UnknownNames::Error) {
+    if (options_.unknown == UnknownNames::Error) {
       diagnostic.severity = Severity::Error;
     }
     return diagnostic;
@@ -163,16 +163,16 @@ class HeaderWordFinder {
 
   void look_at(std::size_t token) {
     if (tokens_[token].category == "method_spec") {
-      if (unknown_ != UnknownNames::Ignore) {
+      if (options_.unknown != UnknownNames::Ignore) {
         look_at_specification(token);
       }
     } else if (tokens_[token].category == "unknown") {
-      if (unknown_ != UnknownNames::Ignore) {
+      if (options_.unknown != UnknownNames::Ignore) {
         look_at_unknown(token);
       }
     } else {
       look_for_repetition(token);
-      if (unknown_ != UnknownNames::Ignore && is_functional_keyword(token)) {
+      if (options_.unknown != UnknownNames::Ignore && is_functional_keyword(token)) {
         look_at_functional(token, input_.token_ranges(token).value);
       }
     }
@@ -189,8 +189,8 @@ class HeaderWordFinder {
       look_at_method(token, ranges.method);
     } else if (!ranges.functional.empty()) {
       // Of two parts, the first may also be a method.
-      if (report_likely(token, ranges.functional, "header.unknown_method", "method",
-                        {"method", "methods"}, context_.names().methods())) {
+      if (report_likely(token, ranges.functional, "header.unknown_method", {"method", "methods"},
+                        likely_methods(written(ranges.functional), context_))) {
         look_at_basis(token, ranges.basis);
         return;
       }
@@ -213,13 +213,13 @@ class HeaderWordFinder {
   }
 
   void look_at_functional(std::size_t token, const TextRange& range) {
-    report_likely(token, range, "header.unknown_functional", "functional",
-                  {"functional", "functionals"}, context_.names().functionals());
+    report_likely(token, range, "header.unknown_functional", {"functional", "functionals"},
+                  likely_functionals(written(range), context_));
   }
 
   void look_at_basis(std::size_t token, const TextRange& range) {
-    report_likely(token, range, "header.unknown_basis", "basis set", {"basis set", "basis sets"},
-                  context_.names().basis_sets());
+    report_likely(token, range, "header.unknown_basis", {"basis set", "basis sets"},
+                  likely_basis_sets(written(range), context_, options_));
   }
 
   static std::string message(std::string_view thing, std::string_view name) {
@@ -228,16 +228,14 @@ class HeaderWordFinder {
   }
 
   bool report_likely(std::size_t token, const TextRange& range, const char* code,
-                     std::string_view thing, const NamedThing& things,
-                     const std::vector<std::string>& listed) {
-    const std::string name = written(range);
-    std::vector<std::string> likely = likely_names(name, listed);
+                     const NamedThing& things, std::vector<std::string> likely) {
     if (likely.empty()) {
       return false;
     }
-    Diagnostic diagnostic = begin(token, code, message(thing, name), name);
+    const std::string name = written(range);
+    Diagnostic diagnostic = begin(token, code, message(things.one, name), name);
     diagnostic.range = range;
-    diagnostic.label = "not a " + std::string(thing) + " that is listed";
+    diagnostic.label = "not a " + std::string(things.one) + " that is listed";
     offer_names(diagnostic, std::move(likely), things, range, false);
     use_(diagnostic);
     return true;
@@ -342,7 +340,7 @@ class HeaderWordFinder {
   const ParsedInput& input_;
   const InputSchema& schema_;
   const std::vector<EasyToken>& tokens_;
-  UnknownNames unknown_;
+  const DiagnoseOptions& options_;
   const DiagnosticSink& use_;
   std::map<std::string, std::size_t> first_of_;  ///< token that bears a keyword first
 };

@@ -19,8 +19,9 @@ namespace {
 
 class ModuleNameFinder {
  public:
-  ModuleNameFinder(DiagnoseContext& context, const DiagnosticSink& use)
-      : context_(context), input_(context.input), use_(use) {}
+  ModuleNameFinder(DiagnoseContext& context, const DiagnoseOptions& options,
+                   const DiagnosticSink& use)
+      : context_(context), input_(context.input), options_(options), use_(use) {}
 
   void look_at(const ModuleEntry& entry, const RecordId& record, ListedNames holds) const {
     bool is_inline = false;
@@ -58,8 +59,8 @@ class ModuleNameFinder {
       return;
     }
     const std::string thing = is_functional ? "functional" : "basis set";
-    std::vector<std::string> likely = likely_names(
-        name, is_functional ? context_.names().functionals() : context_.names().basis_sets());
+    std::vector<std::string> likely = is_functional ? likely_functionals(name, context_)
+                                                    : likely_basis_sets(name, context_, options_);
     if (likely.empty()) {
       return;
     }
@@ -78,6 +79,7 @@ class ModuleNameFinder {
 
   DiagnoseContext& context_;
   const ParsedInput& input_;
+  const DiagnoseOptions& options_;
   const DiagnosticSink& use_;
 };
 
@@ -88,7 +90,7 @@ void find_module_names(DiagnoseContext& context, const DiagnoseOptions& options,
   if (options.unknown == UnknownNames::Ignore) {
     return;
   }
-  const ModuleNameFinder finder(context, use);
+  const ModuleNameFinder finder(context, options, use);
   const std::vector<Module>& modules = context.input.data().modules;
   for (std::size_t i = 0; i < modules.size(); ++i) {
     for (std::size_t k = 0; k < modules[i].entries.size(); ++k) {

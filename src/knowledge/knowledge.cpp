@@ -121,6 +121,14 @@ std::vector<std::string> Knowledge::basis_set_names() const {
   return impl_->basis_order;
 }
 
+const std::vector<std::string>& Knowledge::functionals_elsewhere() const {
+  return impl_->functionals_elsewhere;
+}
+
+const std::vector<std::string>& Knowledge::basis_sets_elsewhere() const {
+  return impl_->basis_sets_elsewhere;
+}
+
 std::vector<std::string> Knowledge::irreps_of(std::string_view group) const {
   const std::string name = finite_group(group);
   if (const auto* const listed = find_in(impl_->point_groups, name)) {

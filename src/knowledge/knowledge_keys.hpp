@@ -8,14 +8,16 @@ namespace kelp::input::bdf {
 // The keys and words of a knowledge document, for the reader, which passes over others, and for the
 // linter, which reports them.
 
-inline constexpr std::array<std::string_view, 11> knowledge_keys = {
-    "program",         "schema_kind",  "metadata",     "covalent_radii",
-    "basis_sets",      "point_groups", "axial_groups", "functional_classes",
-    "functional_uses", "solvents",     "modules"};
+inline constexpr std::array<std::string_view, 12> knowledge_keys = {
+    "program",   "schema_kind",  "metadata",     "covalent_radii",     "basis_sets",
+    "elsewhere", "point_groups", "axial_groups", "functional_classes", "functional_uses",
+    "solvents",  "modules"};
 
 inline constexpr std::array<std::string_view, 8> basis_set_keys = {
     "names", "elements",   "kind",       "all_electron",
     "core",  "spin_orbit", "relativity", "finite_nucleus"};
+
+inline constexpr std::array<std::string_view, 2> elsewhere_keys = {"functionals", "basis_sets"};
 
 inline constexpr std::array<std::string_view, 2> axial_group_keys = {"odd", "even"};
 

@@ -35,6 +35,7 @@ class KnowledgeReader {
       const Fields fields(root, knowledge_keys, budget_);
       read_radii(fields["covalent_radii"]);
       read_basis_sets(fields["basis_sets"]);
+      read_elsewhere(fields["elsewhere"]);
       for_each_name(fields["point_groups"], budget_,
                     [&](const std::string& name, const YAML::Node& node) {
                       impl_->point_groups.insert_or_assign(name, text_list(node, budget_));
@@ -66,6 +67,14 @@ class KnowledgeReader {
       if (item.IsMap()) {
         read_basis_set(item);
       }
+    }
+  }
+
+  void read_elsewhere(const YAML::Node& node) {
+    if (node.IsMap()) {
+      const Fields fields(node, elsewhere_keys, budget_);
+      impl_->functionals_elsewhere = text_list(fields["functionals"], budget_);
+      impl_->basis_sets_elsewhere = text_list(fields["basis_sets"], budget_);
     }
   }
 

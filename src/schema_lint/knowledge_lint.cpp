@@ -19,13 +19,14 @@
 namespace kelp::input::bdf::lint {
 namespace {
 
-constexpr std::array<KeyRule, 12> knowledge_rules = {{
+constexpr std::array<KeyRule, 13> knowledge_rules = {{
     {"schema_version", Form::Integer},
     {"program", Form::Text},
     {"schema_kind", Form::Text},
     {"metadata", Form::Map},
     {"covalent_radii", Form::Map},
     {"basis_sets", Form::NameList},
+    {"elsewhere", Form::Map},
     {"point_groups", Form::Map},
     {"axial_groups", Form::Map},
     {"functional_classes", Form::Map},
@@ -43,6 +44,10 @@ constexpr std::array<KeyRule, 8> basis_set_rules = {{
     {"relativity", Form::Text},
     {"finite_nucleus", Form::Bool},
 }};
+constexpr std::array<KeyRule, 2> elsewhere_rules = {{
+    {"functionals", Form::TextList},
+    {"basis_sets", Form::TextList},
+}};
 constexpr std::array<KeyRule, 2> axial_group_rules = {{
     {"odd", Form::TextList},
     {"even", Form::TextList},
@@ -59,6 +64,7 @@ constexpr std::array<KeyRule, 3> module_facts_rules = {{
 
 static_assert(knowledge_rules.size() == knowledge_keys.size() + 1 &&
                   basis_set_rules.size() == basis_set_keys.size() &&
+                  elsewhere_rules.size() == elsewhere_keys.size() &&
                   axial_group_rules.size() == axial_group_keys.size() &&
                   functional_use_rules.size() == functional_use_keys.size() &&
                   module_facts_rules.size() == module_facts_keys.size(),
@@ -88,6 +94,9 @@ class KnowledgeLinter {
       form_.check(value, Form::Number, "a radius");
     });
     check_basis_sets(root["basis_sets"]);
+    if (root["elsewhere"]) {
+      form_.check_map(root["elsewhere"], elsewhere_rules, "names known elsewhere");
+    }
     for_each(root["point_groups"], [&](const YAML::Node&, const YAML::Node& value) {
       form_.check(value, Form::TextList, "a point group");
     });

@@ -79,6 +79,20 @@ std::vector<std::string> misspellings_of(const std::string& word) {
   return all;
 }
 
+std::vector<std::string> strokes_of(const std::string& word) {
+  std::vector<std::string> all;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    const std::string before = word.substr(0, i);
+    const std::string behind = word.substr(i + 1);
+    all.push_back(before + behind);
+    all.push_back(before + word[i] + word[i] + behind);
+    if (!behind.empty() && behind[0] != word[i]) {
+      all.push_back(before + behind[0] + word[i] + behind.substr(1));
+    }
+  }
+  return all;
+}
+
 std::vector<Fault> faults_of(std::string_view text) {
   FaultWriter writer(text);
   break_modules(writer);

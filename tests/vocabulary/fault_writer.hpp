@@ -44,6 +44,9 @@ std::string misspelt(std::string word);
 /// dropped, or written twice.
 std::vector<std::string> misspellings_of(const std::string& word);
 
+/// Returns a word with each of its letters dropped, written twice, swapped with the next.
+std::vector<std::string> strokes_of(const std::string& word);
+
 /// Makes the mistakes in modules, their entries and values.
 void break_modules(FaultWriter& writer);
 /// Makes the mistakes in names: words of the header, functionals, basis sets.

@@ -41,6 +41,8 @@ inline constexpr FaultKind fault_kinds[] = {
     {"misspelt basis set", true},
     {"misspelt functional of a module", true},
     {"misspelt basis set of a module", true},
+    {"wrong stroke in a functional", true},
+    {"wrong stroke in a basis set", true},
     {"atom: decimal comma", true},
     {"atom: typographic minus", true},
     {"atom: letter for zero", true},

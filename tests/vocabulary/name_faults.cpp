@@ -53,23 +53,40 @@ class NameBreaker {
   // What is listed only: of a file of the user's own, nobody can tell.
   void misspell(std::string_view kind, const TextRange& range, const IsKnown& is_known) {
     const std::string name = writer_.text_of(range);
-    if (name.empty() || !is_known(name)) {
-      return;
+    if (!name.empty() && is_known(name)) {
+      replace_by(kind, range, misspellings_of(name), is_known);
     }
-    for (const std::string& wrong : misspellings_of(name)) {
-      if (!is_known(wrong)) {
-        writer_.replace(kind, range, wrong);
+  }
+
+  // In a list of names that are alike, it matters which stroke is wrong.
+  void try_strokes(std::string_view kind, const TextRange& range, const IsKnown& is_known) {
+    const std::string name = writer_.text_of(range);
+    if (!name.empty() && is_known(name)) {
+      replace_by(kind, range, strokes_of(name), is_known);
+    }
+  }
+
+  void replace_by(std::string_view kind, const TextRange& range,
+                  const std::vector<std::string>& wrong, const IsKnown& is_known) {
+    for (const std::string& text : wrong) {
+      if (!is_known(text)) {
+        writer_.replace(kind, range, text);
       }
     }
   }
 
   void break_functional(std::string_view kind, const TextRange& range) {
-    misspell(kind, range,
-             [this](const std::string& name) { return schema_.is_known_functional(name); });
+    const auto is_known = [this](const std::string& name) {
+      return schema_.is_known_functional(name);
+    };
+    misspell(kind, range, is_known);
+    try_strokes("wrong stroke in a functional", range, is_known);
   }
 
   void break_basis(std::string_view kind, const TextRange& range) {
-    misspell(kind, range, [this](const std::string& name) { return schema_.is_known_basis(name); });
+    const auto is_known = [this](const std::string& name) { return schema_.is_known_basis(name); };
+    misspell(kind, range, is_known);
+    try_strokes("wrong stroke in a basis set", range, is_known);
   }
 
   void break_specification(std::size_t token) {
