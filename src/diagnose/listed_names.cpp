@@ -199,6 +199,22 @@ std::vector<std::string> likely_names(std::string_view name,
   return likely;
 }
 
+// What other programs write with a functional: `ub3lyp`, `b3lyp-d3`. Here the reference is a
+// method, the dispersion a keyword.
+std::string_view undecorated(std::string_view name, const std::vector<std::string>& listed) {
+  for (const std::string_view prefix : {"ro", "r", "u"}) {
+    if (name.starts_with(prefix) && is_among(name.substr(prefix.size()), listed)) {
+      return name.substr(prefix.size());
+    }
+  }
+  for (const std::string_view suffix : {"-d", "-d2", "-d3", "-d3bj", "-d3(bj)", "-d4"}) {
+    if (name.ends_with(suffix) && is_among(name.substr(0, name.size() - suffix.size()), listed)) {
+      return name.substr(0, name.size() - suffix.size());
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 // Where a method may stand, a functional may, too.
@@ -214,6 +230,10 @@ std::vector<std::string> likely_functionals(std::string_view name, DiagnoseConte
   const std::vector<std::string>& listed = context.names().functionals();
   if (is_among(name, listed) || is_among(name, default_knowledge().functionals_elsewhere())) {
     return {};
+  }
+  const std::string lower = core::text::to_lower(name);
+  if (const std::string_view base = undecorated(lower, listed); !base.empty()) {
+    return {std::string(base)};
   }
   return likely_names(name, listed);
 }

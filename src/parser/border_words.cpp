@@ -4,6 +4,7 @@
 
 #include "kelp/core/spelling.hpp"
 #include "kelp/core/text.hpp"
+#include "source/lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -40,9 +41,28 @@ std::optional<std::string_view> behind_wide_dollar(std::string_view line) {
   return std::nullopt;
 }
 
+bool is_header_behind_wide_dollar(std::string_view line, const InputSchema& schema) {
+  const auto word = behind_wide_dollar(line);
+  return word && schema.is_known_module(*word);
+}
+
+bool says_nothing(std::string_view line) {
+  return is_blank(line) || is_remark(line);
+}
+
 bool is_near_module_end(std::string_view line) {
+  constexpr std::string_view end = "$end";
+  std::string_view rest = line;
+  if (core::text::equals_ignoring_case(core::text::take_word(rest), end)) {
+    return true;
+  }
   const std::string letters = letters_of(line);
   return letters.starts_with('$') && is_near_end_word(std::string_view(letters).substr(1));
+}
+
+bool is_terminator_behind_dollar(std::string_view line, std::string_view terminator) {
+  const std::string written = letters_of(line);
+  return written.starts_with('$') && written.substr(1) == letters_of(terminator);
 }
 
 bool is_end_without_dollar(std::string_view line) {

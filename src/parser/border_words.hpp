@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "kelp/input/bdf/schema.hpp"
+
 namespace kelp::input::bdf {
 
 // What a misspelt border looks like. Each looks at the line without the white space around it and
@@ -13,8 +15,17 @@ namespace kelp::input::bdf {
 /// for any other line.
 std::optional<std::string_view> behind_wide_dollar(std::string_view line);
 
-/// `$edn`, `$ end`: a dollar, and all but the word.
+/// Tells whether such a sign stands before the name of a module.
+bool is_header_behind_wide_dollar(std::string_view line, const InputSchema& schema);
+
+/// A blank line, or a comment.
+bool says_nothing(std::string_view line);
+
+/// `$edn`, `$ end`, `$end scf`: a dollar, and all but the word, or more than it.
 bool is_near_module_end(std::string_view line);
+
+/// `$end geometry`: a terminator behind a dollar.
+bool is_terminator_behind_dollar(std::string_view line, std::string_view terminator);
 
 /// `end`, `4end`, `end$`: the word, but for its dollar.
 bool is_end_without_dollar(std::string_view line);

@@ -129,7 +129,7 @@ TEST(HeaderWords, OtherFunctionalsAreNotTakenForSlips) {
         "rscan",    "r2scan0", "r4scan",    "svwn3",     "lda",
         "kt1",      "kt3",     "bhandhlyp", "b2gpplyp",  "pwpb95",
         "dsdblyp",  "lc-wpbe", "optb88",    "gga_x_pbe", "hyb_gga_xc_b3lyp",
-        "camqtp00", "pbe0-d3", "tpsslyp",   "xlyp",      "glyp",
+        "camqtp00", "b97-d3",  "tpsslyp",   "xlyp",      "glyp",
         "pw86",     "bmk",     "thcth"}) {
     EXPECT_THAT(texts_of(with_header(std::string(name) + "/sto-3g")), testing::IsEmpty()) << name;
   }
@@ -214,6 +214,35 @@ TEST(HeaderWords, EndWhereTheGeometryBegins) {
                 testing::ElementsAre("bdf.missing_geometry"))
         << text;
   }
+}
+
+// What other programs write before and behind the name of a functional.
+TEST(HeaderWords, FunctionalsAreTakenForNoneWithPrefixOrSuffix) {
+  for (const auto& [name, meant] :
+       std::vector<std::pair<std::string, std::string>>{{"UB3LYP", "b3lyp"},
+                                                        {"rohf/RPBE0", ""},
+                                                        {"ROPBE0", "pbe0"},
+                                                        {"B3LYP-D3", "b3lyp"},
+                                                        {"cam-b3lyp-d3(bj)", "cam-b3lyp"},
+                                                        {"rpbe", ""},
+                                                        {"wb97x-d3", ""}}) {
+    const auto found = diagnose(with_header(name + "/sto-3g"), {UnknownNames::Warn, {}, false});
+    if (meant.empty()) {
+      EXPECT_THAT(codes_of(found), testing::Not(testing::Contains("header.unknown_functional")));
+      continue;
+    }
+    ASSERT_THAT(codes_of(found), testing::ElementsAre("header.unknown_functional")) << name;
+    EXPECT_THAT(found[0].suggestions, testing::ElementsAre(meant)) << name;
+  }
+}
+
+TEST(HeaderWords, NamesOfBasisFilesBesideTheInputAreNoSlips) {
+  const ParsedInput input = with_header("hf/def2-svo");
+  DiagnoseOptions options;
+  options.advice = false;
+  EXPECT_THAT(codes_of(diagnose(input, options)), testing::ElementsAre("header.unknown_basis"));
+  options.folder = InputFolder{"a", [](std::string_view name) { return name == "def2-svo"; }};
+  EXPECT_THAT(diagnose(input, options), testing::IsEmpty());
 }
 
 struct Mended {
