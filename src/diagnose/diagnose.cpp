@@ -10,6 +10,7 @@
 #include "diagnose/finders.hpp"
 #include "diagnose/frame_faults.hpp"
 #include "diagnose/in_order.hpp"
+#include "diagnose/missing_lines.hpp"
 #include "diagnose/offers.hpp"
 #include "diagnose/outside_lines.hpp"
 #include "kelp/core/unicode.hpp"
@@ -50,6 +51,11 @@ bool is_about_comment(const Fault& fault, const ParsedInput& input) {
 
 bool is_about_missing_header(const Fault& fault) {
   return fault.id == IssueId::MissingMethod || fault.id == IssueId::MissingGeometry;
+}
+
+// Of a calculation nothing is certain whose modules or blocks are not those that were meant.
+bool hides_parts(std::string_view code) {
+  return code == "frame.stray_end" || code == "bdf.unterminated_entry_block";
 }
 
 Diagnostic empty_input() {
@@ -148,17 +154,25 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     use(empty_input());
     return;
   }
-  const auto start = find_strange_start(input);
+  DiagnoseContext context(input);
+  const MissingLines missing(context);
+  const auto start = missing.empty() ? find_strange_start(input) : std::nullopt;
   if (start && start->is_all) {
     use(start->diagnostic);
     return;
   }
-  DiagnoseContext context(input);
   InOrder in_order(use);
   if (start) {
     in_order.add(start->diagnostic);
   }
-  const auto add = [&](const Diagnostic& found) { in_order.add(found); };
+  missing.tell([&](const Diagnostic& found) { in_order.add(found); });
+  bool is_certain = missing.empty();
+  const auto add = [&](const Diagnostic& found) {
+    if (!missing.cover(found)) {
+      is_certain = is_certain && !hides_parts(found.code);
+      in_order.add(found);
+    }
+  };
   tell_misspelt_borders(context, add);
   tell_stray_lines(input, add);
   tell_settings(input, add);
@@ -169,7 +183,7 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     if (!is_told && !is_about_comment(fault, input)) {
       Draft draft(fault, context);
       complete(draft);
-      in_order.add(std::move(draft.diagnostic));
+      add(draft.diagnostic);
     }
   });
   if (!start) {
@@ -177,7 +191,7 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
   }
   find_module_names(context, options, add);
   find_atom_lines(context, add);
-  if (options.advice) {
+  if (options.advice && is_certain) {
     advise(input, options.folder ? &*options.folder : nullptr, add);
   }
   in_order.finish();

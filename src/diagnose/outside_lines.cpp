@@ -16,20 +16,8 @@
 namespace kelp::input::bdf {
 namespace {
 
-std::size_t line_of(const Statement& statement) {
-  return statement.location ? static_cast<std::size_t>(statement.location->line) : 0;
-}
-
 constexpr std::string_view setting_begin = "Module Setting";
 constexpr std::string_view setting_end = "End Setting";
-
-/// What a line outside modules that is no shell line, database or comment says.
-enum class Outside { Nothing, ModuleEnd, SettingBegin, SettingEnd, Elided, Stray };
-
-struct OutsideLine {
-  Outside what = Outside::Nothing;
-  bool is_misspelt = false;
-};
 
 bool is_near_word(std::string_view word, std::string_view wanted) {
   return core::spelling::slips_if_near(word, wanted).has_value();
@@ -56,27 +44,6 @@ bool says_setting(std::string_view text, std::string_view wanted) {
   std::string_view wanted_rest = wanted;
   return is_same_line(core::text::take_word(rest), core::text::take_word(wanted_rest)) &&
          is_same_line(core::text::take_word(rest), wanted_rest);
-}
-
-OutsideLine outside_of(const Statement& statement) {
-  if (statement.kind != StatementKind::Raw) {
-    return {};
-  }
-  const std::string_view text = core::text::trim_view(without_comment(statement.lines.front()));
-  if (is_blank(text)) {
-    return {};
-  }
-  if (is_module_end(text)) {
-    return {Outside::ModuleEnd};
-  }
-  if (says_setting(text, setting_begin) || says_setting(text, setting_end)) {
-    return {says_setting(text, setting_end) ? Outside::SettingEnd : Outside::SettingBegin};
-  }
-  if (is_near_setting(text, setting_begin) || is_near_setting(text, setting_end)) {
-    return {is_near_setting(text, setting_end) ? Outside::SettingEnd : Outside::SettingBegin, true};
-  }
-  const bool is_elided = GeometryReader(false).kind_of(text) == GeometryLineKind::Elided;
-  return {is_elided ? Outside::Elided : Outside::Stray};
 }
 
 Diagnostic misspelt_setting(const ParsedInput& input, std::size_t line, std::string_view meant) {
@@ -121,6 +88,31 @@ Diagnostic stray_lines_outside(const ParsedInput& input, std::size_t line) {
 }
 
 }  // namespace
+
+std::size_t line_of(const Statement& statement) {
+  return statement.location ? static_cast<std::size_t>(statement.location->line) : 0;
+}
+
+OutsideLine outside_of(const Statement& statement) {
+  if (statement.kind != StatementKind::Raw) {
+    return {};
+  }
+  const std::string_view text = core::text::trim_view(without_comment(statement.lines.front()));
+  if (is_blank(text)) {
+    return {};
+  }
+  if (is_module_end(text)) {
+    return {Outside::ModuleEnd};
+  }
+  if (says_setting(text, setting_begin) || says_setting(text, setting_end)) {
+    return {says_setting(text, setting_end) ? Outside::SettingEnd : Outside::SettingBegin};
+  }
+  if (is_near_setting(text, setting_begin) || is_near_setting(text, setting_end)) {
+    return {is_near_setting(text, setting_end) ? Outside::SettingEnd : Outside::SettingBegin, true};
+  }
+  const bool is_elided = GeometryReader(false).kind_of(text) == GeometryLineKind::Elided;
+  return {is_elided ? Outside::Elided : Outside::Stray};
+}
 
 void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink) {
   bool is_told = false;

@@ -52,6 +52,18 @@ constexpr auto texts = std::to_array<FindingText>({
      "A title, output or a command was left in the file, or a module was ended too early.",
      "Remove the lines, begin them with '#', or move them into their module.",
      "water in vacuum\n$scf\nrhf\n$end\n", "# water in vacuum\n$scf\nrhf\n$end\n", error},
+    {"frame.missing_header",
+     "Lines stand in no module, and an '$end' follows them: they are those of a module whose "
+     "header "
+     "is not there.",
+     "The header was deleted by mistake, or an '$end' before the lines is too much.",
+     "Write the header.", "rhf\ncharge\n  1\n$end\n", "$scf\nrhf\ncharge\n  1\n$end\n", error},
+    {"frame.missing_opening",
+     "Atoms and the line that ends a geometry stand there, but no line that opens it.",
+     "The line was deleted by mistake, or never written.",
+     "Write 'geometry' before the first atom.",
+     "$compass\nbasis\n  sto-3g\n  Ne 0 0 0\nend geometry\n$end\n",
+     "$compass\nbasis\n  sto-3g\ngeometry\n  Ne 0 0 0\nend geometry\n$end\n", error},
     {"frame.no_input", "The text has neither a header nor a module.",
      "An input of another program was given.",
      "Give an input of BDF: a header with method and geometry, or modules.", "%chk=a\nhello\n",
