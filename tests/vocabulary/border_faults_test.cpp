@@ -97,7 +97,8 @@ class MistakeMaker {
         return break_terminator(number);
       case LineRole::GeometryStart:
         write("misspelt geometry", number, "Gemoetry");
-        return write("misspelt geometry", number, "Geom");
+        write("misspelt geometry", number, "Geom");
+        return drop("dropped geometry", number);
       case LineRole::ModuleHeader:
         return break_header(number, module->name);
       case LineRole::Keyword:
@@ -128,6 +129,7 @@ class MistakeMaker {
       write("misspelt module", number, "$" + wrong);
     }
     write("missing dollar", number, name);
+    drop("dropped module header", number);
     write("wide dollar", number, "\xEF\xBC\x84" + name);
   }
 
@@ -142,6 +144,9 @@ class MistakeMaker {
     const auto range = input_.keyword_range(record);
     lines[number - 1].replace(range.begin - input_.source().line_range(number).begin, range.size(),
                               wrong);
+    if (module.name == "compass" && core::text::equals_ignoring_case(word, "geometry")) {
+      drop("dropped geometry", number);
+    }
     const bool is_behind_lines = follows_lines(record);
     mistakes_.push_back({is_behind_lines ? "keyword behind lines" : "misspelt keyword", number,
                          false, text_of(lines)});
@@ -190,14 +195,21 @@ bool is_on_line(const Mistake& mistake, std::size_t line) {
   if (line == mistake.line) {
     return true;
   }
-  // Blank lines and comments may stand before the line that was dropped.
+  // Blank lines and comments may stand before and behind the line that was dropped.
   const std::vector<std::string> lines = lines_of(mistake.text);
+  const auto says_nothing = [&](std::size_t number) {
+    const std::string_view text = core::text::trim_view(lines[number - 1]);
+    return text.empty() || text.front() == '#';
+  };
   std::size_t before = mistake.line - 1;
-  while (before > 1 && (core::text::trim_view(lines[before - 1]).empty() ||
-                        core::text::trim_view(lines[before - 1]).front() == '#')) {
+  while (before > 1 && says_nothing(before)) {
     --before;
   }
-  return line == before;
+  std::size_t behind = mistake.line;
+  while (behind < lines.size() && says_nothing(behind)) {
+    ++behind;
+  }
+  return line == before || line == behind;
 }
 
 void count(const CorpusInput& input, std::map<std::string, Tally>& tallies) {
@@ -211,9 +223,9 @@ void count(const CorpusInput& input, std::map<std::string, Tally>& tallies) {
     tally.on_line += is_on ? 1 : 0;
     tally.findings += static_cast<int>(fresh.size());
     if (!is_on || fresh.size() > 1) {
+      const std::vector<std::string> lines = lines_of(input.text);
       std::string text =
-          input.name + ":" + std::to_string(mistake.line) + " '" +
-          lines_of(mistake.text)[mistake.is_dropped ? mistake.line - 2 : mistake.line - 1] + "'";
+          input.name + ":" + std::to_string(mistake.line) + " '" + lines[mistake.line - 1] + "'";
       for (const Found& found : fresh) {
         text += "\n        " + std::to_string(found.line) + ": " + found.message;
       }
