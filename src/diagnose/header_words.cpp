@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "diagnose/finders.hpp"
-#include "diagnose/listed_names.hpp"
+#include "diagnose/likely_names.hpp"
 #include "diagnose/offers.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"

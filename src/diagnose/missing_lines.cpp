@@ -31,6 +31,11 @@ bool has_entry(const Module& module, std::string_view name) {
                      [&](const ModuleEntry& entry) { return entry.name == name; });
 }
 
+bool is_silent(const Statement& statement) {
+  return statement.kind == StatementKind::Comment ||
+         (statement.kind == StatementKind::Raw && outside_of(statement).what == Outside::Nothing);
+}
+
 }  // namespace
 
 MissingLines::MissingLines(DiagnoseContext& context) : context_(context), input_(context.input) {
@@ -47,12 +52,15 @@ void MissingLines::tell(const DiagnosticSink& sink) const {
 }
 
 bool MissingLines::cover(const Diagnostic& diagnostic) const {
-  const bool is_about_header =
-      diagnostic.code == "bdf.missing_method" || (diagnostic.code == "bdf.missing_geometry");
-  if (is_about_header) {
-    return lacks_first_header_ || (lacks_opening_ && diagnostic.code == "bdf.missing_geometry");
+  if (diagnostic.code == "bdf.missing_method") {
+    return lacks_first_header_;
   }
-  if (spans_.empty() || !diagnostic.range) {
+  if (diagnostic.code == "bdf.missing_geometry") {
+    return lacks_first_header_ || lacks_opening_;
+  }
+  const bool is_other_border =
+      diagnostic.code.starts_with("frame.") && !diagnostic.code.starts_with("frame.stray");
+  if (is_other_border || spans_.empty() || !diagnostic.range) {
     return false;
   }
   // A value may have taken the lines along.
@@ -106,8 +114,7 @@ void MissingLines::find_headers() {
     }
     if (what == Outside::Stray && first == 0) {
       first = line_of(statement);
-    } else if (what != Outside::Stray &&
-               (what != Outside::Nothing || statement.kind != StatementKind::Raw)) {
+    } else if (what != Outside::Stray && !is_silent(statement)) {
       first = 0;
       is_header = false;
     }

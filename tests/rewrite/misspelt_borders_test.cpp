@@ -119,8 +119,10 @@ std::string thrown_together(std::mt19937& random) {
   return text;
 }
 
+// Of a line that is there.
 bool is_of_frame(const Diagnostic& diagnostic) {
-  return diagnostic.code.starts_with("frame.") && !diagnostic.fixes.empty();
+  return diagnostic.code.starts_with("frame.") && !diagnostic.fixes.empty() &&
+         diagnostic.code != "frame.missing_header" && diagnostic.code != "frame.missing_opening";
 }
 
 // The line of each misspelt border.

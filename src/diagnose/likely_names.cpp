@@ -4,7 +4,7 @@
 // of a family differ: by a plus or a star, by what stands in parentheses, by a digit or a letter
 // for the size where the family has several, by a letter at either end that no finger slips to.
 
-#include "diagnose/listed_names.hpp"
+#include "diagnose/likely_names.hpp"
 
 #include <algorithm>
 #include <cstddef>
