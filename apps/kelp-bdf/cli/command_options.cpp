@@ -19,6 +19,8 @@ namespace {
 
 using input::bdf::SeverityAction;
 
+constexpr int most_jobs = 1024;
+
 /// Makes a command the one to run when it was named.
 template <typename Options>
 void run_when_named(CLI::App& command, Session& session, std::shared_ptr<Options> options,
@@ -145,6 +147,11 @@ void add_check(CLI::App& app, Session& session) {
       ->add_option("--max-findings", options->max_findings,
                    "Print no more than these, and count all")
       ->check(complaint_about_count)
+      ->type_name("N")
+      ->take_last();
+  command
+      ->add_option("-j,--jobs", options->jobs, "Check so many files at once; else as many as cores")
+      ->check(CLI::Range(1, most_jobs))
       ->type_name("N")
       ->take_last();
   add_severities(*command, options);

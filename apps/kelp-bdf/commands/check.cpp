@@ -8,9 +8,12 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "cli/in_order.hpp"
 #include "cli/output.hpp"
+#include "cli/progress.hpp"
 #include "cli/sources.hpp"
 #include "commands/fixes.hpp"
 #include "kelp/core/fs.hpp"
@@ -69,46 +72,58 @@ std::string list_of_codes() {
   return list;
 }
 
-/// One run of the command.
+/// One run of the command. Inputs are read and diagnosed in any thread; what is told of them is
+/// counted and printed in one, in their order.
 class Check {
  public:
   Check(const CheckOptions& options, Session& session)
       : options_(options),
         session_(session),
+        schema_(session.schema()),
         wanted_(diagnose_options(options)),
-        report_(make_findings_report(options.format, use_colour(session.options.colour))) {}
+        report_(make_findings_report(options.format, use_colour(session.options.colour))),
+        sources_(expand_sources(options.inputs, session.options)),
+        progress_(sources_.list.size(), !session.options.quiet) {}
 
   ExitStatus run() {
-    session_.schema();
     show(report_->begin());
-    const Sources sources = expand_sources(options_.inputs, session_.options);
-    for (const std::string& error : sources.errors) {
+    for (const std::string& error : sources_.errors) {
       fail(error);
     }
-    for (const Source& source : sources.list) {
-      if (output_ended()) {
-        break;
-      }
-      check(source);
-    }
-    show(report_->end(totals_));
-    if (reports() && !report_->tells_what_is_not_shown() && totals_.not_shown > 0) {
-      complain(fmt::format("... and {} more", totals_.not_shown));
-    }
+    OrderedWork works;
+    works.count = sources_.list.size();
+    works.jobs = jobs();
+    works.work = [this](std::size_t index, Teller& teller) {
+      check(sources_.list[index], teller);
+      teller.tell([this] { progress_.advance(); });
+    };
+    works.has_ended = output_ended;
+    works.while_waiting = [this] { progress_.show(); };
+    do_in_order(works);
+    progress_.clear();
+    print_end();
     return status_;
   }
 
  private:
+  // One fix may lead to another one in the same file, which may be named twice.
+  unsigned jobs() const {
+    const bool writes = options_.fix && !options_.diff;
+    return writes ? 1 : options_.jobs.value_or(cores());
+  }
+
   void fail(const std::string& error) {
+    progress_.clear();
     complain(error);
     show(report_->fail(error));
     status_ = ExitStatus::Failure;
   }
 
-  void show(const std::string& text) const {
-    if (!reports()) {
+  void show(const std::string& text) {
+    if (!reports() || text.empty()) {
       return;
     }
+    progress_.clear();
     if (report_->is_data()) {
       print_contents(text);
     } else {
@@ -116,84 +131,121 @@ class Check {
     }
   }
 
-  void check(const Source& source) {
-    show(report_->begin_file(source.name));
+  void check(const Source& source, Teller& teller) {
+    teller.tell([this, &source] { show(report_->begin_file(source.name)); });
     try {
-      if (options_.fix && !options_.diff && source.path == "-") {
+      const ParsedInput input = read(source, teller);
+      const bool found = diagnose_all(input, source, teller);
+      teller.tell([this, found] {
+        ++totals_.files_checked;
+        totals_.files_with_findings += found ? 1 : 0;
+      });
+    } catch (const std::exception& error) {
+      teller.tell([this, text = failure_text(source, error)] { fail(text); });
+    }
+    teller.tell([this] { show(report_->end_file()); });
+  }
+
+  ParsedInput read(const Source& source, Teller& teller) {
+    if (source.path == "-") {
+      if (options_.fix && !options_.diff) {
         throw std::runtime_error("standard input cannot be changed in place");
       }
-      wanted_.folder.reset();
-      if (source.path != "-") {
-        wanted_.folder = input::bdf::input_folder_of(source.path);
-      }
-      ParsedInput input("", session_.schema());
-      do_undisturbed([&] {
-        input = ParsedInput(read_source(source), session_.schema());
-        if (options_.fix) {
-          input = fixed(source, input);
-        }
-      });
-      ++totals_.files_checked;
-      totals_.files_with_findings += report_all(input, source) ? 1 : 0;
-    } catch (const std::exception& error) {
-      fail(failure_text(source, error));
+      teller.wait_for_turn();
     }
-    show(report_->end_file());
+    ParsedInput input("", schema_);
+    do_undisturbed([&] {
+      input = ParsedInput(read_source(source), schema_);
+      if (options_.fix) {
+        input = fixed(source, input, teller);
+      }
+    });
+    return input;
   }
 
   // With a difference on standard output, only the status tells of what would remain.
   bool reports() const { return !session_.options.quiet && !options_.diff; }
 
-  ParsedInput fixed(const Source& source, const ParsedInput& input) {
+  DiagnoseOptions wanted_of(const Source& source) const {
+    DiagnoseOptions wanted = wanted_;
+    if (source.path != "-") {
+      wanted.folder = input::bdf::input_folder_of(source.path);
+    }
+    return wanted;
+  }
+
+  ParsedInput fixed(const Source& source, const ParsedInput& input, Teller& teller) {
     SafeFixes fixes;
-    diagnose(input, wanted_, [&fixes](const Diagnostic& diagnostic) { fixes.add(diagnostic); });
+    diagnose(input, wanted_of(source),
+             [&fixes](const Diagnostic& diagnostic) { fixes.add(diagnostic); });
     if (fixes.count() == 0) {
       return input;
     }
     const std::string text = fixes.apply_to(input.source().text());
     if (options_.diff) {
-      print_contents(unified_diff(source.name, input.source().text(), text));
+      teller.tell([this, difference = unified_diff(source.name, input.source().text(), text)] {
+        progress_.clear();
+        print_contents(difference);
+      });
     } else {
       core::fs::replace_text_file(source.path, input.source().text(), text);
-      totals_.fixed += fixes.count();
+      teller.tell([this, count = fixes.count()] { totals_.fixed += count; });
     }
-    return {text, session_.schema()};
+    return {text, schema_};
   }
 
-  // Findings are printed as they are made: there may be more of them than fit into memory.
-  bool report_all(const ParsedInput& input, const Source& source) {
-    bool found = false;
-    diagnose(input, wanted_, [&](const Diagnostic& diagnostic) {
-      const bool fails = count(diagnostic.severity);
-      if (is_full()) {
-        ++totals_.not_shown;
-      } else if (reports()) {
-        ++shown_;
-        const Finding finding = {diagnostic, input.source(), source.name, fails};
-        show(report_->add(report_->write(finding)));
+  // Findings are told as they are made: there may be more of them than fit into memory.
+  bool diagnose_all(const ParsedInput& input, const Source& source, Teller& teller) {
+    std::size_t found = 0;
+    diagnose(input, wanted_of(source), [&](const Diagnostic& diagnostic) {
+      const bool fails = makes_fail(diagnostic.severity);
+      WrittenFinding written;
+      if (reports() && (!options_.max_findings || found < *options_.max_findings)) {
+        written = report_->write({diagnostic, input.source(), source.name, fails});
       }
-      found = true;
+      teller.tell([this, fails, severity = diagnostic.severity, finding = std::move(written)] {
+        count(severity, fails);
+        show(finding);
+      });
+      ++found;
     });
-    return found;
+    return found > 0;
   }
 
-  bool is_full() const { return options_.max_findings && shown_ >= *options_.max_findings; }
+  void show(const WrittenFinding& finding) {
+    if (options_.max_findings && shown_ >= *options_.max_findings) {
+      ++totals_.not_shown;
+    } else if (reports()) {
+      ++shown_;
+      show(report_->add(finding));
+    }
+  }
 
-  // Returns whether a finding of that severity makes the command fail.
-  bool count(Severity severity) {
+  bool makes_fail(Severity severity) const {
+    return severity == Severity::Error || (severity == Severity::Warning && options_.strict);
+  }
+
+  void count(Severity severity, bool fails) {
     totals_.count(severity);
-    const bool fails =
-        severity == Severity::Error || (severity == Severity::Warning && options_.strict);
     if (fails) {
       status_ = worse_of(status_, ExitStatus::Findings);
     }
-    return fails;
+  }
+
+  void print_end() {
+    show(report_->end(totals_));
+    if (reports() && !report_->tells_what_is_not_shown() && totals_.not_shown > 0) {
+      complain(fmt::format("... and {} more", totals_.not_shown));
+    }
   }
 
   const CheckOptions& options_;
   Session& session_;
-  DiagnoseOptions wanted_;
-  std::unique_ptr<FindingsReport> report_;
+  const input::bdf::InputSchema& schema_;
+  const DiagnoseOptions wanted_;
+  const std::unique_ptr<FindingsReport> report_;
+  const Sources sources_;
+  Progress progress_;
   Totals totals_;
   std::size_t shown_ = 0;
   ExitStatus status_ = ExitStatus::Success;

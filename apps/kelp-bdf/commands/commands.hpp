@@ -24,6 +24,7 @@ struct CheckOptions {
   bool strict = false;                          ///< warnings fail, too
   std::vector<input::bdf::SeverityRule> rules;  ///< what becomes of which findings
   std::optional<std::size_t> max_findings;      ///< the most to print
+  std::optional<unsigned> jobs;                 ///< files checked at once; unset: one a core
   bool list_codes = false;                      ///< print the codes instead
   bool fix = false;                             ///< apply the fixes that are safe
   bool diff = false;                            ///< only show what that would change
