@@ -12,6 +12,11 @@ namespace kelp::core::fs {
   throw std::runtime_error("cannot read '" + path + "': " + cause);
 }
 
+/// Raises the error of a file that is larger than it may be.
+[[noreturn]] inline void throw_too_large(const std::string& path) {
+  throw FileTooLarge("cannot read '" + path + "': it is too large");
+}
+
 /// Why a file is not written. Carries the cause alone; the path is added at the edge.
 class WriteRefused : public std::runtime_error {
  public:
@@ -30,6 +35,7 @@ class WriteRefused : public std::runtime_error {
 
 // Causes that either system has.
 constexpr const char* is_folder_cause = "it is a folder";
+constexpr const char* is_device_cause = "it is a device";
 constexpr const char* is_no_file_cause = "it is no regular file";
 constexpr const char* no_folder_cause = "its folder does not exist";
 constexpr const char* is_protected_cause = "it is write-protected";

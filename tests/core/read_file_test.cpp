@@ -52,6 +52,19 @@ TEST(ReadTextFile, ReadsALargeFile) {
   EXPECT_TRUE(read_text_file(utf8(folder / "large")) == large);
 }
 
+TEST(ReadTextFile, RefusesAFileThatIsLargerThanAllowed) {
+  const TemporaryFolder folder;
+  test::write_file(folder / "a.inp", "12345");
+  const std::string path = utf8(folder / "a.inp");
+  EXPECT_EQ(read_text_file(path, 5), "12345");
+  try {
+    read_text_file(path, 4);
+    FAIL();
+  } catch (const FileTooLarge& error) {
+    EXPECT_THAT(error.what(), HasSubstr("'" + path + "'"));
+  }
+}
+
 TEST(ReadTextFile, TakesItsPathAsUtf8) {
   const TemporaryFolder folder;
   const std::filesystem::path name = folder / u8"ein Wasser-Molekül 水.inp";

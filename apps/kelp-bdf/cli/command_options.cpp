@@ -5,11 +5,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <utility>
 
 #include "cli/output.hpp"
+#include "cli/size.hpp"
 #include "commands/commands.hpp"
 #include "report/findings_report.hpp"
 #include "report/output_schemas.hpp"
@@ -26,7 +28,8 @@ template <typename Options>
 void run_when_named(CLI::App& command, Session& session, std::shared_ptr<Options> options,
                     ExitStatus (*run)(const Options&, Session&)) {
   add_common_options(command, session.options);
-  command.callback([options = std::move(options), run, &session] {
+  command.callback([&command, options = std::move(options), run, &session] {
+    session.options.command = command.get_name();
     session.run = [options, run, &session] { return run(*options, session); };
   });
 }
@@ -37,6 +40,29 @@ CLI::Validator not_empty() {
             return std::string(text.empty() ? "it must not be empty" : "");
           },
           ""};
+}
+
+// That there is one is seen when they are looked for: a list may name them.
+void add_inputs(CLI::App& command, InputOptions& options) {
+  command
+      .add_option("input", options.inputs,
+                  "Files, folders (searched for *.inp and *.bdf), - for standard input")
+      ->check(not_empty())
+      ->type_name("FILE|DIR|-");
+  command
+      .add_option("--files-from", options.lists,
+                  "Take further names from a file, on a line each or with NUL bytes between them; "
+                  "- for standard input")
+      ->check(not_empty())
+      ->type_name("FILE|-")
+      ->allow_extra_args(false);
+  command
+      .add_option("--exclude", options.exclude,
+                  "Leave out what matches in folders: a name such as 'old*', or a path with a "
+                  "slash such as 'runs/**/test.inp'")
+      ->check(not_empty())
+      ->type_name("GLOB")
+      ->allow_extra_args(false);
 }
 
 void add_deliver_options(CLI::App& command, DeliverOptions& options) {
@@ -93,6 +119,10 @@ void add_form(CLI::App& command, std::string& form) {
       ->take_last();
 }
 
+std::string complaint_about_size(const std::string& text) {
+  return parse_size(text) ? "" : "'" + text + "' is no size such as 256M";
+}
+
 std::string complaint_about_count(const std::string& text) {
   constexpr std::size_t most_digits = 9;
   const bool is_count = !text.empty() && text.size() <= most_digits &&
@@ -116,6 +146,24 @@ void add_rule(CLI::App& command, const std::string& name, SeverityAction action,
   command.add_option(name, add, description)->type_name("CODE,...")->trigger_on_parse();
 }
 
+void add_amounts(CLI::App& command, CheckOptions& options) {
+  CLI::Option* const most = command
+                                .add_option("--max-findings", options.max_findings,
+                                            "Print no more than these, and count all")
+                                ->check(complaint_about_count)
+                                ->type_name("N")
+                                ->take_last();
+  command
+      .add_flag("--summary", options.summary,
+                "Print how many findings there are of each code and in each file, instead of them")
+      ->excludes(most);
+  command
+      .add_option("-j,--jobs", options.jobs, "Check so many files at once; else as many as cores")
+      ->check(CLI::Range(1, most_jobs))
+      ->type_name("N")
+      ->take_last();
+}
+
 void add_severities(CLI::App& command, const std::shared_ptr<CheckOptions>& options) {
   command.add_flag("--strict", options->strict, "Let warnings fail, too");
   add_rule(command, "--allow", SeverityAction::Allow, options, "Leave these findings out");
@@ -134,26 +182,13 @@ void add_severities(CLI::App& command, const std::shared_ptr<CheckOptions>& opti
 void add_check(CLI::App& app, Session& session) {
   const auto options = std::make_shared<CheckOptions>();
   CLI::App* const command = app.add_subcommand("check", "Report findings");
-  // Without any, the command complains itself: it needs none to list the codes.
-  command->add_option("input", options->inputs, "Files, folders (searched for *.inp and *.bdf), -")
-      ->check(not_empty())
-      ->type_name("FILE|DIR|-");
+  add_inputs(*command, *options);
   command->add_option("--unknown", options->unknown, "What unknown names are: error, warn, ignore")
       ->check(CLI::IsMember({"error", "warn", "ignore"}))
       ->capture_default_str()
       ->take_last();
   add_form(*command, options->format);
-  command
-      ->add_option("--max-findings", options->max_findings,
-                   "Print no more than these, and count all")
-      ->check(complaint_about_count)
-      ->type_name("N")
-      ->take_last();
-  command
-      ->add_option("-j,--jobs", options->jobs, "Check so many files at once; else as many as cores")
-      ->check(CLI::Range(1, most_jobs))
-      ->type_name("N")
-      ->take_last();
+  add_amounts(*command, *options);
   add_severities(*command, options);
   CLI::Option* const fix = command->add_flag("--fix", options->fix,
                                              "Mend in the files what has but one sensible remedy");
@@ -167,12 +202,7 @@ void add_check(CLI::App& app, Session& session) {
 void add_format(CLI::App& app, Session& session) {
   const auto options = std::make_shared<FormatOptions>();
   CLI::App* const command = app.add_subcommand("format", "Lay a file out anew");
-  command
-      ->add_option("input", options->inputs,
-                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
-      ->required()
-      ->check(not_empty())
-      ->type_name("FILE|DIR|-");
+  add_inputs(*command, *options);
   add_deliver_options(*command, *options);
   command
       ->add_flag("--check", options->check, "Print the names of files that are laid out otherwise")
@@ -214,12 +244,7 @@ void add_get(CLI::App& app, Session& session) {
                    "scf.charge, scf#2.charge (the second $scf), easy.charge (the header), geometry")
       ->required()
       ->type_name("PATH");
-  command
-      ->add_option("input", options->inputs,
-                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
-      ->required()
-      ->check(not_empty())
-      ->type_name("FILE|DIR|-");
+  add_inputs(*command, *options);
   command->add_flag("--json", options->json, "Print one JSON document, with positions");
   command->footer(
       "The lines of the value are printed as they stand, without comments and the blanks around "
@@ -233,12 +258,7 @@ void add_get(CLI::App& app, Session& session) {
 void add_show(CLI::App& app, Session& session) {
   const auto options = std::make_shared<ShowOptions>();
   CLI::App* const command = app.add_subcommand("show", "Print what is computed, and an outline");
-  command
-      ->add_option("input", options->inputs,
-                   "Files, folders (searched for *.inp and *.bdf), - for standard input")
-      ->required()
-      ->check(not_empty())
-      ->type_name("FILE|DIR|-");
+  add_inputs(*command, *options);
   command->add_flag("--json", options->json, "Print one JSON document");
   run_when_named(*command, session, options, run_show);
 }
@@ -351,6 +371,16 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
                   "The language of what names and values mean: en or zh; else that of LC_ALL, "
                   "LC_MESSAGES, LANG")
       ->check(CLI::IsMember({"en", "zh"}))
+      ->take_last();
+  const auto read_size = [&options](const CLI::results_t& given) {
+    options.max_size = *parse_size(given.back());
+    return true;
+  };
+  command
+      .add_option("--max-size", read_size,
+                  "Refuse inputs that are larger, 256M unless given; k, M, G, T are powers of 1000")
+      ->check(complaint_about_size)
+      ->type_name("SIZE")
       ->take_last();
   command.add_flag("-q,--quiet", options.quiet, "Say nothing; the exit status tells");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -28,6 +29,8 @@ struct CommonOptions {
   bool quiet = false;
   std::string language;  ///< en, zh; empty: that of the environment
   std::string stdin_filename = "<stdin>";
+  std::size_t max_size = 256'000'000;  ///< the most bytes of an input that are read
+  std::string command;                 ///< the command's own name
 };
 
 /// What the commands share.

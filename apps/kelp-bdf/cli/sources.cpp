@@ -1,23 +1,36 @@
 #include "cli/sources.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 #include <new>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
+#include "cli/exclusion.hpp"
 #include "cli/output.hpp"
+#include "cli/size.hpp"
 #include "kelp/core/fs.hpp"
 #include "kelp/core/text.hpp"
 
 namespace kelp::app {
 namespace {
 
+std::string_view name_of(std::string_view path) {
+  return path.substr(path.find_last_of("/\\") + 1);
+}
+
 // As a shell takes *.inp: what begins with a dot is for other programs.
+bool is_hidden(std::string_view path) {
+  return name_of(path).starts_with('.');
+}
+
 bool is_input_name(std::string_view path) {
   constexpr std::size_t ending = 4;
-  const std::string_view name = path.substr(path.find_last_of("/\\") + 1);
-  if (name.size() <= ending || name.front() == '.') {
+  const std::string_view name = name_of(path);
+  if (name.size() <= ending || is_hidden(name)) {
     return false;
   }
   const std::string_view end = name.substr(name.size() - ending);
@@ -25,18 +38,24 @@ bool is_input_name(std::string_view path) {
          core::text::equals_ignoring_case(end, ".bdf");
 }
 
-void add_folder(const std::string& folder, Sources& sources) {
-  core::fs::FolderContents contents = core::fs::files_below(folder);
-  sources.errors.insert(sources.errors.end(), contents.errors.begin(), contents.errors.end());
-  const std::size_t before = sources.list.size();
+Sources list_of_folder(const std::string& folder, const std::vector<std::string>& exclude) {
+  const Exclusion exclusion(folder, exclude);
+  core::fs::FolderContents contents =
+      core::fs::files_below(folder, [&exclusion](const std::string& path) {
+        return !is_hidden(path) && !exclusion.leaves_out(path);
+      });
+  Sources sources;
+  sources.errors = std::move(contents.errors);
   for (const std::string& file : contents.files) {
-    if (is_input_name(file)) {
+    if (is_input_name(file) && !exclusion.leaves_out(file)) {
       sources.list.push_back({file, file});
     }
   }
-  if (sources.list.size() == before && contents.errors.empty()) {
-    sources.errors.push_back("no *.inp or *.bdf file in '" + folder + "'");
+  if (sources.list.empty() && sources.errors.empty()) {
+    sources.errors.push_back("no *.inp or *.bdf file in '" + folder + "'" +
+                             (exclude.empty() ? "" : " that is not excluded"));
   }
+  return sources;
 }
 
 // A text longer than any string is refused before memory is asked for.
@@ -45,17 +64,69 @@ bool is_want_of_memory(const std::exception& error) {
          dynamic_cast<const std::length_error*>(&error) != nullptr;
 }
 
-std::string read_standard_input() {
+[[noreturn]] void refuse_size(const std::string& name, std::size_t most) {
+  throw std::runtime_error("'" + name + "' is larger than " + size_text(most) +
+                           "; --max-size sets what may be read");
+}
+
+std::string read_standard_input(const std::string& name, std::size_t most) {
   std::string text;
   std::array<char, 65536> buffer;
   std::size_t count = 0;
   while ((count = std::fread(buffer.data(), 1, buffer.size(), stdin)) > 0) {
     text.append(buffer.data(), count);
+    if (text.size() > most) {
+      refuse_size(name, most);
+    }
   }
   if (std::ferror(stdin) != 0) {
     throw std::runtime_error("cannot read standard input");
   }
   return text;
+}
+
+std::string read_limited(const Source& source, std::size_t most) {
+  if (source.path == "-") {
+    return read_standard_input(source.name, most);
+  }
+  try {
+    return core::fs::read_text_file(source.path, most);
+  } catch (const core::fs::FileTooLarge&) {
+    refuse_size(source.name, most);
+  }
+}
+
+// A NUL byte can be in no name, so that a list with one is of names that have one behind them.
+std::vector<std::string> names_of_list(std::string_view text) {
+  const bool has_lines = text.find('\0') == std::string_view::npos;
+  std::vector<std::string> names;
+  while (!text.empty()) {
+    std::string_view name;
+    if (has_lines) {
+      name = core::text::take_line(text);
+    } else {
+      name = text.substr(0, text.find('\0'));
+      text.remove_prefix(std::min(text.size(), name.size() + 1));
+    }
+    if (!name.empty()) {
+      names.emplace_back(name);
+    }
+  }
+  return names;
+}
+
+std::vector<std::string> named_inputs(const InputOptions& options, const CommonOptions& common) {
+  std::vector<std::string> names = options.inputs;
+  bool takes_standard_input = std::count(names.begin(), names.end(), "-") > 0;
+  for (const std::string& list : options.lists) {
+    if (list == "-" && std::exchange(takes_standard_input, true)) {
+      throw std::runtime_error("standard input cannot be both a list of files and an input");
+    }
+    for (std::string& name : names_of_list(read_source({list, list}, common))) {
+      names.push_back(name == "-" ? "./-" : std::move(name));
+    }
+  }
+  return names;
 }
 
 }  // namespace
@@ -64,14 +135,19 @@ Source source_of(const std::string& argument, const CommonOptions& options) {
   return {argument, argument == "-" ? options.stdin_filename : argument};
 }
 
-Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options) {
+Sources expand_sources(const InputOptions& inputs, const CommonOptions& options) {
+  if (inputs.inputs.empty() && inputs.lists.empty()) {
+    throw std::runtime_error("input is required; see 'kelp-bdf " + options.command + " --help'");
+  }
   Sources sources;
-  for (const std::string& argument : arguments) {
-    if (argument != "-" && core::fs::is_directory(argument)) {
-      add_folder(argument, sources);
-    } else {
-      sources.list.push_back(source_of(argument, options));
+  for (const std::string& name : named_inputs(inputs, options)) {
+    if (name == "-" || !core::fs::is_directory(name)) {
+      sources.list.push_back(source_of(name, options));
+      continue;
     }
+    Sources found = list_of_folder(name, inputs.exclude);
+    std::move(found.list.begin(), found.list.end(), std::back_inserter(sources.list));
+    std::move(found.errors.begin(), found.errors.end(), std::back_inserter(sources.errors));
   }
   return sources;
 }
@@ -118,9 +194,9 @@ ExitStatus for_each_source(const Sources& sources,
   return status;
 }
 
-std::string read_source(const Source& source) {
+std::string read_source(const Source& source, const CommonOptions& options) {
   try {
-    return source.path == "-" ? read_standard_input() : core::fs::read_text_file(source.path);
+    return read_limited(source, options.max_size);
   } catch (const std::exception& error) {
     throw std::runtime_error(failure_text(source, error));
   }

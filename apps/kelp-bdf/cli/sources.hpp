@@ -21,11 +21,19 @@ struct Sources {
   std::vector<std::string> errors;
 };
 
+/// Which inputs to work on, as the command line names them.
+struct InputOptions {
+  std::vector<std::string> inputs;
+  std::vector<std::string> lists;    ///< files that name further ones, - for standard input
+  std::vector<std::string> exclude;  ///< patterns of what is left out of folders
+};
+
 /// Turns an argument that names one input, - being standard input, into it.
 Source source_of(const std::string& argument, const CommonOptions& options);
 
-/// Turns arguments into inputs: a folder becomes the `*.inp` and `*.bdf` files below it.
-Sources expand_sources(const std::vector<std::string>& arguments, const CommonOptions& options);
+/// Returns the inputs that are meant: a folder becomes the `*.inp` and `*.bdf` files below it.
+/// @throws std::runtime_error when none is named, or a list cannot be read.
+Sources expand_sources(const InputOptions& inputs, const CommonOptions& options);
 
 /// Returns what to complain of when the work on an input ended with an exception: its own words, or
 /// that the input is too large.
@@ -41,7 +49,8 @@ ExitStatus for_each_source(const Sources& sources,
                            const std::function<ExitStatus(const Source&)>& work);
 
 /// Returns the text of an input.
-/// @throws std::runtime_error naming the path and the cause.
-std::string read_source(const Source& source);
+/// @throws std::runtime_error naming the path and the cause, also for one that is larger than the
+/// options allow.
+std::string read_source(const Source& source, const CommonOptions& options);
 
 }  // namespace kelp::app

@@ -21,6 +21,7 @@
 #include "kelp/input/bdf/explain.hpp"
 #include "report/findings.hpp"
 #include "report/findings_report.hpp"
+#include "report/summary.hpp"
 #include "report/unified_diff.hpp"
 
 namespace kelp::app {
@@ -82,7 +83,7 @@ class Check {
         schema_(session.schema()),
         wanted_(diagnose_options(options)),
         report_(make_findings_report(options.format, use_colour(session.options.colour))),
-        sources_(expand_sources(options.inputs, session.options)),
+        sources_(expand_sources(options, session.options)),
         progress_(sources_.list.size(), !session.options.quiet) {}
 
   ExitStatus run() {
@@ -155,7 +156,7 @@ class Check {
     }
     ParsedInput input("", schema_);
     do_undisturbed([&] {
-      input = ParsedInput(read_source(source), schema_);
+      input = ParsedInput(read_source(source, session_.options), schema_);
       if (options_.fix) {
         input = fixed(source, input, teller);
       }
@@ -165,6 +166,8 @@ class Check {
 
   // With a difference on standard output, only the status tells of what would remain.
   bool reports() const { return !session_.options.quiet && !options_.diff; }
+
+  bool lists() const { return reports() && !options_.summary; }
 
   DiagnoseOptions wanted_of(const Source& source) const {
     DiagnoseOptions wanted = wanted_;
@@ -198,9 +201,14 @@ class Check {
   bool diagnose_all(const ParsedInput& input, const Source& source, Teller& teller) {
     std::size_t found = 0;
     diagnose(input, wanted_of(source), [&](const Diagnostic& diagnostic) {
+      if (options_.summary) {
+        teller.tell([this, &source, severity = diagnostic.severity, code = diagnostic.code] {
+          summary_.add(source.name, severity, code);
+        });
+      }
       const bool fails = makes_fail(diagnostic.severity);
       WrittenFinding written;
-      if (reports() && (!options_.max_findings || found < *options_.max_findings)) {
+      if (lists() && (!options_.max_findings || found < *options_.max_findings)) {
         written = report_->write({diagnostic, input.source(), source.name, fails});
       }
       teller.tell([this, fails, severity = diagnostic.severity, finding = std::move(written)] {
@@ -215,7 +223,7 @@ class Check {
   void show(const WrittenFinding& finding) {
     if (options_.max_findings && shown_ >= *options_.max_findings) {
       ++totals_.not_shown;
-    } else if (reports()) {
+    } else if (lists()) {
       ++shown_;
       show(report_->add(finding));
     }
@@ -233,6 +241,9 @@ class Check {
   }
 
   void print_end() {
+    if (options_.summary) {
+      show(summary_.text());
+    }
     show(report_->end(totals_));
     if (reports() && !report_->tells_what_is_not_shown() && totals_.not_shown > 0) {
       complain(fmt::format("... and {} more", totals_.not_shown));
@@ -247,6 +258,7 @@ class Check {
   const Sources sources_;
   Progress progress_;
   Totals totals_;
+  Summary summary_;
   std::size_t shown_ = 0;
   ExitStatus status_ = ExitStatus::Success;
 };
@@ -258,8 +270,9 @@ ExitStatus run_check(const CheckOptions& options, Session& session) {
     print(list_of_codes());
     return ExitStatus::Success;
   }
-  if (options.inputs.empty()) {
-    throw std::runtime_error("input is required; see 'kelp-bdf check --help'");
+  if (options.summary && options.format != "human" && options.format != "concise") {
+    throw std::runtime_error("--summary goes with --format=human or concise, not " +
+                             options.format);
   }
   refuse_unknown_codes(options.rules);
   return Check(options, session).run();

@@ -11,19 +11,20 @@
 #include <vector>
 
 #include "cli/session.hpp"
+#include "cli/sources.hpp"
 #include "commands/deliver.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "report/output_schemas.hpp"
 
 namespace kelp::app {
 
-struct CheckOptions {
-  std::vector<std::string> inputs;
+struct CheckOptions : InputOptions {
   std::string unknown = "warn";                 ///< what unknown names are: error, warn, ignore
   std::string format = "human";                 ///< one of `findings_forms`
   bool strict = false;                          ///< warnings fail, too
   std::vector<input::bdf::SeverityRule> rules;  ///< what becomes of which findings
   std::optional<std::size_t> max_findings;      ///< the most to print
+  bool summary = false;                         ///< print how many of each instead
   std::optional<unsigned> jobs;                 ///< files checked at once; unset: one a core
   bool list_codes = false;                      ///< print the codes instead
   bool fix = false;                             ///< apply the fixes that are safe
@@ -33,9 +34,7 @@ struct CheckOptions {
 /// Reports findings.
 ExitStatus run_check(const CheckOptions& options, Session& session);
 
-struct FormatOptions : DeliverOptions {
-  std::vector<std::string> inputs;
-};
+struct FormatOptions : DeliverOptions, InputOptions {};
 
 /// Lays files out.
 ExitStatus run_format(const FormatOptions& options, Session& session);
@@ -53,17 +52,15 @@ struct SetOptions : DeliverOptions {
 /// Changes, adds or removes values.
 ExitStatus run_set(const SetOptions& options, Session& session);
 
-struct GetOptions {
+struct GetOptions : InputOptions {
   std::string path;
-  std::vector<std::string> inputs;
   bool json = false;
 };
 
 /// Prints values by their path.
 ExitStatus run_get(const GetOptions& options, Session& session);
 
-struct ShowOptions {
-  std::vector<std::string> inputs;
+struct ShowOptions : InputOptions {
   bool json = false;
 };
 

@@ -71,7 +71,7 @@ NewGeometry read_geometry(const std::string& text, const SetOptions& options,
     throw std::runtime_error("standard input cannot hold both the input and the geometry");
   }
   const Source source = source_of(file, session.options);
-  input::bdf::XyzResult result = input::bdf::read_xyz(read_source(source));
+  input::bdf::XyzResult result = input::bdf::read_xyz(read_source(source, session.options));
   if (!result.error.empty()) {
     throw std::runtime_error(fmt::format("{}:{}: {}", source.name, result.line, result.error));
   }
@@ -119,7 +119,7 @@ ExitStatus run_set(const SetOptions& options, Session& session) {
   }
   const Source source = source_of(options.input, session.options);
   return for_each_source({{source}, {}}, [&](const Source& named) {
-    input::bdf::ParsedInput input(read_source(named), session.schema());
+    input::bdf::ParsedInput input(read_source(named, session.options), session.schema());
     const input::bdf::SourceText old = input.source();
     return deliver(named, old, edit_input(std::move(input), edit), options, session);
   });

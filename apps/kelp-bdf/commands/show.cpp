@@ -14,7 +14,7 @@ namespace {
 using input::bdf::ParsedInput;
 
 ParsedInput read_input(const Source& source, Session& session) {
-  ParsedInput input(read_source(source), session.schema());
+  ParsedInput input(read_source(source, session.options), session.schema());
   if (input.is_empty()) {
     throw std::runtime_error(source.name + ": there is nothing to show: BDF input is empty");
   }
@@ -43,7 +43,7 @@ ExitStatus show_as_json(const Sources& sources, Session& session) {
 
 ExitStatus run_show(const ShowOptions& options, Session& session) {
   session.schema();
-  const Sources sources = expand_sources(options.inputs, session.options);
+  const Sources sources = expand_sources(options, session.options);
   if (options.json) {
     return show_as_json(sources, session);
   }

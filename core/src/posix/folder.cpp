@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <system_error>
 
@@ -15,12 +16,14 @@ void add_error(const stdfs::path& path, const std::error_code& error, FolderCont
   contents.errors.push_back("cannot read '" + utf8_from_path(path) + "': " + error.message());
 }
 
-void add_entry(const stdfs::directory_entry& entry, std::vector<stdfs::path>& folders,
-               FolderContents& contents) {
+using FolderRule = std::function<bool(const std::string&)>;
+
+void add_entry(const stdfs::directory_entry& entry, const FolderRule& is_wanted,
+               std::vector<stdfs::path>& folders, FolderContents& contents) {
   std::error_code error;
   switch (entry.status(error).type()) {
     case stdfs::file_type::directory:
-      if (!entry.is_symlink(error)) {
+      if (!entry.is_symlink(error) && (!is_wanted || is_wanted(utf8_from_path(entry.path())))) {
         folders.push_back(entry.path());
       }
       return;
@@ -43,7 +46,7 @@ bool is_directory(const std::string& path) {
   return stdfs::is_directory(path_from_utf8(path), error);
 }
 
-FolderContents files_below(const std::string& folder) {
+FolderContents files_below(const std::string& folder, const FolderRule& is_wanted) {
   FolderContents contents;
   std::vector<stdfs::path> folders = {path_from_utf8(folder)};
   while (!folders.empty()) {
@@ -52,7 +55,7 @@ FolderContents files_below(const std::string& folder) {
     std::error_code error;
     stdfs::directory_iterator entries(current, error);
     for (; !error && entries != stdfs::directory_iterator(); entries.increment(error)) {
-      add_entry(*entries, folders, contents);
+      add_entry(*entries, is_wanted, folders, contents);
     }
     if (error) {
       add_error(current, error, contents);

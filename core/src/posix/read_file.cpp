@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -22,27 +23,38 @@ constexpr std::size_t chunk = std::size_t{64} * 1024;
   throw_unreadable(path, std::generic_category().message(errno));
 }
 
+/// What may be read.
+struct Limits {
+  std::size_t most = std::numeric_limits<std::size_t>::max();
+  bool devices = true;
+};
+
 // A size is only a hint: pipes and files under /proc say 0, and a file may grow while it is read.
-std::size_t expected_size(int file, const std::string& path) {
+std::size_t expected_size(int file, const std::string& path, const Limits& limits) {
   struct stat status {};
   if (::fstat(file, &status) != 0) {
     throw_errno(path);
   }
-  return S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
+  if (!limits.devices && (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode))) {
+    throw_unreadable(path, is_device_cause);
+  }
+  const std::size_t size = S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
+  if (size > limits.most) {
+    throw_too_large(path);
+  }
+  return size;
 }
 
-}  // namespace
-
-std::string read_text_file(const std::string& path) {
+std::string read_whole(const std::string& path, const Limits& limits) {
   if (path.find('\0') != std::string::npos) {
     throw_unreadable(path, std::generic_category().message(EINVAL));
   }
-  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
   if (!file.is_open()) {
     throw_errno(path);
   }
   std::string text;
-  text.resize(expected_size(file.get(), path) + 1);
+  text.resize(expected_size(file.get(), path, limits) + 1);
   std::size_t used = 0;
   while (true) {
     if (used == text.size()) {
@@ -57,9 +69,22 @@ std::string read_text_file(const std::string& path) {
     } else if (errno != EINTR) {
       throw_errno(path);
     }
+    if (used > limits.most) {
+      throw_too_large(path);
+    }
   }
   text.resize(used);
   return text;
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& path) {
+  return read_whole(path, {});
+}
+
+std::string read_text_file(const std::string& path, std::size_t most) {
+  return read_whole(path, {most, false});
 }
 
 bool file_holds(const std::string& path, std::string_view text) {

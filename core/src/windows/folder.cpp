@@ -1,6 +1,7 @@
 // Asked of the system itself: the standard library stops at 260 characters.
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +28,9 @@ bool is_link(const WIN32_FIND_DATAW& item) {
           item.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
 }
 
-void add_item(const std::string& folder, const WIN32_FIND_DATAW& item,
+using FolderRule = std::function<bool(const std::string&)>;
+
+void add_item(const std::string& folder, const WIN32_FIND_DATAW& item, const FolderRule& is_wanted,
               std::vector<std::string>& folders, FolderContents& contents) {
   const std::wstring_view name = item.cFileName;
   if (name == L"." || name == L"..") {
@@ -36,7 +39,9 @@ void add_item(const std::string& folder, const WIN32_FIND_DATAW& item,
   std::string path = inside(folder, utf8_from_wide(name));
   const bool is_folder = (item.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   if (is_folder && !is_link(item)) {
-    folders.push_back(std::move(path));
+    if (!is_wanted || is_wanted(path)) {
+      folders.push_back(std::move(path));
+    }
   } else if (!is_folder) {
     contents.files.push_back(std::move(path));
   }
@@ -46,8 +51,8 @@ void add_error(const std::string& folder, DWORD error, FolderContents& contents)
   contents.errors.push_back("cannot read '" + folder + "': " + error_text(error));
 }
 
-void add_folder(const std::string& folder, std::vector<std::string>& folders,
-                FolderContents& contents) {
+void add_folder(const std::string& folder, const FolderRule& is_wanted,
+                std::vector<std::string>& folders, FolderContents& contents) {
   WIN32_FIND_DATAW item{};
   const std::wstring pattern = wide_path(inside(folder, "*"));
   const HANDLE search = ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &item,
@@ -58,7 +63,7 @@ void add_folder(const std::string& folder, std::vector<std::string>& folders,
   }
   try {
     do {
-      add_item(folder, item, folders, contents);
+      add_item(folder, item, is_wanted, folders, contents);
     } while (::FindNextFileW(search, &item) != 0);
     if (const DWORD error = ::GetLastError(); error != ERROR_NO_MORE_FILES) {
       add_error(folder, error, contents);
@@ -76,13 +81,13 @@ bool is_directory(const std::string& path) {
   return path_kind(path) == PathKind::Folder;
 }
 
-FolderContents files_below(const std::string& folder) {
+FolderContents files_below(const std::string& folder, const FolderRule& is_wanted) {
   FolderContents contents;
   std::vector<std::string> folders = {folder};
   while (!folders.empty()) {
     const std::string current = std::move(folders.back());
     folders.pop_back();
-    add_folder(current, folders, contents);
+    add_folder(current, is_wanted, folders, contents);
   }
   std::sort(contents.files.begin(), contents.files.end());
   return contents;

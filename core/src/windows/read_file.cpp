@@ -2,6 +2,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -31,11 +32,28 @@ constexpr std::size_t largest_read = std::size_t{1} << 30U;
   throw_error(path, is_folder ? ERROR_DIRECTORY : error);
 }
 
+/// What may be read.
+struct Limits {
+  std::size_t most = std::numeric_limits<std::size_t>::max();
+  bool devices = true;
+};
+
 // A size is only a hint: pipes and devices have none, and a file may grow while it is read.
 std::size_t expected_size(HANDLE file) {
   LARGE_INTEGER size{};
   const bool known = ::GetFileType(file) == FILE_TYPE_DISK && ::GetFileSizeEx(file, &size) != 0;
   return known ? static_cast<std::size_t>(size.QuadPart) : 0;
+}
+
+std::size_t allowed_size(HANDLE file, const std::string& path, const Limits& limits) {
+  if (!limits.devices && ::GetFileType(file) == FILE_TYPE_CHAR) {
+    throw_unreadable(path, is_device_cause);
+  }
+  const std::size_t size = expected_size(file);
+  if (size > limits.most) {
+    throw_too_large(path);
+  }
+  return size;
 }
 
 // Returns the number of bytes read, 0 at the end.
@@ -61,9 +79,7 @@ HANDLE open_to_read(const std::wstring& wide) {
                        FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
 }
 
-}  // namespace
-
-std::string read_text_file(const std::string& path) {
+std::string read_whole(const std::string& path, const Limits& limits) {
   const std::wstring wide = wide_path(path);
   if (wide.empty()) {
     throw_error(path, ERROR_INVALID_NAME);
@@ -73,17 +89,30 @@ std::string read_text_file(const std::string& path) {
     throw_not_opened(path, wide);
   }
   std::string text;
-  text.resize(expected_size(file.get()) + 1);
+  text.resize(allowed_size(file.get(), path, limits) + 1);
   std::size_t used = 0;
   while (const std::size_t count =
              read_some(file.get(), text.data() + used, text.size() - used, path)) {
     used += count;
+    if (used > limits.most) {
+      throw_too_large(path);
+    }
     if (used == text.size()) {
       text.resize(text.size() + text.size() / 2 + chunk);
     }
   }
   text.resize(used);
   return text;
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& path) {
+  return read_whole(path, {});
+}
+
+std::string read_text_file(const std::string& path, std::size_t most) {
+  return read_whole(path, {most, false});
 }
 
 bool file_holds(const std::string& path, std::string_view text) {

@@ -76,6 +76,56 @@ TEST_F(Files, OfAFolderWithoutInputsAreAnError) {
   EXPECT_EQ(outcome.status, 2);
 }
 
+TEST_F(Files, OfFoldersThatBeginWithADotAreForOtherPrograms) {
+  for (const char* const name : {"d/.git/a.inp", "d/.cache/x/b.inp", "d/c.inp"}) {
+    program.write(name, warning_input);
+  }
+  EXPECT_EQ(files_reported({"d"}), "d/c.inp\n");
+  EXPECT_EQ(files_reported({"d/.git"}), "d/.git/a.inp\n");
+}
+
+TEST_F(Files, OfFoldersCanBeLeftOut) {
+  for (const char* const name : {"d/a.inp", "d/old/b.inp", "d/x/old/c.inp", "d/x/d.inp"}) {
+    program.write(name, warning_input);
+  }
+  EXPECT_EQ(files_reported({"--exclude", "old", "d"}), "d/a.inp\nd/x/d.inp\n");
+  EXPECT_EQ(files_reported({"d", "--exclude=x/**", "--exclude", "a.*"}), "d/old/b.inp\n");
+  EXPECT_EQ(files_reported({"--exclude=a.inp", "d/a.inp"}), "d/a.inp\n");
+  EXPECT_EQ(files_reported({"--exclude=*", "d"}), "");
+  EXPECT_EQ(outcome.err, "kelp-bdf: no *.inp or *.bdf file in 'd' that is not excluded\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
+TEST_F(Files, CanBeNamedInAList) {
+  for (const char* const name : {"a.inp", "b b.inp", "d/c.inp", "-", "c.inp"}) {
+    program.write(name, warning_input);
+  }
+  program.write("lines", "b b.inp\r\n\nd\n-");
+  EXPECT_EQ(files_reported({"c.inp", "--files-from", "lines", "a.inp"}),
+            "c.inp\na.inp\nb b.inp\nd/c.inp\n./-\n");
+  EXPECT_EQ(outcome.err, "");
+  const std::string nul("b b.inp\0a.inp\0", 14);
+  const Outcome result = program.run({"check", "--format=concise", "--files-from=-", "c.inp"}, nul);
+  EXPECT_THAT(result.out, HasSubstr("\nb b.inp:2:1: "));
+  EXPECT_THAT(result.out, HasSubstr("\na.inp:2:1: "));
+  EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Files, OfAnEmptyListAreNone) {
+  outcome = program.run({"check", "--files-from", "-"}, "\n\n");
+  EXPECT_EQ(outcome.out + outcome.err, "");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(Files, OfAListThatCannotBeReadAreAnError) {
+  EXPECT_EQ(files_reported({"--files-from", "missing"}), "");
+  EXPECT_THAT(outcome.err, HasSubstr("cannot read 'missing'"));
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(files_reported({"--files-from=-", "-"}), "");
+  EXPECT_EQ(outcome.err, "kelp-bdf: standard input cannot be both a list of files and an input\n");
+  EXPECT_EQ(outcome.status, 2);
+}
+
 TEST_F(Files, ThatAreMissingDoNotStopTheOthers) {
   program.write("b.inp", warning_input);
   EXPECT_EQ(files_reported({"a.inp", "b.inp", "c.inp"}), "b.inp\n");

@@ -46,12 +46,53 @@ TEST(Limits, AFileLargerThanTheMemoryIsNamedAndTheOthersAreChecked) {
   Program program;
   program.write("b.inp", "$scf\nocupied\n$end\n");
   const Outcome outcome = run_with_little_memory(
-      program, "truncate -s 1T a.inp; \"$KELP_BDF\" check --format=concise a.inp b.inp");
+      program,
+      "truncate -s 1T a.inp; \"$KELP_BDF\" check --max-size=2T --format=concise a.inp b.inp");
   if (outcome.status == 77) {
     GTEST_SKIP() << "this build needs more memory than that";
   }
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err, "kelp-bdf: 'a.inp' is too large for the memory at hand\n");
+  EXPECT_THAT(outcome.out, HasSubstr("b.inp:2:1: warning"));
+}
+
+TEST(Limits, AFileLargerThanAllowedIsNamedAndTheOthersAreChecked) {
+  Program program;
+  program.write("b.inp", "$scf\nocupied\n$end\n");
+  const Outcome outcome = program.run_in_shell(
+      "truncate -s 1T a.inp; \"$KELP_BDF\" check --format=concise a.inp b.inp");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err,
+            "kelp-bdf: 'a.inp' is larger than 256 MB; --max-size sets what may be read\n");
+  EXPECT_THAT(outcome.out, HasSubstr("b.inp:2:1: warning"));
+}
+
+TEST(Limits, APipeWithoutEndIsReadNoFurtherThanAllowed) {
+  Program program;
+  for (const char* const command : {"check", "format", "show", "get scf.charge"}) {
+    const Outcome outcome =
+        program.run_in_shell("mkfifo pipe; yes >pipe & \"$KELP_BDF\" " + std::string(command) +
+                             " --max-size=10k pipe; status=$?; rm pipe; exit $status");
+    EXPECT_EQ(outcome.status, 2) << command;
+    EXPECT_EQ(outcome.err,
+              "kelp-bdf: 'pipe' is larger than 10 kB; --max-size sets what may be read\n")
+        << command;
+    const Outcome input =
+        program.run_in_shell("yes | \"$KELP_BDF\" " + std::string(command) + " --max-size=10k -");
+    EXPECT_EQ(input.status, 2) << command;
+    EXPECT_THAT(input.err, HasSubstr("'<stdin>' is larger than 10 kB")) << command;
+  }
+}
+
+TEST(Limits, ADeviceIsNoInput) {
+  Program program;
+  program.write("b.inp", "$scf\nocupied\n$end\n");
+  const Outcome outcome =
+      program.run({"check", "--format=concise", "/dev/zero", "b.inp", "/dev/null"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err,
+            "kelp-bdf: cannot read '/dev/zero': it is a device\n"
+            "kelp-bdf: cannot read '/dev/null': it is a device\n");
   EXPECT_THAT(outcome.out, HasSubstr("b.inp:2:1: warning"));
 }
 

@@ -32,6 +32,19 @@ TEST(ReadTextFilePosix, ReadsANamedPipeToItsEnd) {
   EXPECT_TRUE(read == text);
 }
 
+TEST(ReadTextFilePosix, ReadsNoDeviceAndNoMoreOfAPipeThanAllowed) {
+  EXPECT_THROW(read_text_file("/dev/null", 10), std::runtime_error);
+  const TemporaryFolder folder;
+  const std::string path = utf8(folder / "pipe");
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  std::thread writer([&] {
+    std::ofstream out(path, std::ios::binary);
+    out << std::string(300, 'p');
+  });
+  EXPECT_THROW(read_text_file(path, 299), FileTooLarge);
+  writer.join();
+}
+
 // Nobody writes into the pipe: whoever opened it would wait for ever.
 TEST(FileHoldsPosix, IsFalseForAPipeAndADeviceWithoutOpeningThem) {
   const TemporaryFolder folder;

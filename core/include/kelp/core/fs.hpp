@@ -3,6 +3,8 @@
 /// @file
 /// Files. Paths are UTF-8 on every platform.
 
+#include <cstddef>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -13,6 +15,18 @@ namespace kelp::core::fs {
 /// Returns all bytes of a file, of any size; pipes and devices work too.
 /// @throws std::runtime_error naming the path and the cause, for a directory too.
 std::string read_text_file(const std::string& path);
+
+/// A file holds more than may be read of it.
+class FileTooLarge : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Returns all bytes of a file or a pipe that holds at most `most`; no more than that is read.
+/// @throws FileTooLarge naming the path when there is more.
+/// @throws std::runtime_error naming the path and the cause, for a device too, which may have no
+/// end.
+std::string read_text_file(const std::string& path, std::size_t most);
 
 /// Tells whether a regular file holds exactly the bytes of a text, without a copy of them. False
 /// when it cannot be read, and for pipes and devices, from which nothing is taken.
@@ -59,7 +73,9 @@ struct FolderContents {
 };
 
 /// Lists the files below a folder; also links that lead nowhere, because reading them tells that.
-/// Links to folders are not followed, so that a loop is harmless.
-FolderContents files_below(const std::string& folder);
+/// Links to folders are not followed, so that a loop is harmless. Neither are folders below it that
+/// `is_wanted` says no to; it is asked with their paths.
+FolderContents files_below(const std::string& folder,
+                           const std::function<bool(const std::string&)>& is_wanted = {});
 
 }  // namespace kelp::core::fs
