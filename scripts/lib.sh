@@ -5,7 +5,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
 # The one list of Debian packages: to build the command, to test it, and for the slower checks.
 # shellcheck disable=SC2034
-build_packages=(g++ cmake ninja-build libyaml-cpp-dev libcli11-dev libfmt-dev nlohmann-json3-dev)
+build_packages=(g++ cmake ninja-build libyaml-cpp-dev libcli11-dev libfmt-dev nlohmann-json3-dev
+    libtomlplusplus-dev)
 # shellcheck disable=SC2034
 test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml
     python3-jsonschema pkg-config)

@@ -76,6 +76,32 @@ std::string path_beside(const std::string& file, const std::string& name) {
   return utf8_from_path(path_from_utf8(file).parent_path() / path_from_utf8(name));
 }
 
+std::string full_path(const std::string& path) {
+  std::error_code error;
+  const stdfs::path given = path_from_utf8(path);
+  const stdfs::path full = stdfs::absolute(given, error);
+  stdfs::path normal = (error ? given : full).lexically_normal();
+  // "a/b/" is the folder "a/b".
+  if (!normal.has_filename() && normal != normal.root_path()) {
+    normal = normal.parent_path();
+  }
+  return utf8_from_path(normal);
+}
+
+std::string folder_of(const std::string& full_path) {
+  return utf8_from_path(path_from_utf8(full_path).parent_path());
+}
+
+bool lies_in(const std::string& file, const std::string& folder) {
+  std::error_code error;
+  const stdfs::path real_file = stdfs::canonical(path_from_utf8(file), error);
+  if (error) {
+    return false;
+  }
+  const stdfs::path real_folder = stdfs::canonical(path_from_utf8(folder), error);
+  return !error && real_file.parent_path() == real_folder;
+}
+
 std::string stem_of(const std::string& file) {
   return utf8_from_path(path_from_utf8(file).stem());
 }

@@ -43,6 +43,35 @@ TEST(IsRegularFilePath, RefusesAFileBelowAFile) {
   EXPECT_FALSE(is_regular_file_path(utf8(folder / "file") + "/"));
 }
 
+TEST(FullPath, BeginsAtTheRootAndHasNoDots) {
+  const TemporaryFolder folder;
+  const test::CurrentFolder here(folder.path());
+  const std::string top = full_path(".");
+  EXPECT_TRUE(std::filesystem::path(top).is_absolute());
+  EXPECT_EQ(full_path("a.inp"), utf8(std::filesystem::path(top) / "a.inp"));
+  EXPECT_EQ(full_path("./d/../a.inp"), full_path("a.inp"));
+  EXPECT_EQ(full_path("d/"), full_path("d"));
+  EXPECT_EQ(folder_of(full_path("d/a.inp")), full_path("d"));
+  EXPECT_EQ(folder_of(full_path("a.inp")), top);
+}
+
+TEST(FolderOf, OfTheRootIsTheRoot) {
+  const std::string root = utf8(std::filesystem::current_path().root_path());
+  EXPECT_EQ(full_path(root), root);
+  EXPECT_EQ(folder_of(root), root);
+}
+
+TEST(LiesIn, IsTrueForAFileOfTheFolderItself) {
+  const TemporaryFolder folder;
+  test::write_file(folder / "a.yaml", "");
+  test::write_file(folder / "d" / "b.yaml", "");
+  const std::string top = utf8(folder.path());
+  EXPECT_TRUE(lies_in(top + "/a.yaml", top));
+  EXPECT_TRUE(lies_in(top + "/d/../a.yaml", top));
+  EXPECT_FALSE(lies_in(top + "/d/b.yaml", top));
+  EXPECT_FALSE(lies_in(top + "/missing", top));
+}
+
 TEST(PathBeside, IsThatOfAFileInTheSameFolder) {
   const TemporaryFolder folder;
   test::write_file(folder / u8"Ä.scforb", "");

@@ -86,7 +86,8 @@ const Rule only_the_core_knows_the_system =
     includes_must_be([](const SourceFile& file, const Include& include) {
       const bool platform =
           file.path.starts_with("core/src/posix/") || file.path.starts_with("core/src/windows/");
-      const bool known = starts_with_any(include.name, {"yaml-cpp/", "CLI/", "fmt/", "nlohmann/"});
+      const bool known =
+          starts_with_any(include.name, {"yaml-cpp/", "CLI/", "fmt/", "nlohmann/", "toml++/"});
       return include.quoted || is_standard(include) || known || platform;
     });
 

@@ -288,6 +288,24 @@ void add_lsp(CLI::App& app, Session& session) {
   run_when_named(*command, session, options, run_lsp);
 }
 
+void add_config(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<ConfigOptions>();
+  CLI::App* const command =
+      app.add_subcommand("config", "Print which settings hold, and where they come from");
+  command
+      ->add_option("input", options->input,
+                   "A file or a folder; the current folder when none is named")
+      ->check(not_empty())
+      ->type_name("FILE|DIR|-");
+  command->footer(
+      "The configuration is the nearest file '.kelp-bdf.toml' in the folder of an input or above. "
+      "It may say: schema = \"ours.yaml\", a file beside it; language = \"en\" or \"zh\"; "
+      "width = 100, columns; exclude = [\"old\"], patterns as --exclude takes them; and below "
+      "[severities], "
+      "\"bdf.unknown_*\" = \"error\", \"warning\" or \"allow\". Options count for more.");
+  run_when_named(*command, session, options, run_config);
+}
+
 void add_schema_path(CLI::App& schema, Session& session) {
   CLI::App* const command = schema.add_subcommand("path", "Print the path of the schema in use");
   add_common_options(*command, session.options);
@@ -382,6 +400,7 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
       ->check(complaint_about_size)
       ->type_name("SIZE")
       ->take_last();
+  command.add_flag("--no-config", options.no_config, "Take no settings from '.kelp-bdf.toml'");
   command.add_flag("-q,--quiet", options.quiet, "Say nothing; the exit status tells");
 }
 
@@ -392,6 +411,7 @@ void add_commands(CLI::App& app, Session& session) {
   add_get(app, session);
   add_show(app, session);
   add_explain(app, session);
+  add_config(app, session);
   add_schema(app, session);
   add_lsp(app, session);
 }

@@ -38,22 +38,28 @@ bool is_input_name(std::string_view path) {
          core::text::equals_ignoring_case(end, ".bdf");
 }
 
-Sources list_of_folder(const std::string& folder, const std::vector<std::string>& exclude) {
-  const Exclusion exclusion(folder, exclude);
-  core::fs::FolderContents contents =
-      core::fs::files_below(folder, [&exclusion](const std::string& path) {
-        return !is_hidden(path) && !exclusion.leaves_out(path);
-      });
+Sources list_of_folder(const std::string& folder, const InputOptions& inputs, Session& session) {
+  const Exclusion exclusion(folder, inputs.exclude);
+  std::size_t left_out = 0;
+  const auto is_left_out = [&](const std::string& path) {
+    const bool is = exclusion.leaves_out(path) ||
+                    (!session.options.no_config && session.configs.leaves_out(path));
+    left_out += is ? 1 : 0;
+    return is;
+  };
+  core::fs::FolderContents contents = core::fs::files_below(
+      folder,
+      [&is_left_out](const std::string& path) { return !is_hidden(path) && !is_left_out(path); });
   Sources sources;
   sources.errors = std::move(contents.errors);
   for (const std::string& file : contents.files) {
-    if (is_input_name(file) && !exclusion.leaves_out(file)) {
+    if (is_input_name(file) && !is_left_out(file)) {
       sources.list.push_back({file, file});
     }
   }
   if (sources.list.empty() && sources.errors.empty()) {
     sources.errors.push_back("no *.inp or *.bdf file in '" + folder + "'" +
-                             (exclude.empty() ? "" : " that is not excluded"));
+                             (left_out == 0 ? "" : " that is not excluded"));
   }
   return sources;
 }
@@ -135,7 +141,8 @@ Source source_of(const std::string& argument, const CommonOptions& options) {
   return {argument, argument == "-" ? options.stdin_filename : argument};
 }
 
-Sources expand_sources(const InputOptions& inputs, const CommonOptions& options) {
+Sources expand_sources(const InputOptions& inputs, Session& session) {
+  const CommonOptions& options = session.options;
   if (inputs.inputs.empty() && inputs.lists.empty()) {
     throw std::runtime_error("input is required; see 'kelp-bdf " + options.command + " --help'");
   }
@@ -145,7 +152,7 @@ Sources expand_sources(const InputOptions& inputs, const CommonOptions& options)
       sources.list.push_back(source_of(name, options));
       continue;
     }
-    Sources found = list_of_folder(name, inputs.exclude);
+    Sources found = list_of_folder(name, inputs, session);
     std::move(found.list.begin(), found.list.end(), std::back_inserter(sources.list));
     std::move(found.errors.begin(), found.errors.end(), std::back_inserter(sources.errors));
   }

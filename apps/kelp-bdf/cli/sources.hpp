@@ -31,9 +31,10 @@ struct InputOptions {
 /// Turns an argument that names one input, - being standard input, into it.
 Source source_of(const std::string& argument, const CommonOptions& options);
 
-/// Returns the inputs that are meant: a folder becomes the `*.inp` and `*.bdf` files below it.
+/// Returns the inputs that are meant: a folder becomes the `*.inp` and `*.bdf` files below it, but
+/// for those that options or configuration leave out.
 /// @throws std::runtime_error when none is named, or a list cannot be read.
-Sources expand_sources(const InputOptions& inputs, const CommonOptions& options);
+Sources expand_sources(const InputOptions& inputs, Session& session);
 
 /// Returns what to complain of when the work on an input ended with an exception: its own words, or
 /// that the input is too large.

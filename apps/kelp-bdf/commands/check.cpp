@@ -6,6 +6,7 @@
 #include <exception>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -73,6 +74,37 @@ std::string list_of_codes() {
   return list;
 }
 
+/// What holds for an input, or why it cannot be checked.
+struct SettingsOrError {
+  const Session::Settings* settings = nullptr;
+  std::string error = {};
+  bool is_told = false;  // for an input before
+};
+
+SettingsOrError settings_of(const Source& source, Session& session, std::set<std::string>& told) {
+  const ConfigFile* config = nullptr;
+  try {
+    config = session.config_of(source);
+    if (config != nullptr) {
+      return {&session.settings_of(source)};
+    }
+  } catch (const std::exception& error) {
+    return {nullptr, error.what(), !told.insert(error.what()).second};
+  }
+  // Where this fails, it fails for all.
+  return {&session.settings_of(source)};
+}
+
+std::vector<SettingsOrError> settings_of(const Sources& sources, Session& session) {
+  std::set<std::string> told;
+  std::vector<SettingsOrError> all;
+  all.reserve(sources.list.size());
+  for (const Source& source : sources.list) {
+    all.push_back(settings_of(source, session, told));
+  }
+  return all;
+}
+
 /// One run of the command. Inputs are read and diagnosed in any thread; what is told of them is
 /// counted and printed in one, in their order.
 class Check {
@@ -80,10 +112,10 @@ class Check {
   Check(const CheckOptions& options, Session& session)
       : options_(options),
         session_(session),
-        schema_(session.schema()),
         wanted_(diagnose_options(options)),
         report_(make_findings_report(options.format, use_colour(session.options.colour))),
-        sources_(expand_sources(options, session.options)),
+        sources_(expand_sources(options, session)),
+        settings_(settings_of(sources_, session)),
         progress_(sources_.list.size(), !session.options.quiet) {}
 
   ExitStatus run() {
@@ -95,7 +127,7 @@ class Check {
     works.count = sources_.list.size();
     works.jobs = jobs();
     works.work = [this](std::size_t index, Teller& teller) {
-      check(sources_.list[index], teller);
+      check(index, teller);
       teller.tell([this] { progress_.advance(); });
     };
     works.has_ended = output_ended;
@@ -116,6 +148,10 @@ class Check {
   void fail(const std::string& error) {
     progress_.clear();
     complain(error);
+    fail_silently(error);
+  }
+
+  void fail_silently(const std::string& error) {
     show(report_->fail(error));
     status_ = ExitStatus::Failure;
   }
@@ -132,11 +168,23 @@ class Check {
     }
   }
 
-  void check(const Source& source, Teller& teller) {
+  void check(std::size_t index, Teller& teller) {
+    const Source& source = sources_.list[index];
+    const SettingsOrError& found = settings_[index];
     teller.tell([this, &source] { show(report_->begin_file(source.name)); });
+    if (found.settings != nullptr) {
+      check(source, *found.settings, teller);
+    } else {
+      teller.tell(
+          [this, &found] { found.is_told ? fail_silently(found.error) : fail(found.error); });
+    }
+    teller.tell([this] { show(report_->end_file()); });
+  }
+
+  void check(const Source& source, const Session::Settings& settings, Teller& teller) {
     try {
-      const ParsedInput input = read(source, teller);
-      const bool found = diagnose_all(input, source, teller);
+      const ParsedInput input = read(source, settings, teller);
+      const bool found = diagnose_all(input, source, settings, teller);
       teller.tell([this, found] {
         ++totals_.files_checked;
         totals_.files_with_findings += found ? 1 : 0;
@@ -144,21 +192,20 @@ class Check {
     } catch (const std::exception& error) {
       teller.tell([this, text = failure_text(source, error)] { fail(text); });
     }
-    teller.tell([this] { show(report_->end_file()); });
   }
 
-  ParsedInput read(const Source& source, Teller& teller) {
+  ParsedInput read(const Source& source, const Session::Settings& settings, Teller& teller) {
     if (source.path == "-") {
       if (options_.fix && !options_.diff) {
         throw std::runtime_error("standard input cannot be changed in place");
       }
       teller.wait_for_turn();
     }
-    ParsedInput input("", schema_);
+    ParsedInput input("", *settings.schema);
     do_undisturbed([&] {
-      input = ParsedInput(read_source(source, session_.options), schema_);
+      input = ParsedInput(read_source(source, session_.options), *settings.schema);
       if (options_.fix) {
-        input = fixed(source, input, teller);
+        input = fixed(source, input, settings, teller);
       }
     });
     return input;
@@ -169,17 +216,23 @@ class Check {
 
   bool lists() const { return reports() && !options_.summary; }
 
-  DiagnoseOptions wanted_of(const Source& source) const {
+  // What the command line says comes last, and counts.
+  DiagnoseOptions wanted_of(const Source& source, const Session::Settings& settings) const {
     DiagnoseOptions wanted = wanted_;
+    if (settings.config != nullptr) {
+      wanted.rules.insert(wanted.rules.begin(), settings.config->rules.begin(),
+                          settings.config->rules.end());
+    }
     if (source.path != "-") {
       wanted.folder = input::bdf::input_folder_of(source.path);
     }
     return wanted;
   }
 
-  ParsedInput fixed(const Source& source, const ParsedInput& input, Teller& teller) {
+  ParsedInput fixed(const Source& source, const ParsedInput& input,
+                    const Session::Settings& settings, Teller& teller) {
     SafeFixes fixes;
-    diagnose(input, wanted_of(source),
+    diagnose(input, wanted_of(source, settings),
              [&fixes](const Diagnostic& diagnostic) { fixes.add(diagnostic); });
     if (fixes.count() == 0) {
       return input;
@@ -194,13 +247,15 @@ class Check {
       core::fs::replace_text_file(source.path, input.source().text(), text);
       teller.tell([this, count = fixes.count()] { totals_.fixed += count; });
     }
-    return {text, schema_};
+    return {text, *settings.schema};
   }
 
   // Findings are told as they are made: there may be more of them than fit into memory.
-  bool diagnose_all(const ParsedInput& input, const Source& source, Teller& teller) {
+  bool diagnose_all(const ParsedInput& input, const Source& source,
+                    const Session::Settings& settings, Teller& teller) {
     std::size_t found = 0;
-    diagnose(input, wanted_of(source), [&](const Diagnostic& diagnostic) {
+    const std::size_t width = settings.width_or(ReportForm().width);
+    diagnose(input, wanted_of(source, settings), [&](const Diagnostic& diagnostic) {
       if (options_.summary) {
         teller.tell([this, &source, severity = diagnostic.severity, code = diagnostic.code] {
           summary_.add(source.name, severity, code);
@@ -209,7 +264,7 @@ class Check {
       const bool fails = makes_fail(diagnostic.severity);
       WrittenFinding written;
       if (lists() && (!options_.max_findings || found < *options_.max_findings)) {
-        written = report_->write({diagnostic, input.source(), source.name, fails});
+        written = report_->write({diagnostic, input.source(), source.name, fails, width});
       }
       teller.tell([this, fails, severity = diagnostic.severity, finding = std::move(written)] {
         count(severity, fails);
@@ -252,10 +307,10 @@ class Check {
 
   const CheckOptions& options_;
   Session& session_;
-  const input::bdf::InputSchema& schema_;
   const DiagnoseOptions wanted_;
   const std::unique_ptr<FindingsReport> report_;
   const Sources sources_;
+  const std::vector<SettingsOrError> settings_;
   Progress progress_;
   Totals totals_;
   Summary summary_;

@@ -81,6 +81,13 @@ struct LspOptions {
 /// Serves an editor over standard input and output, until it says good-bye.
 ExitStatus run_lsp(const LspOptions& options, Session& session);
 
+struct ConfigOptions {
+  std::string input;  ///< a file or a folder; empty for the current folder
+};
+
+/// Prints which settings hold for an input, and where they come from.
+ExitStatus run_config(const ConfigOptions& options, Session& session);
+
 /// Prints the path of the schema in use.
 ExitStatus run_schema_path(Session& session);
 

@@ -15,7 +15,8 @@ ExitStatus format(const Source& source, const FormatOptions& options, Session& s
   if (options.in_place && source.path == "-") {
     throw std::runtime_error("standard input cannot be changed in place");
   }
-  const input::bdf::ParsedInput input(read_source(source, session.options), session.schema());
+  const input::bdf::ParsedInput input(read_source(source, session.options),
+                                      *session.settings_of(source).schema);
   return deliver(source, input.source(), format_input(input), options, session);
 }
 
@@ -23,7 +24,7 @@ ExitStatus format(const Source& source, const FormatOptions& options, Session& s
 
 ExitStatus run_format(const FormatOptions& options, Session& session) {
   session.schema();
-  return for_each_source(expand_sources(options, session.options),
+  return for_each_source(expand_sources(options, session),
                          [&](const Source& source) { return format(source, options, session); });
 }
 

@@ -190,7 +190,7 @@ class Get {
       : options_(options), session_(session), path_(path_of_value(options, session.schema())) {}
 
   ExitStatus run() {
-    const Sources sources = expand_sources(options_, session_.options);
+    const Sources sources = expand_sources(options_, session_);
     is_named_ = sources.list.size() > 1;
     const ExitStatus status =
         for_each_source(sources, [this](const Source& source) { return get(source); });
@@ -202,7 +202,8 @@ class Get {
 
  private:
   ExitStatus get(const Source& source) {
-    const ParsedInput input(read_source(source, session_.options), session_.schema());
+    const ParsedInput input(read_source(source, session_.options),
+                            *session_.settings_of(source).schema);
     if (find_record(input, path_).kind == RecordKind::Module) {
       throw no_value(options_.path);
     }

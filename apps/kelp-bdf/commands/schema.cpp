@@ -29,14 +29,14 @@ using input::bdf::SourceText;
 using Names = std::vector<std::string>;
 
 constexpr std::string_view header_words = "easy";
-constexpr std::size_t widest_line = 100;
+constexpr std::size_t usual_width = 100;
 constexpr std::size_t widest_cell = 32;
 
 /// Columns parted by two blanks, each as wide as its widest cell, but for cells so long that they
 /// would push those of all other rows aside. What a row's name means stands below the row.
 class Table {
  public:
-  explicit Table(Names heading) { add(std::move(heading), {}); }
+  Table(Names heading, std::size_t width) : width_(width) { add(std::move(heading), {}); }
 
   void add(Names cells, std::string meaning) {
     widths_.resize(std::max(widths_.size(), cells.size()));
@@ -52,7 +52,7 @@ class Table {
     for (const Row& row : rows_) {
       text += line_of(row.cells) + '\n';
       constexpr std::size_t indent = 4;
-      for (const auto& line : core::unicode::wrap(row.meaning, widest_line - indent)) {
+      for (const auto& line : core::unicode::wrap(row.meaning, width_ - indent)) {
         text.append(indent, ' ').append(core::unicode::displayable(line)).append("\n");
       }
     }
@@ -77,6 +77,7 @@ class Table {
     return line;
   }
 
+  std::size_t width_;
   std::vector<std::size_t> widths_;
   std::vector<Row> rows_;
 };
@@ -90,8 +91,10 @@ Names cells_of(std::string name, const EntrySchemaInfo& info, const Names& alias
           info.default_value.value_or(""), joined(aliases)};
 }
 
-std::string module_table(const InputSchema& schema, Language language) {
-  Table table({"module", "entries", "repeatable", "aliases"});
+std::string module_table(const Session::Settings& settings) {
+  const InputSchema& schema = *settings.schema;
+  const Language language = settings.language;
+  Table table({"module", "entries", "repeatable", "aliases"}, settings.width_or(usual_width));
   for (const std::string& name : schema.known_modules()) {
     table.add({name, std::to_string(schema.known_entries(name).size()),
                schema.module_repeatable(name) ? "yes" : "no", joined(schema.module_aliases(name))},
@@ -102,8 +105,10 @@ std::string module_table(const InputSchema& schema, Language language) {
 
 const Names entry_heading = {"name", "kind", "type", "default", "aliases"};
 
-std::string keyword_table(const InputSchema& schema, Language language) {
-  Table table(entry_heading);
+std::string keyword_table(const Session::Settings& settings) {
+  const InputSchema& schema = *settings.schema;
+  const Language language = settings.language;
+  Table table(entry_heading, settings.width_or(usual_width));
   for (const std::string& name : schema.known_easy_keywords()) {
     if (const auto info = schema.easy_keyword_info(name)) {
       table.add(cells_of(name, *info, schema.easy_keyword_aliases(name)),
@@ -126,8 +131,10 @@ void add_nested_rows(Table& table, const InputSchema& schema, std::string_view m
   }
 }
 
-std::string entry_table(const InputSchema& schema, std::string_view module, Language language) {
-  Table table(entry_heading);
+std::string entry_table(const Session::Settings& settings, std::string_view module) {
+  const InputSchema& schema = *settings.schema;
+  const Language language = settings.language;
+  Table table(entry_heading, settings.width_or(usual_width));
   for (const std::string& name : schema.known_entries(module)) {
     if (const auto info = schema.entry_info(module, name)) {
       table.add(cells_of(name, *info, schema.entry_aliases(module, name)),
@@ -167,12 +174,12 @@ ExitStatus run_schema_path(Session& session) {
 
 ExitStatus run_schema_list(const SchemaListOptions& options, Session& session) {
   const std::string& module = options.module;
-  const InputSchema& schema = session.schema();
-  const Language language = session.language();
+  const Session::Settings& settings = session.settings();
+  const InputSchema& schema = *settings.schema;
   if (module.empty() || module == header_words || schema.is_known_module(module)) {
-    print(module.empty()                   ? module_table(schema, language)
-          : schema.is_known_module(module) ? entry_table(schema, module, language)
-                                           : keyword_table(schema, language));
+    print(module.empty()                   ? module_table(settings)
+          : schema.is_known_module(module) ? entry_table(settings, module)
+                                           : keyword_table(settings));
     return ExitStatus::Success;
   }
   const input::bdf::NameLists names(schema);

@@ -119,7 +119,8 @@ ExitStatus run_set(const SetOptions& options, Session& session) {
   }
   const Source source = source_of(options.input, session.options);
   return for_each_source({{source}, {}}, [&](const Source& named) {
-    input::bdf::ParsedInput input(read_source(named, session.options), session.schema());
+    input::bdf::ParsedInput input(read_source(named, session.options),
+                                  *session.settings_of(named).schema);
     const input::bdf::SourceText old = input.source();
     return deliver(named, old, edit_input(std::move(input), edit), options, session);
   });

@@ -14,7 +14,7 @@ namespace {
 using input::bdf::ParsedInput;
 
 ParsedInput read_input(const Source& source, Session& session) {
-  ParsedInput input(read_source(source, session.options), session.schema());
+  ParsedInput input(read_source(source, session.options), *session.settings_of(source).schema);
   if (input.is_empty()) {
     throw std::runtime_error(source.name + ": there is nothing to show: BDF input is empty");
   }
@@ -31,8 +31,8 @@ ExitStatus show_as_json(const Sources& sources, Session& session) {
   const Json about_all = {{"schema", schema_json(session.schema())}};
   print(list.begin());
   const ExitStatus status = for_each_source(sources, [&](const Source& source) {
-    print_contents(
-        list.add(input_json(source.name, read_input(source, session), session.language())));
+    print_contents(list.add(input_json(source.name, read_input(source, session),
+                                       session.settings_of(source).language)));
     return ExitStatus::Success;
   });
   print_contents(list.end(about_all));
@@ -43,15 +43,17 @@ ExitStatus show_as_json(const Sources& sources, Session& session) {
 
 ExitStatus run_show(const ShowOptions& options, Session& session) {
   session.schema();
-  const Sources sources = expand_sources(options, session.options);
+  const Sources sources = expand_sources(options, session);
   if (options.json) {
     return show_as_json(sources, session);
   }
   bool is_first = true;
   return for_each_source(sources, [&](const Source& source) {
     const ParsedInput input = read_input(source, session);
-    print((is_first ? "" : "\n") + outline_text({source.name, outline_of(input, session.language()),
-                                                 calculation_of(input)}));
+    const Session::Settings& settings = session.settings_of(source);
+    print((is_first ? "" : "\n") +
+          outline_text({source.name, outline_of(input, settings.language), calculation_of(input),
+                        settings.width_or(FileOutline::usual_width)}));
     is_first = false;
     return ExitStatus::Success;
   });

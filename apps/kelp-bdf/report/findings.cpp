@@ -16,7 +16,6 @@ using input::bdf::Diagnostic;
 using input::bdf::Severity;
 using input::bdf::TextRange;
 
-constexpr std::size_t widest_line = 160;
 constexpr std::size_t context_before = 40;
 constexpr std::string_view ellipsis = "...";
 
@@ -55,7 +54,8 @@ struct Excerpt {
   std::string after;
 };
 
-Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end) {
+Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end,
+                    std::size_t widest_line) {
   Excerpt excerpt;
   std::size_t from = 0;
   if (line.size() > widest_line && begin > context_before) {
@@ -77,8 +77,9 @@ Excerpt cut_excerpt(std::string_view line, std::size_t begin, std::size_t end) {
 /// Writes one diagnostic down with the line at fault.
 class HumanReport {
  public:
-  HumanReport(const Diagnostic& diagnostic, const input::bdf::SourceText& source, bool colour)
-      : diagnostic_(diagnostic), source_(source), painter_(colour) {
+  HumanReport(const Diagnostic& diagnostic, const input::bdf::SourceText& source,
+              const ReportForm& form)
+      : diagnostic_(diagnostic), source_(source), painter_(form.colour), width_(form.width) {
     if (diagnostic.range) {
       start_ = source.position(diagnostic.range->begin);
     }
@@ -109,8 +110,8 @@ class HumanReport {
  private:
   std::string excerpt(const TextRange& range) const {
     const TextRange line = source_.line_range(start_.line);
-    const Excerpt excerpt =
-        cut_excerpt(source_.text_of(line), range.begin - line.begin, range.end - line.begin);
+    const Excerpt excerpt = cut_excerpt(source_.text_of(line), range.begin - line.begin,
+                                        range.end - line.begin, width_);
     const std::size_t carets =
         std::max<std::size_t>(1, core::unicode::display_width(excerpt.marked));
     const std::string underline =
@@ -127,6 +128,7 @@ class HumanReport {
   const Diagnostic& diagnostic_;
   const input::bdf::SourceText& source_;
   Painter painter_;
+  std::size_t width_;
   input::bdf::TextPosition start_;
   std::size_t gutter_;
 };
@@ -156,7 +158,7 @@ std::string counts_text(const Totals& totals) {
 
 std::string report_text(const Diagnostic& diagnostic, const input::bdf::SourceText& source,
                         std::string_view file, const ReportForm& form) {
-  return form.human ? HumanReport(diagnostic, source, form.colour).text(file)
+  return form.human ? HumanReport(diagnostic, source, form).text(file)
                     : concise_text(diagnostic, source, file) + '\n';
 }
 

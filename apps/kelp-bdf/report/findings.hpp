@@ -26,6 +26,7 @@ struct Totals {
 struct ReportForm {
   bool human = true;  ///< with the line at fault, as people like to read it; else on one line
   bool colour = false;
+  std::size_t width = 160;  ///< the most of a line that is shown, in bytes
 };
 
 /// Returns a diagnostic about a text in such a form.

@@ -12,7 +12,9 @@ class HumanForm : public FindingsReport {
   explicit HumanForm(bool colour) : form_{true, colour} {}
 
   WrittenFinding write(const Finding& finding) const override {
-    return {report_text(finding.diagnostic, finding.source, finding.file, form_), {}, {}, false};
+    ReportForm form = form_;
+    form.width = finding.width;
+    return {report_text(finding.diagnostic, finding.source, finding.file, form), {}, {}, false};
   }
 
   std::string end(const Totals& totals) override { return human_summary(totals); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,8 +16,9 @@ namespace kelp::app {
 struct Finding {
   const input::bdf::Diagnostic& diagnostic;
   const input::bdf::SourceText& source;
-  std::string_view file;  ///< as the user named it
-  bool fails = false;     ///< it is a reason for the command to fail
+  std::string_view file;                   ///< as the user named it
+  bool fails = false;                      ///< it is a reason for the command to fail
+  std::size_t width = ReportForm().width;  ///< the most of a line that is shown
 };
 
 /// A finding in the words of a form.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +17,9 @@ struct FileOutline {
   std::string file;
   input::bdf::Outline outline;
   input::bdf::Calculation calculation;
+
+  static constexpr std::size_t usual_width = 100;
+  std::size_t width = usual_width;  ///< of the text, in columns
 };
 
 /// Returns what a file computes, and below that its outline, as people like to read it, what names

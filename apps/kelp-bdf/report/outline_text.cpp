@@ -17,7 +17,6 @@ namespace {
 using input::bdf::Outline;
 
 constexpr std::size_t longest_value = 60;
-constexpr std::size_t widest_line = 100;
 constexpr std::size_t widest_text = 44;
 constexpr std::size_t least_meaning = 30;
 
@@ -95,9 +94,9 @@ class TextWriter {
     for (const Line& line : lines_) {
       text += line.text;
       const std::size_t begin = std::max(column, core::unicode::display_width(line.text)) + 2;
-      if (!line.meaning.empty() && begin + least_meaning <= widest_line) {
+      if (!line.meaning.empty() && begin + least_meaning <= file_.width) {
         text.append(begin - core::unicode::display_width(line.text), ' ');
-        text += core::unicode::fitted(line.meaning, widest_line - begin);
+        text += core::unicode::fitted(line.meaning, file_.width - begin);
       }
       text += '\n';
     }

@@ -64,6 +64,18 @@ TEST_F(SchemaOption, IsReplacedByTheVariable) {
   expect_own_schema(check(own_input));
 }
 
+TEST_F(SchemaOption, ThatTheVariableNamesMustBeAFile) {
+  for (const char* const name : {"/nonexistent", "missing.yaml", "."}) {
+    program.set_variable("KELP_BDF_INP_SCHEMA_YAML", name);
+    const Outcome outcome = check(good_input);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "kelp-bdf: KELP_BDF_INP_SCHEMA_YAML names '" + std::string(name) +
+                               "', which is no file\n");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(check(good_input, {"--schema=../schema.yaml"}).status, 0);
+  }
+}
+
 TEST_F(SchemaOption, MustNameAFileThatCanBeRead) {
   program.write("folder/own.yaml", own_schema);
   const Outcome missing = check(good_input, {"--schema=missing.yaml"});

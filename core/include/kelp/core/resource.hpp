@@ -18,6 +18,16 @@ bool is_regular_file_path(const std::string& path);
 /// other folders.
 std::string path_beside(const std::string& file, const std::string& name);
 
+/// Returns a path that begins at the root, without `.` and `..`; links are not followed.
+std::string full_path(const std::string& path);
+
+/// Returns the folder that a full path lies in; the root lies in itself.
+std::string folder_of(const std::string& full_path);
+
+/// Tells whether a file lies in a folder itself, after all symbolic links on the way to both are
+/// followed.
+bool lies_in(const std::string& file, const std::string& folder);
+
 /// Returns a file's name without its folder and its last ending: `a` of `b/a.inp`.
 std::string stem_of(const std::string& file);
 
