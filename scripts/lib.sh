@@ -18,6 +18,16 @@ say() {
     printf '%s\n' "$*" >&2
 }
 
+# Prints the comment that a script begins with, when that is all that was asked for.
+help_if_asked() {
+    case ${1-} in
+    -h | --help)
+        sed -n '2,/^set/s/^# \{0,1\}//p' "$0"
+        exit 0
+        ;;
+    esac
+}
+
 die() {
     say "${0##*/}: $*"
     exit 2
@@ -33,17 +43,38 @@ missing_packages() {
     done
 }
 
-# Runs a command as root, directly or through sudo without a question.
+# Tells whether somebody is there to be asked for a password.
+can_ask() {
+    [[ -t 0 && -t 2 ]]
+}
+
+# Runs a command as root, directly or through sudo, which asks for a password where somebody is there.
 as_root() {
     if [[ $(id -u) -eq 0 ]]; then
         "$@"
+    elif can_ask; then
+        sudo "$@"
     else
         sudo -n "$@"
     fi
 }
 
 can_be_root() {
-    [[ $(id -u) -eq 0 ]] || sudo -n true 2>/dev/null
+    [[ $(id -u) -eq 0 ]] || sudo -n true 2>/dev/null || { can_ask && sudo -v; }
+}
+
+# logged LOG COMMAND...: runs a command with all its output in a file; shows the end of it when the
+# command fails.
+logged() {
+    local log=$1
+    shift
+    mkdir -p "$(dirname -- "$log")"
+    "$@" >"$log" 2>&1 </dev/null && return
+    # A compiler's errors may be far from the end.
+    grep -aE '(^FAILED|error)' -- "$log" | head -n 20 >&2 || true
+    tail -n 20 -- "$log" >&2
+    say "all output is in $log"
+    return 1
 }
 
 # Installs what is missing of the named packages; without a call to apt when nothing is.
@@ -53,13 +84,16 @@ need_packages() {
         die "this is no Debian system; install the equivalents of: $*"
     mapfile -t missing < <(missing_packages "$@")
     [[ ${#missing[@]} -gt 0 ]] || return 0
-    can_be_root || die "packages are missing and neither root nor sudo can install them; install:
-  apt-get install --no-install-recommends ${missing[*]}"
+    can_be_root || die "packages are missing and neither root nor sudo can install them; as root run:
+  apt-get update && apt-get install --no-install-recommends ${missing[*]}"
     say "Installing: ${missing[*]}"
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q >&2 ||
+    logged "$root/build/apt-update.log" \
+        as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q ||
         die "the package lists could not be refreshed"
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends \
-        "${missing[@]}" >&2 || die "these packages could not be installed: ${missing[*]}"
+    logged "$root/build/apt-install.log" \
+        as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q \
+        --no-install-recommends "${missing[@]}" ||
+        die "these packages could not be installed: ${missing[*]}"
 }
 
 # Configures a preset unless it is. A folder that was moved along with its checkout is configured
@@ -75,16 +109,22 @@ configure() {
         rm -rf -- "$folder/CMakeCache.txt" "$folder/CMakeFiles"
     fi
     if [[ ! -f $folder/CMakeCache.txt || $root/CMakePresets.json -nt $folder/build.ninja ]]; then
-        (cd -- "$root" && cmake --preset "$preset") >&2 || die "cannot configure build/$preset"
+        say "Configuring build/$preset"
+        (cd -- "$root" && logged "$folder/configure.log" cmake --preset "$preset") ||
+            die "cannot configure build/$preset"
     fi
 }
 
 # Brings the named targets of a preset up to date; says nothing when they are.
 build() {
-    local folder=$root/build/$1
+    local folder=$root/build/$1 begin=$SECONDS
     local -a targets=("${@:2}")
     configure "$1"
     if [[ $(ninja -C "$folder" -n "${targets[@]}" 2>&1) != *"no work to do."* ]]; then
-        ninja -C "$folder" -j "$(nproc)" "${targets[@]}" >&2 || die "cannot build build/$1"
+        say "Building build/$1, which takes some minutes the first time; the output goes to" \
+            "build/$1/build.log"
+        logged "$folder/build.log" ninja -C "$folder" -j "$(nproc)" "${targets[@]}" ||
+            die "cannot build build/$1"
+        say "Built build/$1 in $((SECONDS - begin)) s"
     fi
 }
