@@ -35,6 +35,14 @@ if(TARGET kelp-bdf)
     ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   set_target_properties(kelp-bdf PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
   install(TARGETS kelp-bdf RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES docs/kelp-bdf.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  set(shell_dir ${PROJECT_SOURCE_DIR}/apps/kelp-bdf/shell)
+  install(FILES ${shell_dir}/kelp-bdf.bash RENAME kelp-bdf
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions)
+  install(FILES ${shell_dir}/_kelp-bdf
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/zsh/site-functions)
+  install(FILES ${shell_dir}/kelp-bdf.fish
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/fish/vendor_completions.d)
 endif()
 
 # find_package(kelp_bdf_inp CONFIG). No dependency is looked for: none is visible to a host.

@@ -5,8 +5,13 @@
 
 #include <algorithm>
 #include <exception>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "cli/command_options.hpp"
+#include "cli/completion.hpp"
+#include "cli/manual.hpp"
 #include "cli/output.hpp"
 #include "cli/session.hpp"
 #include "kelp/core/unicode.hpp"
@@ -53,6 +58,11 @@ const CLI::App& chosen_command(const CLI::App& app) {
   return chosen.empty() ? app : chosen_command(*chosen.front());
 }
 
+std::string unknown_command(const CLI::App& command, const std::string& name) {
+  return fmt::format("unknown command '{}'{}", name,
+                     did_you_mean(input::bdf::similar_names(name, command_names(command))));
+}
+
 // What is left over is a misspelt option or one argument too many.
 std::string explain_extra(const CLI::App& app, const std::string& extra) {
   const CLI::App& command = chosen_command(app);
@@ -62,15 +72,9 @@ std::string explain_extra(const CLI::App& app, const std::string& extra) {
                        did_you_mean(input::bdf::similar_names(name, option_names(command))));
   }
   if (!command.get_subcommands({}).empty()) {
-    return fmt::format("unknown command '{}'{}", extra,
-                       did_you_mean(input::bdf::similar_names(extra, command_names(command))));
+    return unknown_command(command, extra);
   }
   return fmt::format("unexpected argument '{}'", extra);
-}
-
-std::string help_call(const CLI::App& command) {
-  const CLI::App* const parent = command.get_parent();
-  return (parent == nullptr ? "" : help_call(*parent) + ' ') + command.get_name();
 }
 
 std::string explain(const CLI::App& app, const CLI::ParseError& error) {
@@ -83,7 +87,7 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
   if (text.ends_with(" missing")) {
     text = fmt::format("option '{}' needs a value", text.substr(0, text.find(':')));
   }
-  return fmt::format("{}; see '{} --help'", text, help_call(chosen_command(app)));
+  return fmt::format("{}; see '{} --help'", text, call_of(chosen_command(app)));
 }
 
 ExitStatus usage_error(const CLI::App& app, const CLI::ParseError& error) {
@@ -133,23 +137,96 @@ bool read_options(CLI::App& app, std::vector<std::string> arguments, ExitStatus&
     app.parse(std::move(arguments));
     return true;
   } catch (const CLI::CallForHelp&) {
-    const CLI::App& command = chosen_command(app);
-    print(&command == &app ? app.help() : command.help(app.get_name()));
+    print(help_text(chosen_command(app)));
   } catch (const CLI::ParseError& error) {
     status = usage_error(app, error);
   }
   return false;
 }
 
+ExitStatus print_help(const CLI::App& app, const std::vector<std::string>& names) {
+  const CLI::App* command = &app;
+  for (const std::string& name : names) {
+    const CLI::App* const child = child_of(*command, name);
+    if (child == nullptr) {
+      complain(unknown_command(*command, name));
+      return ExitStatus::Failure;
+    }
+    command = child;
+  }
+  print(help_text(*command));
+  return ExitStatus::Success;
+}
+
+void add_help(CLI::App& app, Session& session) {
+  struct Options {
+    std::vector<std::string> names;
+    bool manual = false;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App* const command = app.add_subcommand("help", "Tell how a command is used");
+  command->add_option("command", options->names, "A command, such as 'check' or 'schema list'")
+      ->type_name("COMMAND");
+  command->add_flag("--man", options->manual, "Print the manual page of all commands, for man");
+  add_common_options(*command, session.options);
+  command->callback([&app, &session, options] {
+    session.run = [&app, options] {
+      if (options->manual) {
+        print(manual_page(app));
+        return ExitStatus::Success;
+      }
+      return print_help(app, options->names);
+    };
+  });
+}
+
+void add_completion(CLI::App& app, Session& session) {
+  const auto shell = std::make_shared<std::string>();
+  CLI::App* const command =
+      app.add_subcommand("completion", "Print what makes a shell complete words of the command");
+  command->add_option("shell", *shell, "The shell that it is for")
+      ->required()
+      ->check(CLI::IsMember({"bash", "zsh", "fish", "powershell"}).description(""))
+      ->type_name("bash|zsh|fish|powershell");
+  command->footer(
+      "To be read when the shell starts: bash in ~/.bashrc 'source <(kelp-bdf completion bash)', "
+      "zsh "
+      "in ~/.zshrc behind compinit the like, fish in config.fish 'kelp-bdf completion fish | "
+      "source', "
+      "PowerShell in its profile 'kelp-bdf completion powershell | Out-String | "
+      "Invoke-Expression'. "
+      "Where the command is installed for all, bash, zsh and fish find it by themselves.");
+  add_common_options(*command, session.options);
+  command->callback([&session, shell] {
+    session.run = [shell] {
+      print(shell_script(*shell));
+      return ExitStatus::Success;
+    };
+  });
+}
+
+// What goes wrong is nothing to tell while somebody types.
+ExitStatus print_candidates(const CLI::App& app, const std::vector<std::string>& arguments,
+                            Session& session) {
+  try {
+    const std::vector<std::string> words(arguments.begin() + 1, arguments.end());
+    print(candidates_text(complete(app, words_of_script(words), session)));
+  } catch (const std::exception&) {
+    return ExitStatus::Failure;
+  }
+  return ExitStatus::Success;
+}
+
 void describe(CLI::App& app, Session& session, bool& show_version) {
   // A path may well begin with a slash.
   app.allow_windows_style_options(false);
   app.description("Checks, lays out and changes input files of the BDF program");
-  app.set_help_flag("-h,--help", "Print this help");
   app.add_flag("--version", show_version, "Print the versions of program, library and schema");
   app.require_subcommand(0, 1);
   add_common_options(app, session.options);
   add_commands(app, session);
+  add_help(app, session);
+  add_completion(app, session);
 }
 
 ExitStatus run_command(Session& session, bool show_version) {
@@ -176,6 +253,9 @@ ExitStatus run(std::vector<std::string> arguments) {
   bool show_version = false;
   CLI::App app("", "kelp-bdf");
   describe(app, session, show_version);
+  if (!arguments.empty() && arguments.front() == completing_command) {
+    return print_candidates(app, arguments, session);
+  }
   ExitStatus status = ExitStatus::Success;
   if (read_options(app, std::move(arguments), status)) {
     status = run_command(session, show_version);

@@ -13,6 +13,7 @@
 #include "cli/output.hpp"
 #include "cli/size.hpp"
 #include "commands/commands.hpp"
+#include "kelp/core/text.hpp"
 #include "report/findings_report.hpp"
 #include "report/output_schemas.hpp"
 
@@ -40,6 +41,11 @@ CLI::Validator not_empty() {
             return std::string(text.empty() ? "it must not be empty" : "");
           },
           ""};
+}
+
+// The words are shown as the type of the option.
+CLI::Validator one_of(std::vector<std::string> words) {
+  return CLI::IsMember(std::move(words)).description("");
 }
 
 // That there is one is seen when they are looked for: a list may name them.
@@ -71,10 +77,9 @@ void add_deliver_options(CLI::App& command, DeliverOptions& options) {
   command.add_flag("--diff", options.diff, "Print what would change, as a unified diff")
       ->excludes(in_place);
   command.add_flag("--force", options.force, "Write although something is lost or becomes wrong");
-  command
-      .add_option("--format", options.format,
-                  "How to report reasons against writing: human or concise")
-      ->check(CLI::IsMember({"human", "concise"}))
+  command.add_option("--format", options.format, "How reasons against writing are printed")
+      ->check(one_of({"human", "concise"}))
+      ->type_name("human|concise")
       ->capture_default_str();
 }
 
@@ -111,10 +116,9 @@ void add_edits(CLI::App& command, SetOptions& options) {
 }
 
 void add_form(CLI::App& command, std::string& form) {
-  command
-      .add_option("--format", form,
-                  "human, concise (a line for each finding), json, jsonl, sarif, github, junit")
-      ->check(CLI::IsMember(findings_forms()))
+  command.add_option("--format", form, "How findings are printed; concise is a line for each")
+      ->check(one_of(findings_forms()))
+      ->type_name(core::text::join(findings_forms(), "|"))
       ->capture_default_str()
       ->take_last();
 }
@@ -159,7 +163,7 @@ void add_amounts(CLI::App& command, CheckOptions& options) {
       ->excludes(most);
   command
       .add_option("-j,--jobs", options.jobs, "Check so many files at once; else as many as cores")
-      ->check(CLI::Range(1, most_jobs))
+      ->check(CLI::Range(1, most_jobs).description(""))
       ->type_name("N")
       ->take_last();
 }
@@ -183,8 +187,9 @@ void add_check(CLI::App& app, Session& session) {
   const auto options = std::make_shared<CheckOptions>();
   CLI::App* const command = app.add_subcommand("check", "Report findings");
   add_inputs(*command, *options);
-  command->add_option("--unknown", options->unknown, "What unknown names are: error, warn, ignore")
-      ->check(CLI::IsMember({"error", "warn", "ignore"}))
+  command->add_option("--unknown", options->unknown, "What unknown names are")
+      ->check(one_of({"error", "warn", "ignore"}))
+      ->type_name("error|warn|ignore")
       ->capture_default_str()
       ->take_last();
   add_form(*command, options->format);
@@ -370,12 +375,14 @@ void add_schema(CLI::App& app, Session& session) {
 }  // namespace
 
 void add_common_options(CLI::App& command, CommonOptions& options) {
+  command.option_defaults()->group(shared_group);
   command.add_option("--schema", options.schema_file, "The vocabulary to use")
       ->check(not_empty())
       ->type_name("FILE")
       ->take_last();
-  command.add_option("--color", options.colour, "Use colours: auto, always, never")
-      ->check(CLI::IsMember({"auto", "always", "never"}))
+  command.add_option("--color", options.colour, "Use colours")
+      ->check(one_of({"auto", "always", "never"}))
+      ->type_name("auto|always|never")
       ->capture_default_str()
       ->take_last();
   command
@@ -385,10 +392,12 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
       ->type_name("NAME")
       ->take_last();
   command
-      .add_option("--lang", options.language,
-                  "The language of what names and values mean: en or zh; else that of LC_ALL, "
-                  "LC_MESSAGES, LANG")
-      ->check(CLI::IsMember({"en", "zh"}))
+      .add_option(
+          "--lang", options.language,
+          "The language of what names and values mean; else that of the configuration, or of "
+          "LC_ALL, LC_MESSAGES, LANG")
+      ->check(one_of({"en", "zh"}))
+      ->type_name("en|zh")
       ->take_last();
   const auto read_size = [&options](const CLI::results_t& given) {
     options.max_size = *parse_size(given.back());
@@ -402,6 +411,8 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
       ->take_last();
   command.add_flag("--no-config", options.no_config, "Take no settings from '.kelp-bdf.toml'");
   command.add_flag("-q,--quiet", options.quiet, "Say nothing; the exit status tells");
+  command.set_help_flag("-h,--help", "Print this help");
+  command.option_defaults()->group("Options");
 }
 
 void add_commands(CLI::App& app, Session& session) {

@@ -6,6 +6,9 @@
 
 namespace kelp::app {
 
+/// The heading above the options that every command has.
+inline constexpr const char* shared_group = "Options of every command";
+
 /// Adds the options that every command has.
 void add_common_options(CLI::App& command, CommonOptions& options);
 

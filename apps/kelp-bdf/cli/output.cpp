@@ -1,6 +1,8 @@
 #include "cli/output.hpp"
 
+#include <algorithm>
 #include <cstdio>
+#include <string>
 
 #include "kelp/core/resource.hpp"
 #include "kelp/core/unicode.hpp"
@@ -23,6 +25,22 @@ void flush() {
   }
 }
 
+std::string_view colour_of_diff_line(std::string_view line) {
+  if (line.starts_with("+++ ") || line.starts_with("--- ")) {
+    return "\x1B[1m";
+  }
+  switch (line.empty() ? ' ' : line.front()) {
+    case '+':
+      return "\x1B[32m";
+    case '-':
+      return "\x1B[31m";
+    case '@':
+      return "\x1B[36m";
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 void print(std::string_view text) {
@@ -37,6 +55,20 @@ void print_contents(std::string_view text) {
     print(core::unicode::displayable_lines(text));
   } else {
     print(text);
+  }
+}
+
+void print_diff(std::string_view diff, bool colour) {
+  if (!colour) {
+    print_contents(diff);
+    return;
+  }
+  while (!diff.empty()) {
+    const std::string_view line = diff.substr(0, diff.find('\n'));
+    diff.remove_prefix(std::min(diff.size(), line.size() + 1));
+    print(colour_of_diff_line(line));
+    print_contents(line);
+    print("\x1B[0m\n");
   }
 }
 
@@ -68,8 +100,10 @@ bool use_colour(std::string_view when, core::console::Stream stream) {
   if (when != "auto") {
     return when == "always";
   }
+  const std::string forced = core::resource::getenv_string("CLICOLOR_FORCE");
   return core::resource::getenv_string("NO_COLOR").empty() &&
-         core::resource::getenv_string("TERM") != "dumb" && core::console::is_terminal(stream);
+         ((!forced.empty() && forced != "0") ||
+          (core::resource::getenv_string("TERM") != "dumb" && core::console::is_terminal(stream)));
 }
 
 }  // namespace kelp::app

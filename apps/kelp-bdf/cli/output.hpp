@@ -16,6 +16,9 @@ void print(std::string_view text);
 /// form that is safe to show on a terminal.
 void print_contents(std::string_view text);
 
+/// Writes a unified diff to standard output, as `print_contents` does; with colours if wanted.
+void print_diff(std::string_view diff, bool colour);
+
 /// Writes to standard error, behind all that was printed before.
 void print_aside(std::string_view text);
 

@@ -241,7 +241,7 @@ class Check {
     if (options_.diff) {
       teller.tell([this, difference = unified_diff(source.name, input.source().text(), text)] {
         progress_.clear();
-        print_contents(difference);
+        print_diff(difference, use_colour(session_.options.colour));
       });
     } else {
       core::fs::replace_text_file(source.path, input.source().text(), text);

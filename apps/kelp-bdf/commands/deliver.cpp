@@ -43,13 +43,14 @@ void write_to(const std::string& path, std::string_view text) {
 }
 
 ExitStatus show_difference(const Source& source, std::string_view old_text,
-                           std::string_view new_text, const DeliverOptions& options, bool quiet) {
+                           std::string_view new_text, const DeliverOptions& options,
+                           const Session& session) {
   if (old_text == new_text) {
     return ExitStatus::Success;
   }
   if (options.diff) {
-    print_contents(unified_diff(source.name, old_text, new_text));
-  } else if (!quiet) {
+    print_diff(unified_diff(source.name, old_text, new_text), use_colour(session.options.colour));
+  } else if (!session.options.quiet) {
     print(core::unicode::displayable(source.name) + '\n');
   }
   return options.check ? ExitStatus::Findings : ExitStatus::Success;
@@ -65,7 +66,7 @@ ExitStatus deliver(const Source& source, const input::bdf::SourceText& old, cons
   const std::string_view old_text = old.text();
   const bool quiet = session.options.quiet;
   if (options.check && !options.diff) {
-    return show_difference(source, old_text, rewrite.text, options, quiet);
+    return show_difference(source, old_text, rewrite.text, options, session);
   }
   if (!quiet) {
     report_losses(source, rewrite, options, session);
@@ -80,7 +81,7 @@ ExitStatus deliver(const Source& source, const input::bdf::SourceText& old, cons
     return ExitStatus::Failure;
   }
   if (options.diff) {
-    return show_difference(source, old_text, rewrite.text, options, quiet);
+    return show_difference(source, old_text, rewrite.text, options, session);
   }
   const bool in_place =
       options.in_place || (source.path != "-" && source.path == options.output_file);

@@ -66,9 +66,9 @@ TEST(ShownTexts, OnATerminalHoldNothingThatItObeys) {
   Program program;
   program.write("a.inp", rough);
   for (const char* const arguments :
-       {"format --diff a.inp", "format a.inp", "set --diff a.inp scf.charge=1",
-        "check --color=never a.inp", "show a.inp", "show --json a.inp",
-        "get scf.charge --json a.inp"}) {
+       {"format --diff --color=never a.inp", "format a.inp",
+        "set --diff --color=never a.inp scf.charge=1", "check --color=never a.inp", "show a.inp",
+        "show --json a.inp", "get scf.charge --json a.inp"}) {
     const Outcome outcome = run_on_terminal(program, arguments);
     if (outcome.status == 77) {
       GTEST_SKIP() << "there is no terminal to be had";
@@ -76,7 +76,7 @@ TEST(ShownTexts, OnATerminalHoldNothingThatItObeys) {
     EXPECT_EQ(outcome.out.find('\x1B'), std::string::npos) << outcome.out;
     EXPECT_EQ(outcome.out.find("\u202E"), std::string::npos) << outcome.out;
   }
-  EXPECT_THAT(run_on_terminal(program, "format --diff a.inp").out,
+  EXPECT_THAT(run_on_terminal(program, "format --diff --color=never a.inp").out,
               HasSubstr("-charge # \\x1b[31m\\u202e\r\n"));
 }
 
