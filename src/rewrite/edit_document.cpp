@@ -14,9 +14,9 @@
 #include "kelp/input/bdf/names.hpp"
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/molecule_names.hpp"
+#include "model/same_value.hpp"
 #include "model/script_name.hpp"
 #include "rewrite/edit_parts.hpp"
-#include "rewrite/same_value.hpp"
 
 namespace kelp::input::bdf {
 namespace {

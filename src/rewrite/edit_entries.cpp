@@ -13,9 +13,9 @@
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/from_schema.hpp"
 #include "model/molecule_names.hpp"
+#include "model/same_value.hpp"
 #include "model/value_lines.hpp"
 #include "rewrite/edit_parts.hpp"
-#include "rewrite/same_value.hpp"
 #include "schema/lookup.hpp"
 #include "source/atom_line.hpp"
 

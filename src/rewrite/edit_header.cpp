@@ -8,8 +8,8 @@
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/from_schema.hpp"
+#include "model/same_value.hpp"
 #include "rewrite/edit_parts.hpp"
-#include "rewrite/same_value.hpp"
 
 namespace kelp::input::bdf {
 namespace {

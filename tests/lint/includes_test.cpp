@@ -125,6 +125,7 @@ const std::vector<Room>& rooms() {
       {"completion", {"completion.hpp"}, {"path"}},
       {"molecule", {"molecule.hpp"}, {"path"}},
       {"outline", {"outline.hpp"}, {"path", "molecule"}},
+      {"difference", {"difference.hpp"}, {"path", "molecule"}},
       {"advice",
        {"calculation.hpp", "diagnostics.hpp"},
        {"input", "path", "molecule", "knowledge"}},

@@ -268,6 +268,26 @@ void add_show(CLI::App& app, Session& session) {
   run_when_named(*command, session, options, run_show);
 }
 
+void add_diff(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<DiffOptions>();
+  CLI::App* const command =
+      app.add_subcommand("diff", "Tell what differs in meaning between two inputs");
+  command->add_option("before", options->before, "The first input, - for standard input")
+      ->required()
+      ->check(not_empty())
+      ->type_name("FILE|-");
+  command->add_option("after", options->after, "The second input, - for standard input")
+      ->required()
+      ->check(not_empty())
+      ->type_name("FILE|-");
+  command->add_flag("--json", options->json, "Print one JSON document");
+  command->footer(
+      "Blanks, comments, letter case, aliases, how numbers are written and the order of entries "
+      "make no difference; values, modules and their order, and atoms do. The status is 0 when "
+      "nothing differs, 1 when something does, 2 when a file cannot be read.");
+  run_when_named(*command, session, options, run_diff);
+}
+
 void add_explain(CLI::App& app, Session& session) {
   const auto options = std::make_shared<ExplainOptions>();
   CLI::App* const command =
@@ -421,6 +441,7 @@ void add_commands(CLI::App& app, Session& session) {
   add_set(app, session);
   add_get(app, session);
   add_show(app, session);
+  add_diff(app, session);
   add_explain(app, session);
   add_config(app, session);
   add_schema(app, session);

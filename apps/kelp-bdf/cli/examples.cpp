@@ -26,6 +26,7 @@ const std::vector<Example>& examples() {
       {"get", "get easy.basis runs", "Print the basis set of each input in a folder."},
       {"get", "get geometry --json water.inp", "Print the atoms with their positions, as JSON."},
       {"show", "show water.inp", "Print what a file computes, and its outline."},
+      {"diff", "diff water.inp new.inp", "Tell what differs in meaning, not in layout."},
       {"explain", "explain scf.guess", "Tell what an entry means, and which values it takes."},
       {"explain", "explain bdf.unknown_entry", "Tell what a finding means, and how to mend it."},
       {"config", "config runs", "Print which settings hold in a folder."},
@@ -33,6 +34,7 @@ const std::vector<Example>& examples() {
       {"schema list", "schema list", "List all modules."},
       {"schema list", "schema list scf", "List the entries of a module."},
       {"schema lint", "schema lint ours.yaml", "Check a vocabulary of one's own."},
+      {"schema findings", "schema findings", "Print the JSON Schema of 'check --format json'."},
       {"completion", "completion bash", "Print what makes bash complete words of the command."},
   };
   return all;

@@ -67,6 +67,15 @@ struct ShowOptions : InputOptions {
 /// Prints outlines.
 ExitStatus run_show(const ShowOptions& options, Session& session);
 
+struct DiffOptions {
+  std::string before;
+  std::string after;
+  bool json = false;
+};
+
+/// Prints in what two inputs differ.
+ExitStatus run_diff(const DiffOptions& options, Session& session);
+
 struct ExplainOptions {
   std::string name;
 };

@@ -21,21 +21,15 @@ ParsedInput read_input(const Source& source, Session& session) {
   return input;
 }
 
-Json schema_json(const input::bdf::InputSchema& schema) {
-  const input::bdf::SchemaMetadata& metadata = schema.metadata();
-  return {{"version", metadata.schema_version}, {"bdf_version", metadata.bdf_version}};
-}
-
 ExitStatus show_as_json(const Sources& sources, Session& session) {
   JsonList list("inputs");
-  const Json about_all = {{"schema", schema_json(session.schema())}};
   print(list.begin());
   const ExitStatus status = for_each_source(sources, [&](const Source& source) {
     print_contents(list.add(input_json(source.name, read_input(source, session),
                                        session.settings_of(source).language)));
     return ExitStatus::Success;
   });
-  print_contents(list.end(about_all));
+  print_contents(list.end());
   return status;
 }
 

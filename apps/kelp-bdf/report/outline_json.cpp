@@ -29,6 +29,9 @@ class InputJson {
   Json run(const std::string& file) const {
     return {
         {"file", file},
+        {"schema",
+         {{"version", input_.schema().metadata().schema_version},
+          {"bdf_version", input_.schema().metadata().bdf_version}}},
         {"mode", to_string(outline_.mode)},
         {"script_name", outline_.script_name ? Json(*outline_.script_name) : Json()},
         {"header", list_of(outline_.header, [this](const auto& word) { return made(word); })},

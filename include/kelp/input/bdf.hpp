@@ -6,6 +6,7 @@
 #include "kelp/input/bdf/calculation.hpp"
 #include "kelp/input/bdf/completion.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
+#include "kelp/input/bdf/difference.hpp"
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/editor.hpp"
 #include "kelp/input/bdf/explain.hpp"

@@ -89,6 +89,16 @@ def validate_values(folder, names):
         assert len(document["inputs"]) == len(names)
 
 
+def validate_differences(folder, names):
+    validator = schema_called("differences")
+    count = 0
+    for before, after in zip(names, names[1:]):
+        document = json.loads(printed(folder, "diff", "--json", "--", before, after))
+        hold(validator, document, f"diff --json {before} {after}")
+        count += len(document["differences"])
+    assert count > len(names), count
+
+
 def validate_sarif(folder, names):
     file = os.environ.get("KELP_SARIF_SCHEMA")
     if not file:
@@ -109,6 +119,7 @@ def main():
         records = validate_findings(folder, names)
         shown = validate_outlines(folder, names)
         validate_values(folder, names)
+        validate_differences(folder, inputs.write(folder) + inputs.published(SOURCE, ""))
         validate_sarif(folder, names)
         print(f"{records} findings and {shown} inputs keep to their schemas")
 

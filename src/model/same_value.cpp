@@ -1,4 +1,4 @@
-#include "rewrite/same_value.hpp"
+#include "model/same_value.hpp"
 
 #include <algorithm>
 
@@ -9,19 +9,23 @@
 namespace kelp::input::bdf {
 namespace {
 
-bool same_field(std::string_view left, std::string_view right) {
-  if (left == right) {
-    return true;
-  }
-  const auto left_number = core::number::parse_float(left);
-  const auto right_number = core::number::parse_float(right);
-  if (left_number && right_number) {
-    return *left_number == *right_number;
+std::string normal_field(std::string_view field) {
+  if (const auto number = core::number::parse_float(field)) {
+    return core::number::to_text(*number == 0.0 ? 0.0 : *number);
   }
   // A name of a file keeps its case.
-  const bool is_path = left.find_first_of("/\\$=") != std::string_view::npos ||
-                       left.find('.') != std::string_view::npos;
-  return !is_path && core::text::equals_ignoring_case(left, right);
+  const bool is_path = field.find_first_of("/\\$=.") != std::string_view::npos;
+  return is_path ? std::string(field) : core::text::to_lower(field);
+}
+
+bool same_field(std::string_view left, std::string_view right) {
+  return left == right || normal_field(left) == normal_field(right);
+}
+
+std::vector<std::string_view> fields_of(std::string_view line) {
+  std::vector<std::string_view> fields;
+  split_value_tokens(clean_value_line(line), fields);
+  return fields;
 }
 
 std::vector<std::string_view> telling_lines(const std::vector<std::string>& values) {
@@ -35,10 +39,8 @@ std::vector<std::string_view> telling_lines(const std::vector<std::string>& valu
 }  // namespace
 
 bool same_value_line(std::string_view left, std::string_view right) {
-  std::vector<std::string_view> left_fields;
-  std::vector<std::string_view> right_fields;
-  split_value_tokens(clean_value_line(left), left_fields);
-  split_value_tokens(clean_value_line(right), right_fields);
+  const auto left_fields = fields_of(left);
+  const auto right_fields = fields_of(right);
   return std::equal(left_fields.begin(), left_fields.end(), right_fields.begin(),
                     right_fields.end(), same_field);
 }
@@ -48,6 +50,14 @@ bool same_values(const std::vector<std::string>& left, const std::vector<std::st
   const auto right_lines = telling_lines(right);
   return std::equal(left_lines.begin(), left_lines.end(), right_lines.begin(), right_lines.end(),
                     same_value_line);
+}
+
+std::string normal_value_line(std::string_view line) {
+  std::string normal;
+  for (const std::string_view field : fields_of(line)) {
+    normal += (normal.empty() ? "" : " ") + normal_field(field);
+  }
+  return normal;
 }
 
 }  // namespace kelp::input::bdf
