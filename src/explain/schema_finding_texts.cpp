@@ -49,12 +49,16 @@ constexpr auto texts = std::to_array<FindingText>({
      "Use the first word only.", "schema_version: 1\nmodules: {scf: {entries: {max iter: {}}}}\n",
      "schema_version: 1\nmodules: {scf: {entries: {maxiter: {}}}}\n", error},
     {"schema.unknown_kind", "There is no such kind; the entry is read as a scalar.", "A slip.",
-     "Use one of flag, scalar, tuple, multiline, counted_rows, nested_block, terminated_block, "
-     "raw.",
+     "Use one of flag (or bool, boolean), scalar, tuple, multiline (or multi_line, vector), "
+     "counted_rows (or countedrows), nested_block (or nestedblock), terminated_block (or "
+     "terminatedblock, block), raw.",
      "schema_version: 1\nmodules: {scf: {entries: {rhf: {kind: switch}}}}\n",
      "schema_version: 1\nmodules: {scf: {entries: {rhf: {kind: flag}}}}\n", error},
     {"schema.unknown_type", "There is no such type of value; nothing would be checked.", "A slip.",
-     "Use string, integer or float.",
+     "Use integer, float or number; string or any for what is not looked at. A word with _array "
+     "(integer_array, float_array, number_array, string_array) is read as the same without it; "
+     "bool "
+     "and boolean accept everything, and are for readers.",
      "schema_version: 1\nmodules: {scf: {entries: {charge: {value_type: int}}}}\n",
      "schema_version: 1\nmodules: {scf: {entries: {charge: {value_type: integer}}}}\n", error},
     {"schema.missing_terminator",

@@ -37,7 +37,7 @@ class DescriptionCheck {
   }
 
   void run() {
-    check_words();
+    check_terminator();
     check_effects();
     check_arities();
     check_bounds();
@@ -63,16 +63,7 @@ class DescriptionCheck {
                                                 info_.kind == EntryValueKind::TerminatedBlock);
   }
 
-  void check_words() {
-    if (has("kind")) {
-      check_kind();
-    }
-    if (has("value_type")) {
-      check_type(at("value_type"));
-    }
-    if (has("row")) {
-      check_row_types();
-    }
+  void check_terminator() {
     if (is_block() && info_.terminator.empty()) {
       problems_.error("schema.missing_terminator", has("kind") ? at("kind") : map_,
                       "A block needs a 'terminator', the line that ends it.");
@@ -81,55 +72,6 @@ class DescriptionCheck {
       problems_.warning("schema.no_effect", at("terminator"),
                         "The '$' of a terminator is dropped: the line that ends the block is " +
                             quoted(info_.terminator) + ".");
-    }
-    if (has("category")) {
-      check_category();
-    }
-  }
-
-  void check_kind() {
-    const std::string word = normalize_key(at("kind").Scalar());
-    const bool known = std::any_of(kind_names.begin(), kind_names.end(),
-                                   [&word](const KindName& kind) { return kind.text == word; });
-    if (!known) {
-      Names names;
-      for (const KindName& kind : kind_names) {
-        names.emplace_back(kind.text);
-      }
-      problems_.unknown("schema.unknown_kind", at("kind"),
-                        "There is no kind " + quoted(word) + "; it is read as a scalar.",
-                        std::move(names));
-    }
-  }
-
-  void check_type(const YAML::Node& node) {
-    const std::string word = normalize_key(node.Scalar());
-    if (std::find(value_type_names.begin(), value_type_names.end(), word) ==
-        value_type_names.end()) {
-      problems_.unknown("schema.unknown_type", node,
-                        "There is no type " + quoted(word) + "; every value is of it.",
-                        Names(value_type_names.begin(), value_type_names.end()));
-    }
-  }
-
-  void check_row_types() {
-    const YAML::Node types = at("row")["types"];
-    if (types && types.IsScalar()) {
-      check_type(types);
-    } else if (types) {
-      for (const auto& type : types) {
-        budget_.pay_for(type);
-        check_type(type);
-      }
-    }
-  }
-
-  // These two words tell other things about a word of the header.
-  void check_category() {
-    const std::string category = normalize_key(at("category").Scalar());
-    if (described_ == Described::Keyword && (category == "method_spec" || category == "unknown")) {
-      problems_.error("schema.reserved_category", at("category"),
-                      "The category " + quoted(category) + " has a meaning of its own.");
     }
   }
 

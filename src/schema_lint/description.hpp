@@ -17,6 +17,11 @@ enum class Described { Entry, NestedEntry, Keyword };
 /// read, so that its meaning can be checked.
 bool check_description_form(const YAML::Node& map, Problems& problems, ExpansionBudget& budget);
 
+/// Checks the words of a description that are one of a list, its kind and its types, whatever else
+/// is wrong about it.
+void check_words(const YAML::Node& map, Described described, Problems& problems,
+                 ExpansionBudget& budget);
+
 /// Checks what a description says, which must be of the right form.
 void check_description(const YAML::Node& map, Described described, Problems& problems,
                        ExpansionBudget& budget);

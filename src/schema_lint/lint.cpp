@@ -230,6 +230,7 @@ class Linter {
       check_description(item.value, described, problems_, budget_);
       meanings_.check_values(item.value);
     }
+    check_words(item.value, described, problems_, budget_);
     if (!item.value.IsMap()) {
       return;
     }

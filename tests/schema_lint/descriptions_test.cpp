@@ -41,6 +41,33 @@ TEST(SchemaLint, FindsWordsAndKeysThatAreNotKnown) {
   });
 }
 
+TEST(SchemaLint, FindsEachOfSeveralSlipsInOneDescription) {
+  expect_problems({
+      {__LINE__,
+       with_entry("x: {kind: scaler, value_typ: integer}"),
+       {"2:35 schema.unknown_kind", "2:43 schema.unknown_key"}},
+      {__LINE__,
+       with_entry("x: {value_type: int, min: [1], row: {types: [real, [a]]}}"),
+       {"2:41 schema.unknown_type", "2:51 schema.wrong_type", "2:70 schema.unknown_type",
+        "2:76 schema.wrong_type"}},
+      // What only follows from a misspelt key is not told.
+      {__LINE__, with_entry("x: {kind: block, terminatr: end x}"), {"2:42 schema.unknown_key"}},
+  });
+}
+
+TEST(SchemaLint, TheTextsOfUnknownWordsNameAllThatAreAccepted) {
+  for (const char* const entry : {"x: {kind: table}", "x: {value_type: int}"}) {
+    const std::vector<SchemaProblem> problems = lint_schema(with_entry(entry));
+    ASSERT_EQ(problems.size(), 1U) << entry;
+    const FindingText* const text = find_finding_text(problems.front().code);
+    ASSERT_NE(text, nullptr);
+    EXPECT_GT(problems.front().known.size(), 5U);
+    for (const std::string& word : problems.front().known) {
+      EXPECT_NE(text->fix.find(word), std::string_view::npos) << word;
+    }
+  }
+}
+
 TEST(SchemaLint, FindsNodesOfTheWrongTypeAndScalarsThatDoNotConvert) {
   expect_problems({
       {__LINE__, with_entry("x: text"), {"2:28 schema.wrong_type"}},

@@ -44,6 +44,14 @@ TEST(Usage, HelpOfACommandListsItsOptions) {
   }
 }
 
+TEST(Usage, HelpOfANestedCommandShowsTheWholeCall) {
+  for (const char* const name : {"list", "lint", "findings"}) {
+    Program program;
+    EXPECT_THAT(program.run({"schema", name, "--help"}).out,
+                HasSubstr("Usage: kelp-bdf schema " + std::string(name) + " ["));
+  }
+}
+
 TEST(Usage, VersionNamesProgramLibraryAndSchema) {
   Program program;
   program.write("own.yaml",
