@@ -123,13 +123,13 @@ const std::vector<Room>& rooms() {
       {"input", {"parsed_input.hpp"}, {"parser", "source"}},
       {"path", {"value_path.hpp"}, {"input", "explain"}},
       {"completion", {"completion.hpp"}, {"path"}},
-      {"molecule", {"molecule.hpp"}, {"path"}},
+      {"molecule", {"molecule.hpp", "neighbours.hpp"}, {"path"}},
       {"outline", {"outline.hpp"}, {"path", "molecule"}},
       {"difference", {"difference.hpp"}, {"path", "molecule"}},
       {"advice",
        {"calculation.hpp", "diagnostics.hpp"},
        {"input", "path", "molecule", "knowledge"}},
-      {"diagnose", {"diagnostics.hpp"}, {"validate", "path", "advice"}},
+      {"diagnose", {"allowance.hpp", "diagnostics.hpp"}, {"validate", "path", "advice"}},
       {"rewrite", {"rewrite.hpp"}, {"editor", "render", "path", "molecule", "diagnose"}},
   };
   return all;

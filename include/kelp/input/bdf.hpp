@@ -3,6 +3,7 @@
 /// @file
 /// The whole public interface of the library, in one include.
 
+#include "kelp/input/bdf/allowance.hpp"
 #include "kelp/input/bdf/calculation.hpp"
 #include "kelp/input/bdf/completion.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
@@ -14,6 +15,7 @@
 #include "kelp/input/bdf/meaning.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/names.hpp"
+#include "kelp/input/bdf/neighbours.hpp"
 #include "kelp/input/bdf/outline.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/parser.hpp"
