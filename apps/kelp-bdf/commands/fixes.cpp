@@ -28,13 +28,17 @@ void SafeFixes::add(const input::bdf::Diagnostic& diagnostic) {
   }
 }
 
-std::string SafeFixes::apply_to(std::string_view text) const {
+std::vector<TextEdit> SafeFixes::edits() const {
   std::vector<TextEdit> edits;
   edits.reserve(edits_.size());
   for (const auto& [begin, edit] : edits_) {
     edits.push_back(edit);
   }
-  return apply_edits(text, edits);
+  return edits;
+}
+
+std::string SafeFixes::apply_to(std::string_view text) const {
+  return apply_edits(text, edits());
 }
 
 // Two insertions at one byte would have no order.

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/source.hpp"
@@ -19,6 +20,9 @@ class SafeFixes {
 
   /// Returns the number of fixes.
   std::size_t count() const { return count_; }
+
+  /// Returns the edits of all fixes, in the order of the text.
+  std::vector<input::bdf::TextEdit> edits() const;
 
   /// Returns the text of the input with all fixes.
   std::string apply_to(std::string_view text) const;

@@ -41,4 +41,26 @@ Json all_diagnostics(const View& view);
 /// Answers `textDocument/diagnostic`.
 Json pulled_diagnostics(const View& view, const Json& params);
 
+Json completion(const View& view, const Json& params);
+Json hover(const View& view, const Json& params);
+Json document_symbols(const View& view, const Json& params);
+Json folding_ranges(const View& view, const Json& params);
+Json selection_ranges(const View& view, const Json& params);
+Json highlights(const View& view, const Json& params);
+Json definition(const View& view, const Json& params);
+Json formatting(const View& view, const Json& params);
+Json range_formatting(const View& view, const Json& params);
+Json code_actions(const View& view, const Json& params);
+/// Answers `codeAction/resolve`; the parameters are the action.
+Json resolved_action(const View& view, const Json& params);
+Json semantic_tokens(const View& view, const Json& params);
+Json semantic_tokens_range(const View& view, const Json& params);
+Json inlay_hints(const View& view, const Json& params);
+/// Answers `kelp-bdf/molecule`, a request of our own: the molecule as XYZ text, and the line of
+/// each atom.
+Json molecule(const View& view, const Json& params);
+
+/// The command that tells what a code or a name means; its argument is the name.
+inline constexpr const char* explain_command = "kelp-bdf.explain";
+
 }  // namespace kelp::app::lsp

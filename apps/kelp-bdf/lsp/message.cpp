@@ -1,7 +1,10 @@
 #include "lsp/message.hpp"
 
 #include <cstdint>
+#include <string_view>
 #include <utility>
+
+#include "kelp/core/unicode.hpp"
 
 namespace kelp::app::lsp {
 namespace {
@@ -38,6 +41,19 @@ Message of_object(Json object) {
   return message;
 }
 
+// Some editors send a file of another encoding byte for byte. For each byte that is no UTF-8 they
+// count one unit, as for the replacement character.
+std::string with_replacements(std::string_view text) {
+  std::string plain;
+  while (!text.empty()) {
+    const std::size_t length = core::unicode::character_length(text);
+    const bool is_stray = length == 1 && static_cast<unsigned char>(text.front()) >= 0x80U;
+    plain += is_stray ? "\xEF\xBF\xBD" : text.substr(0, length);
+    text.remove_prefix(length);
+  }
+  return plain;
+}
+
 }  // namespace
 
 Message malformed_message(ErrorCode error, std::string trouble) {
@@ -49,6 +65,9 @@ Message malformed_message(ErrorCode error, std::string trouble) {
 
 Message read_message(std::string_view content) {
   Json json = Json::parse(content, nullptr, false);
+  if (json.is_discarded()) {
+    json = Json::parse(with_replacements(content), nullptr, false);
+  }
   if (json.is_discarded()) {
     return malformed_message(ErrorCode::ParseError, "the message is no JSON");
   }

@@ -6,6 +6,7 @@
 #include <exception>
 #include <utility>
 
+#include "kelp/input/bdf/explain.hpp"
 #include "lsp/capabilities.hpp"
 
 namespace kelp::app::lsp {
@@ -13,6 +14,7 @@ namespace {
 
 constexpr int shown_as_error = 1;
 constexpr int shown_as_warning = 2;
+constexpr int shown_as_information = 3;
 constexpr const char* section = "kelp-bdf";
 
 }  // namespace
@@ -76,6 +78,10 @@ Json Server::result_of(const Message& request) {
   if (request.method == "workspace/executeCommand") {
     return execute(request.params);
   }
+  if (request.method == "codeAction/resolve") {
+    Document& document = document_called(text_member(member(request.params, "data"), "uri"));
+    return resolved_action(view_of(document), request.params);
+  }
   const auto found = answers().find(request.method);
   if (found == answers().end()) {
     throw RequestError(ErrorCode::MethodNotFound, "'" + request.method + "' is not known");
@@ -85,7 +91,21 @@ Json Server::result_of(const Message& request) {
 
 const std::map<std::string_view, Server::Answer>& Server::answers() {
   static const std::map<std::string_view, Answer> all = {
+      {"kelp-bdf/molecule", molecule},
+      {"textDocument/codeAction", code_actions},
+      {"textDocument/completion", completion},
+      {"textDocument/definition", definition},
       {"textDocument/diagnostic", pulled_diagnostics},
+      {"textDocument/documentHighlight", highlights},
+      {"textDocument/documentSymbol", document_symbols},
+      {"textDocument/foldingRange", folding_ranges},
+      {"textDocument/formatting", formatting},
+      {"textDocument/hover", hover},
+      {"textDocument/inlayHint", inlay_hints},
+      {"textDocument/rangeFormatting", range_formatting},
+      {"textDocument/selectionRange", selection_ranges},
+      {"textDocument/semanticTokens/full", semantic_tokens},
+      {"textDocument/semanticTokens/range", semantic_tokens_range},
   };
   return all;
 }
@@ -103,9 +123,21 @@ Json Server::initialize(const Json& params) {
           {"serverInfo", {{"name", "kelp-bdf"}, {"version", setup_.version}}}};
 }
 
+// The text is shown, for clients that do nothing with it, and returned to those that do.
 Json Server::execute(const Json& params) {
-  throw RequestError(ErrorCode::InvalidParams,
-                     "'" + text_member(params, "command") + "' is no command");
+  const std::string command = text_member(params, "command");
+  const Json& arguments = find_member(params, {"arguments"});
+  if (command != explain_command || !arguments.is_array() || arguments.empty() ||
+      !arguments.front().is_string()) {
+    throw RequestError(ErrorCode::InvalidParams, "'" + command + "' is no command");
+  }
+  std::string text;
+  for (const input::bdf::Explanation& about :
+       explain(arguments.front().get<std::string>(), schema_, settings_.language)) {
+    text += (text.empty() ? "" : "\n") + explanation_text(about);
+  }
+  show(shown_as_information, text);
+  return text;
 }
 
 // There is nobody to tell of what is wrong with a notification but the log.
@@ -257,7 +289,10 @@ void Server::log(std::string_view text) {
 }
 
 Document& Server::document_of(const Json& params) {
-  const std::string uri = text_member(member(params, "textDocument"), "uri");
+  return document_called(text_member(member(params, "textDocument"), "uri"));
+}
+
+Document& Server::document_called(const std::string& uri) {
   const auto found = documents_.find(uri);
   if (found == documents_.end()) {
     throw RequestError(ErrorCode::InvalidParams, "'" + uri + "' is not open");

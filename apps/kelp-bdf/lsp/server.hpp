@@ -73,6 +73,7 @@ class Server {
   void show(int kind, std::string_view text);
   void log(std::string_view text);
   Document& document_of(const Json& params);
+  Document& document_called(const std::string& uri);
   View view_of(Document& document);
   void publish(Document& document);
 

@@ -1,5 +1,6 @@
 #include "lsp/settings.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "kelp/input/bdf/explain.hpp"
@@ -157,9 +158,10 @@ Client client_of(const Json& params) {
   client.registers_settings = is_true(workspace, {"didChangeConfiguration", "dynamicRegistration"});
   client.nests_symbols = is_true(text, {"documentSymbol", "hierarchicalDocumentSymbolSupport"});
   client.has_snippets = is_true(text, {"completion", "completionItem", "snippetSupport"});
-  client.literal_actions =
-      find_member(text, {"codeAction", "codeActionLiteralSupport"}).is_object();
-  client.folds_lines_only = is_true(text, {"foldingRange", "lineFoldingOnly"});
+  const Json& resolved = find_member(text, {"codeAction", "resolveSupport", "properties"});
+  client.resolves_edits = is_true(text, {"codeAction", "dataSupport"}) && resolved.is_array() &&
+                          std::find(resolved.begin(), resolved.end(), "edit") != resolved.end();
+  client.versioned_edits = is_true(workspace, {"workspaceEdit", "documentChanges"});
   return client;
 }
 

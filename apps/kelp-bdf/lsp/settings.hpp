@@ -43,8 +43,8 @@ struct Client {
   bool registers_settings = false;
   bool nests_symbols = false;
   bool has_snippets = false;
-  bool literal_actions = false;
-  bool folds_lines_only = false;
+  bool resolves_edits = false;   ///< of code actions, when they are chosen
+  bool versioned_edits = false;  ///< knows to which version of a text an edit belongs
 };
 
 /// Reads the parameters of `initialize`.
