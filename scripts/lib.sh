@@ -14,6 +14,10 @@ test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml
 check_packages=(git clang libclang-rt-14-dev clang-format clang-tidy-16 shellcheck doxygen
     libbenchmark-dev dpkg-dev file)
 
+# Editors, under whose clients the language server is tested; without them those tests skip.
+# shellcheck disable=SC2034
+editor_packages=(neovim emacs-nox elpa-eglot)
+
 say() {
     printf '%s\n' "$*" >&2
 }
