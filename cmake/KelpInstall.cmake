@@ -23,6 +23,12 @@ install(FILES
 # The language server links the code of a finding to what is said of it.
 install(FILES ${PROJECT_SOURCE_DIR}/docs/findings.md
   DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/kelp/docs)
+install(DIRECTORY
+  ${PROJECT_SOURCE_DIR}/editors/emacs
+  ${PROJECT_SOURCE_DIR}/editors/textmate
+  ${PROJECT_SOURCE_DIR}/editors/vim
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/kelp/editors
+  PATTERN "*.mjs" EXCLUDE)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
   FILES_MATCHING PATTERN "*.inp" PATTERN "*.cpp")

@@ -20,6 +20,7 @@ foreach(wanted
     "share/doc/kelp_bdf_inp/LICENSE"
     "share/doc/kelp_bdf_inp/examples/faulty\\.inp"
     "share/kelp/docs/findings\\.md"
+    "share/kelp/editors/vim/syntax/bdf\\.vim"
     "share/kelp/schemas/input/bdf\\.yaml"
     "share/kelp/schemas/input/bdf-knowledge\\.yaml"
     "share/kelp/schemas/output/findings\\.schema\\.json")
