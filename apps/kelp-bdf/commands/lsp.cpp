@@ -2,6 +2,7 @@
 // let go at the end, for it may be waiting for a client that says nothing more; all that it touches
 // belongs to both.
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>
@@ -99,23 +100,32 @@ bool client_is_gone(const lsp::Server& server) {
          (server.client_process() != 0 && !core::process::is_running(server.client_process()));
 }
 
+// Nothing is looked for while messages wait. Where it takes long, in a geometry of very many atoms,
+// it is not begun before the editor is silent for as long, or else it would hold up the answer to
+// the next key.
+std::chrono::milliseconds patience_for(const lsp::Server& server) {
+  constexpr std::chrono::milliseconds unnoticed(50);
+  constexpr std::chrono::milliseconds longest(500);
+  constexpr std::chrono::milliseconds until_a_look_at_the_client(5000);
+  if (!server.has_news()) {
+    return until_a_look_at_the_client;
+  }
+  const std::chrono::milliseconds effort = server.last_effort();
+  return effort < unnoticed ? std::chrono::milliseconds(0) : std::min(effort, longest);
+}
+
 void serve(lsp::Server& server, Inbox& inbox, Trace& trace) {
-  constexpr std::chrono::milliseconds patience(5000);
   while (!server.is_over() && !output_ended()) {
-    const std::optional<lsp::Arrival> arrival = inbox.take(patience);
-    if (!arrival) {
-      if (client_is_gone(server)) {
-        return;
-      }
-      continue;
-    }
-    if (arrival->is_end) {
-      return;
-    }
-    trace.note("-->", arrival->message.content);
-    server.handle(arrival->message, arrival->is_cancelled);
-    if (inbox.is_empty()) {
+    const std::optional<lsp::Arrival> arrival = inbox.take(patience_for(server));
+    if (!arrival && server.has_news()) {
       server.publish_findings();
+    } else if (!arrival && client_is_gone(server)) {
+      return;
+    } else if (arrival && arrival->is_end) {
+      return;
+    } else if (arrival) {
+      trace.note("-->", arrival->message.content);
+      server.handle(arrival->message, arrival->is_cancelled);
     }
   }
 }

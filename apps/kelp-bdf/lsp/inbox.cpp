@@ -34,9 +34,4 @@ std::optional<Arrival> Inbox::take(std::chrono::milliseconds patience) {
   return first;
 }
 
-bool Inbox::is_empty() const {
-  const std::lock_guard lock(mutex_);
-  return waiting_.empty();
-}
-
 }  // namespace kelp::app::lsp

@@ -27,11 +27,9 @@ class Inbox {
   void end();
   /// Waits for the next one, at most for that long.
   std::optional<Arrival> take(std::chrono::milliseconds patience);
-  /// Tells whether none is waiting.
-  bool is_empty() const;
 
  private:
-  mutable std::mutex mutex_;
+  std::mutex mutex_;
   std::condition_variable arrived_;
   std::deque<Arrival> waiting_;
 };

@@ -209,7 +209,12 @@ void Server::close(const Json& params) {
   }
 }
 
+bool Server::has_news() const {
+  return state_ == State::Running && !client_.pulls_diagnostics && !unpublished_.empty();
+}
+
 void Server::publish_findings() {
+  const auto begin = std::chrono::steady_clock::now();
   while (state_ == State::Running && !unpublished_.empty()) {
     const auto uri = unpublished_.extract(unpublished_.begin());
     const auto found = documents_.find(uri.value());
@@ -217,6 +222,8 @@ void Server::publish_findings() {
       publish(found->second);
     }
   }
+  last_effort_ = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::steady_clock::now() - begin);
 }
 
 void Server::publish(Document& document) {

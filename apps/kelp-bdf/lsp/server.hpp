@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -41,6 +42,10 @@ class Server {
   /// Tells the findings of inputs that changed; to be called when no message is waiting, so that
   /// who types fast is not held up by findings about what is not there any more.
   void publish_findings();
+  /// Tells whether there is an input of which findings are to be told.
+  bool has_news() const;
+  /// Returns how long it took to find what was told last.
+  std::chrono::milliseconds last_effort() const { return last_effort_; }
 
   /// Tells whether the client said good-bye.
   bool is_over() const { return state_ == State::Over; }
@@ -90,6 +95,7 @@ class Server {
   Client client_;
   std::map<std::string, Document> documents_;
   std::set<std::string> unpublished_;
+  std::chrono::milliseconds last_effort_{0};
   int last_request_ = 0;
   std::set<int> asked_for_settings_;  // requests without an answer yet
 };
