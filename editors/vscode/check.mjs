@@ -90,17 +90,19 @@ try {
 
   await page.waitForSelector(".squiggly-error, .squiggly-warning", patience);
   console.log("vscode: findings are underlined");
-  await waitForText(page, (text) => /electrons, multiplicity/.test(text), "no hint");
+  await waitForText(page, (text) => /Geometry\s*C2H6O/.test(text), "no hint");
   console.log("vscode: the hint stands at the geometry");
 
   await press(page, "Control", "KeyG");
   await pause(1000);
-  await page.keyboard.type("16:5");
+  await page.keyboard.type("18:8");
   await page.keyboard.press("Enter");
   await pause(1000);
   await page.keyboard.press("Enter");
   await page.keyboard.type("gue", { delay: 150 });
-  await page.waitForSelector(".suggest-widget.visible .monaco-list-row", patience);
+  await pause(2000);
+  await press(page, "Control", "Space");
+  await page.waitForSelector(".suggest-widget .monaco-list-row", patience);
   await pause(3000);
   const offered = await page.$$eval(".suggest-widget .monaco-list-row",
     (rows) => rows.map((row) => row.getAttribute("aria-label")));
@@ -117,6 +119,8 @@ try {
   await choose(page, ["F1"], "BDF: Apply All Fixes");
   await waitForText(page, (text) => !/vshfit/.test(text) && /vshift/.test(text), "not mended");
   console.log("vscode: the safe fix was applied");
+  // A word that nobody knows might have been the charge.
+  await waitForText(page, (text) => /C2H6O, 26 electrons, multiplicity 1/.test(text), "no electrons");
 
   await press(page, "Control", "KeyG");
   await pause(1000);
