@@ -32,7 +32,8 @@ function style(chosen) {
   viewer.setStyle({}, { stick: { radius: 0.12 }, sphere: { scale: 0.25 } });
   viewer.removeAllLabels();
   if (chosen >= 0) {
-    viewer.setStyle({ index: chosen }, { sphere: { scale: 0.4, color: "orange" } });
+    viewer.setStyle({ index: chosen },
+      { stick: { radius: 0.12 }, sphere: { scale: 0.4, color: "orange" } });
     viewer.addLabel(String(chosen + 1), { backgroundOpacity: 0.6 }, { index: chosen });
   }
   viewer.render();
