@@ -41,7 +41,7 @@ class Jobs : public Check {
     return program.run(arguments, warning_input);
   }
 
-  static constexpr int files = 120;
+  static constexpr int files = 60;
   std::vector<std::string> names;
 };
 
@@ -62,7 +62,7 @@ TEST_F(Jobs, ChangeNothingButTheTime) {
                                                   {"--quiet"}}) {
     const Outcome alone = check_with("-j1", options);
     EXPECT_THAT(alone.err, HasSubstr("cannot read 'f16.inp'"));
-    for (const char* const jobs : {"-j2", "--jobs=7", "-j500"}) {
+    for (const char* const jobs : {"-j2", "--jobs=70"}) {
       const Outcome together = check_with(jobs, options);
       EXPECT_EQ(together.out, alone.out) << jobs;
       EXPECT_EQ(together.err, alone.err) << jobs;

@@ -110,6 +110,7 @@ TEST(Examples, CanBeRun) {
     program.write("water.inp", water);
     program.write("runs/b3lyp.inp", "b3lyp/def2-svp\n\ngeometry\nHe 0 0 0\nend geometry\n");
     program.write("list.txt", "water.inp\n");
+    program.write("new.inp", water);
     program.write("new.xyz", "1\n\nHe 0 0 0\n");
     program.write("ours.yaml", "schema_version: 1\nmodules: {}\n");
     const Outcome outcome = program.run(words_of(example.call));
