@@ -1,6 +1,6 @@
-// Most numbers of an input are plain decimals, which `std::from_chars` reads exactly and without
-// regard to locale. What it reads differently from `strtod` (hexadecimal, infinities, range errors)
-// goes to the C library, told to use the "C" locale.
+// Most numbers of an input are plain decimals, which `std::from_chars` reads where they stand,
+// exactly and without regard to locale. What it reads differently from `strtod` (hexadecimal,
+// infinities, range errors) goes to the C library, told to use the "C" locale.
 
 #include "kelp/core/number.hpp"
 
@@ -30,25 +30,52 @@ std::string_view without_plus(std::string_view text) {
   return text;
 }
 
-bool is_plain_decimal(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char byte) {
-    return is_digit(byte) || byte == '.' || byte == '+' || byte == '-' || byte == 'e' ||
-           byte == 'E';
-  });
+// Tells whether a number begins as a decimal one does. Then from_chars takes it for no infinity and
+// for nothing else that has letters, beside an exponent.
+bool begins_as_decimal(std::string_view number) {
+  const std::string_view digits = number.substr(number.starts_with('-') ? 1 : 0);
+  return !digits.empty() && (is_digit(digits.front()) || digits.front() == '.');
 }
 
-// Only what is clearly above underflow: strtod reports a range error also for some numbers below
-// the smallest normal one that round up to it.
+// Tells whether a number is zero as it is written, and not because it is too small.
+bool is_written_as_zero(std::string_view number) {
+  for (const char byte : number) {
+    if (byte == 'e' || byte == 'E') {
+      break;
+    }
+    if (byte >= '1' && byte <= '9') {
+      return false;
+    }
+  }
+  return true;
+}
+
+// Reads in place what is a decimal number from its first byte to its last; nothing else, and no
+// number that strtod might report a range error for, which it also does for some below the smallest
+// normal one that round up to it.
 std::optional<double> parse_plain_decimal(std::string_view text) {
-  const std::string_view digits = without_plus(text);
-  double value = 0.0;
-  const char* const end = digits.data() + digits.size();
-  const auto [stopped, error] = std::from_chars(digits.data(), end, value);
-  const bool safe = std::abs(value) > std::numeric_limits<double>::min();
-  if (error != std::errc() || stopped != end || !safe) {
+  const std::string_view number = without_plus(text);
+  if (!begins_as_decimal(number)) {
     return std::nullopt;
   }
-  return value;
+  double value = 0.0;
+  const char* const end = number.data() + number.size();
+  const auto [stopped, error] = std::from_chars(number.data(), end, value);
+  if (error != std::errc() || stopped != end) {
+    return std::nullopt;
+  }
+  const bool safe = std::abs(value) > std::numeric_limits<double>::min() ||
+                    (value == 0.0 && is_written_as_zero(number));
+  return safe ? std::optional(value) : std::nullopt;
+}
+
+// Reads any number, in a copy that the C library can read.
+std::optional<double> parse_any_float(std::string_view text) {
+  std::string number(text);
+  std::replace(number.begin(), number.end(), 'D', 'E');
+  std::replace(number.begin(), number.end(), 'd', 'e');
+  const auto value = parse_plain_decimal(number);
+  return value ? value : c_locale::strtod_whole(number);
 }
 
 }  // namespace
@@ -65,18 +92,12 @@ std::optional<std::int64_t> parse_integer(std::string_view text) {
 }
 
 std::optional<double> parse_float(std::string_view text) {
-  std::string number = text::trim(text);
+  const std::string_view number = text::trim_view(text);
   if (number.empty()) {
     return std::nullopt;
   }
-  std::replace(number.begin(), number.end(), 'D', 'E');
-  std::replace(number.begin(), number.end(), 'd', 'e');
-  if (is_plain_decimal(number)) {
-    if (const auto value = parse_plain_decimal(number)) {
-      return value;
-    }
-  }
-  return c_locale::strtod_whole(number);
+  const auto value = parse_plain_decimal(number);
+  return value ? value : parse_any_float(number);
 }
 
 std::string to_text(double value) {
