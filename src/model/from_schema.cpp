@@ -13,7 +13,11 @@ namespace {
 void describe(ModuleEntry& entry, const EntrySpec* spec) {
   entry.known = spec != nullptr;
   entry.kind = spec == nullptr ? EntryValueKind::Raw : spec->kind;
-  entry.terminator = spec == nullptr ? std::string() : spec->terminator;
+  if (spec == nullptr) {
+    entry.terminator.clear();
+  } else {
+    entry.terminator = spec->terminator;
+  }
 }
 
 void split_specification(EasyToken& token, const InputSchema& schema, PartBlanks blanks) {
@@ -35,6 +39,11 @@ void split_specification(EasyToken& token, const InputSchema& schema, PartBlanks
 }
 
 }  // namespace
+
+void describe_known(ModuleEntry& entry, const KnownName<EntrySpec>& known) {
+  entry.name = *known.canonical;
+  describe(entry, known.described);
+}
 
 void describe_module(Module& module, std::string_view name, const InputSchema& schema) {
   module.name = schema.canonical_module(name);

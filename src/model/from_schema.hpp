@@ -14,6 +14,9 @@ namespace kelp::input::bdf {
 /// Sets name and known flag of a module; `name` may be an alias.
 void describe_module(Module& module, std::string_view name, const InputSchema& schema);
 
+/// Sets name, known flag, kind and terminator of an entry or child whose name is known.
+void describe_known(ModuleEntry& entry, const KnownName<EntrySpec>& known);
+
 /// Sets name, known flag, kind and terminator of an entry; `name` may be an alias, `module` null.
 void describe_entry(ModuleEntry& entry, std::string_view name, const ModuleSpec* module);
 

@@ -201,6 +201,7 @@ NamedEntry read_entry(std::string name, const YAML::Node& node, ExpansionBudget&
     entry.spec.meaning = std::move(extras.meaning);
     if (extras.entries.IsMap()) {
       read_children(extras.entries, entry.spec, budget, texts, depth);
+      entry.spec.index_names();
     }
   }
   return entry;

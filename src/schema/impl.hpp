@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "kelp/input/bdf/schema.hpp"
+#include "schema/keyword_index.hpp"
 #include "schema/meaning_record.hpp"
 #include "schema/name_map.hpp"
 
@@ -17,6 +18,15 @@ struct InputSchema::Impl {
     NameMap<std::shared_ptr<const EntrySpec>> children;
     AliasMap child_aliases;
     Meaning meaning;
+    KeywordIndex<EntrySpec> index;  ///< of the children
+
+    /// Makes the index. To be called when all children are there.
+    void index_names() {
+      index.build(child_aliases, [this](std::string_view canonical) {
+        const auto* const child = find_in(children, canonical);
+        return child == nullptr ? nullptr : child->get();
+      });
+    }
   };
 
   /// One easy keyword.
@@ -32,6 +42,13 @@ struct InputSchema::Impl {
     NameMap<EntrySpec> entries;
     AliasMap entry_aliases;
     Meaning meaning;
+    KeywordIndex<EntrySpec> index;  ///< of the entries
+
+    /// Makes the index. To be called when all entries are there.
+    void index_names() {
+      index.build(entry_aliases,
+                  [this](std::string_view canonical) { return find_in(entries, canonical); });
+    }
   };
 
   SchemaMetadata metadata;
@@ -52,6 +69,14 @@ struct InputSchema::Impl {
   NameMap<Meaning> basis_meanings;
   std::vector<BasisFamilySpec> basis_families;
   TextPool texts;
+
+  KeywordIndex<ModuleSpec> index;  ///< of the modules
+
+  /// Makes the index. To be called when all modules are there.
+  void index_names() {
+    index.build(module_aliases,
+                [this](std::string_view canonical) { return find_in(modules, canonical); });
+  }
 };
 
 using EntrySpec = InputSchema::Impl::EntrySpec;

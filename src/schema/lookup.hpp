@@ -35,8 +35,18 @@ class CanonicalMatch {
   std::string_view wanted_;
 };
 
+/// Returns what the name of a module leads to, in one look-up.
+KnownName<ModuleSpec> find_known_module(const InputSchema::Impl& impl, std::string_view name);
+
 /// Returns the module of that name or alias, or null.
 const ModuleSpec* find_module_spec(const InputSchema::Impl& impl, std::string_view name);
+
+/// Returns what a name leads to in a module that may be null, in one look-up: its canonical name,
+/// `find_entry_spec` of it, and `find_entry_spec` of the canonical name.
+KnownName<EntrySpec> find_known_entry(const ModuleSpec* module, std::string_view name);
+
+/// The same of a nested entry in a parent that may be null.
+KnownName<EntrySpec> find_known_child(const EntrySpec* parent, std::string_view name);
 
 /// Returns the entry of that name or alias, or null; a null module has no entries.
 const EntrySpec* find_entry_spec(const ModuleSpec* module, std::string_view name);

@@ -2,8 +2,6 @@
 
 #include <stdexcept>
 
-#include "kelp/core/text.hpp"
-
 namespace kelp::input::bdf {
 
 std::string_view require_text(std::string_view text) {
@@ -11,14 +9,6 @@ std::string_view require_text(std::string_view text) {
     throw std::logic_error("a name of non-zero length has no text");
   }
   return text;
-}
-
-std::string_view bare_key(std::string_view text) noexcept {
-  std::string_view key = core::text::trim_view(text);
-  if (!key.empty() && key.front() == '$') {
-    key.remove_prefix(1);
-  }
-  return key;
 }
 
 std::string normalize_key(std::string_view text) {

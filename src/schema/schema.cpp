@@ -70,11 +70,12 @@ std::string InputSchema::canonical_easy_key(std::string_view name) const {
 }
 
 std::string InputSchema::canonical_module(std::string_view name) const {
-  return canonical_name(impl_->module_aliases, name);
+  const std::string* const canonical = find_known_module(*impl_, name).canonical;
+  return canonical == nullptr ? normalize_key(name) : *canonical;
 }
 
 bool InputSchema::is_known_module(std::string_view name) const {
-  return impl_->module_aliases.contains(bare_key(require_text(name)));
+  return find_known_module(*impl_, name).canonical != nullptr;
 }
 
 bool InputSchema::module_repeatable(std::string_view name) const {

@@ -3,6 +3,8 @@
 // What a table holds of each record of a schema. A field that is new does not compile until it is
 // named here, where names for all fields stand in brackets.
 
+#include <type_traits>
+
 #include "schema/impl.hpp"
 #include "schema/table.hpp"
 
@@ -10,6 +12,14 @@ namespace kelp::input::bdf {
 
 /// The vocabulary that the library was built with.
 BuiltInDocument built_in_schema() noexcept;
+
+/// Makes the index of a record that was read; nothing of one that is written.
+template <typename Spec>
+void index_what_was_read(Spec& spec) {
+  if constexpr (!std::is_const_v<Spec>) {
+    spec.index_names();
+  }
+}
 
 template <typename Archive>
 void transfer(Archive& archive, typename Archive::template Ref<TextSlice> slice) {
@@ -51,6 +61,7 @@ template <typename Archive>
 void transfer(Archive& archive, typename Archive::template Ref<EntrySpec> spec) {
   transfer(archive, static_cast<typename Archive::template Ref<EntrySchemaInfo>>(spec));
   archive(spec.children, spec.child_aliases, spec.meaning);
+  index_what_was_read(spec);
 }
 
 template <typename Archive>
@@ -61,8 +72,9 @@ void transfer(Archive& archive, typename Archive::template Ref<ValueSpec> spec) 
 
 template <typename Archive>
 void transfer(Archive& archive, typename Archive::template Ref<ModuleSpec> module) {
-  auto& [name, repeatable, entries, entry_aliases, meaning] = module;
+  auto& [name, repeatable, entries, entry_aliases, meaning, index] = module;
   archive(name, repeatable, entries, entry_aliases, meaning);
+  index_what_was_read(module);
 }
 
 template <typename Archive>
@@ -77,10 +89,11 @@ template <typename Archive>
 void transfer(Archive& archive, typename Archive::template Ref<InputSchema::Impl> impl) {
   auto& [metadata, methods, methods_without_functional, functionals, basis_sets, basis_extensible,
          control_keywords, control_keyword_aliases, modules, module_aliases, method_meanings,
-         functional_meanings, basis_meanings, basis_families, texts] = impl;
+         functional_meanings, basis_meanings, basis_families, texts, index] = impl;
   archive(metadata, methods, methods_without_functional, functionals, basis_sets, basis_extensible,
           control_keywords, control_keyword_aliases, modules, module_aliases, method_meanings,
           functional_meanings, basis_meanings, basis_families, texts);
+  index_what_was_read(impl);
 }
 
 }  // namespace kelp::input::bdf

@@ -37,6 +37,7 @@ class SchemaReader {
       read_keywords(fields["easy_keywords"]);
     }
     read_modules(fields["modules"]);
+    impl_->index_names();
     return std::move(impl_);
   }
 
@@ -153,6 +154,7 @@ class SchemaReader {
         add_aliases(impl_->module_aliases, text_list(fields["aliases"], budget_), name);
         read_entries(fields["entries"], module);
       }
+      module.index_names();
       impl_->modules.insert_or_assign(name, std::move(module));
     });
   }
