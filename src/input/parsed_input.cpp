@@ -36,13 +36,13 @@ std::size_t line_of(const std::optional<SourceSpan>& location) {
 struct ParsedInput::Impl {
   Impl(std::string text, InputSchema vocabulary)
       : source(std::move(text)), schema(std::move(vocabulary)) {
-    Lines lines;
-    lines.reserve(source.line_count());
+    Lines said;
+    said.reserve(source.line_count());
     for (std::size_t number = 1; number <= source.line_count(); ++number) {
-      lines.push_back(source.line(number));
+      said.push_back(without_comment(source.line(number)));
     }
-    map.lines.resize(lines.size() + 1);
-    LineReader reader(lines, source.text(), Reading::AsByProgram, map);
+    map.lines.resize(said.size() + 1);
+    LineReader reader(source, said, map);
     holds_something = read_input(reader, schema, keep_everything(), data);
     for (std::size_t number = 1; number < map.lines.size(); ++number) {
       const RecordKind kind = map.lines[number].record.kind;

@@ -25,6 +25,19 @@ std::string letters_of(std::string_view text) {
   return letters;
 }
 
+// Tells whether a line has no more letters than `end` with another sign on either side, and need
+// not be copied to be told that it is none.
+bool is_as_short_as_end(std::string_view line) {
+  std::size_t letters = 0;
+  for (const char byte : line) {
+    letters += core::text::is_space(byte) ? 0 : 1;
+    if (letters > end_word.size() + 2) {
+      return false;
+    }
+  }
+  return true;
+}
+
 bool is_near_end_word(std::string_view letters) {
   return letters.size() >= 2 && core::spelling::slips_between(letters, end_word, 1) <= 1;
 }
@@ -32,6 +45,9 @@ bool is_near_end_word(std::string_view letters) {
 }  // namespace
 
 std::optional<std::string_view> behind_wide_dollar(std::string_view line) {
+  if (first_byte(line) != '\xEF') {
+    return std::nullopt;
+  }
   const std::string_view text = core::text::trim_view(line);
   for (const std::string_view sign : {"\xEF\xBC\x84", "\xEF\xB9\xA9"}) {
     if (text.starts_with(sign)) {
@@ -66,6 +82,9 @@ bool is_terminator_behind_dollar(std::string_view line, std::string_view termina
 }
 
 bool is_end_without_dollar(std::string_view line) {
+  if (!is_as_short_as_end(line)) {
+    return false;
+  }
   const std::string letters = letters_of(line);
   std::string_view word = letters;
   // What ends a database is not meant, nor is a command of the shell.
@@ -79,6 +98,9 @@ bool is_end_without_dollar(std::string_view line) {
 }
 
 bool is_near_end_without_dollar(std::string_view line) {
+  if (!is_as_short_as_end(line)) {
+    return false;
+  }
   const std::string letters = letters_of(line);
   return is_near_end_word(letters) && std::all_of(letters.begin(), letters.end(), is_letter);
 }

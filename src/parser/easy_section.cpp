@@ -1,8 +1,10 @@
 #include "parser/easy_section.hpp"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "model/from_schema.hpp"
 #include "parser/frame.hpp"
@@ -42,6 +44,25 @@ void parse_header_line(LineReader& reader, const InputSchema& schema, BDFData& d
   }
 }
 
+// A long geometry gets room for as many atoms as its text has, if the lines to come are as long as
+// those before; what is not needed of it is given back.
+void make_room_for_atoms(const LineReader& reader, std::size_t bytes_before,
+                         std::vector<AtomRecord>& atoms) {
+  constexpr std::size_t sample = 64;
+  if (atoms.size() != sample) {
+    return;
+  }
+  const std::size_t bytes_of_sample = bytes_before - reader.rest().size();
+  const std::string_view rest = reader.rest().substr(0, reader.rest().find('$'));
+  atoms.reserve(sample + 1 + rest.size() / (bytes_of_sample / sample));
+}
+
+void give_back_room(std::vector<AtomRecord>& atoms) {
+  if (atoms.capacity() / 4 * 3 > atoms.size()) {
+    atoms.shrink_to_fit();
+  }
+}
+
 void parse_geometry(LineReader& reader, BDFData& data) {
   data.has_geometry = true;
   data.geometry_terminated = false;
@@ -50,25 +71,28 @@ void parse_geometry(LineReader& reader, BDFData& data) {
   reader.begin_record(geometry);
   reader.skip(LineRole::GeometryStart);
   mend_geometry(reader);
+  const std::size_t bytes = reader.rest().size();
   while (!reader.at_end() && !reader.at_break()) {
     const std::string_view line = reader.line();
     if (is_geometry_end(line)) {
       data.geometry_terminated = true;
       reader.begin_record(geometry);
       reader.skip(LineRole::GeometryEnd);
-      return;
+      break;
     }
     if (const AtomLine read = read_atom_line(line); read.is_atom()) {
-      AtomRecord atom = atom_of(read);
-      atom.location = reader.location();
       reader.begin_record(RecordId::of(RecordKind::Atom, data.atoms.size()));
+      AtomRecord& atom = data.atoms.emplace_back();
+      describe_atom(atom, read);
+      atom.location = reader.location();
       atom.line = reader.take(LineRole::Atom);
-      data.atoms.push_back(std::move(atom));
+      make_room_for_atoms(reader, bytes, data.atoms);
     } else {
       reader.begin_record(RecordId::of(RecordKind::GeometryLine, data.geometry_lines.size()));
       data.geometry_lines.emplace_back(reader.take(LineRole::GeometryLine));
     }
   }
+  give_back_room(data.atoms);
 }
 
 }  // namespace

@@ -39,34 +39,33 @@ void read_preamble(LineReader& reader, BDFData& data) {
   }
 }
 
-void add_side_statement(StatementKind kind, std::size_t first_line, std::vector<std::string> lines,
-                        BDFData& data) {
-  Statement statement;
+// `read` moves the lines of the statement into a list.
+template <typename Read>
+void add_side_statement(StatementKind kind, const LineReader& reader, BDFData& data, Read read) {
+  Statement& statement = data.statements.emplace_back();
   statement.kind = kind;
-  statement.location = span_of_line(first_line, lines.front());
-  data.free_lines.insert(data.free_lines.end(), lines.begin(), lines.end());
-  statement.lines = std::move(lines);
-  data.statements.push_back(std::move(statement));
+  statement.location = reader.location();
+  read(statement.lines);
+  data.free_lines.insert(data.free_lines.end(), statement.lines.begin(), statement.lines.end());
 }
 
 void read_module(LineReader& reader, const InputSchema& schema, const ParseOptions& options,
                  BDFData& data) {
-  Statement statement;
+  const std::size_t index = data.modules.size();
+  Module& module = data.modules.emplace_back();
+  parse_module(reader, index, schema, options, module);
+  Statement& statement = data.statements.emplace_back();
   statement.kind = StatementKind::Module;
-  statement.module_index = data.modules.size();
-  data.modules.push_back(parse_module(reader, statement.module_index, schema, options));
-  statement.location = data.modules.back().location;
-  data.statements.push_back(std::move(statement));
+  statement.module_index = index;
+  statement.location = module.location;
 }
 
-std::vector<std::string> take_database(LineReader& reader) {
-  std::vector<std::string> lines;
+void take_database(LineReader& reader, std::vector<std::string>& lines) {
   bool ended = false;
   while (!reader.at_end() && !ended) {
     ended = is_database_end(reader.line());
     lines.emplace_back(reader.take(LineRole::Database));
   }
-  return lines;
 }
 
 struct SideLine {
@@ -85,14 +84,16 @@ SideLine classify_side_line(std::string_view line) {
 }
 
 void read_side_statement(LineReader& reader, BDFData& data) {
-  const std::size_t first_line = reader.index();
+  using Texts = std::vector<std::string>;
   reader.begin_record(RecordId::of(RecordKind::Statement, data.statements.size()));
   if (is_database_start(reader.line())) {
-    add_side_statement(StatementKind::Database, first_line, take_database(reader), data);
+    add_side_statement(StatementKind::Database, reader, data,
+                       [&](Texts& lines) { take_database(reader, lines); });
     return;
   }
   const SideLine line = classify_side_line(reader.line());
-  add_side_statement(line.kind, first_line, {std::string(reader.take(line.role))}, data);
+  add_side_statement(line.kind, reader, data,
+                     [&](Texts& lines) { lines.emplace_back(reader.take(line.role)); });
 }
 
 void read_body(LineReader& reader, const InputSchema& schema, const ParseOptions& options,

@@ -31,7 +31,7 @@ void take_value(LineReader& reader, ModuleEntry& entry) {
 }
 
 bool is_blank_or_comment(std::string_view line) {
-  return is_blank(line) || core::text::trim_view(line).front() == '#';
+  return is_blank(line) || first_byte(line) == '#';
 }
 
 // Returns how far ahead the line is that holds the value of a keyword, blank lines and comments
@@ -195,15 +195,13 @@ void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry
   }
 }
 
-ModuleEntry take_raw_entry(LineReader& reader) {
+void take_raw_entry(LineReader& reader, ModuleEntry& entry) {
   const std::string_view line = reader.line();
   const LineRole other = is_remark(line) ? LineRole::Comment : LineRole::UnknownLine;
-  ModuleEntry entry;
   entry.kind = EntryValueKind::Raw;
   entry.location = reader.location();
   entry.name = core::text::to_lower(first_word(line));
   entry.raw_line = reader.take(is_blank(line) ? LineRole::Blank : other);
-  return entry;
 }
 
 }  // namespace kelp::input::bdf

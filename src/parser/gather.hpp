@@ -24,7 +24,7 @@ void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry
 /// module's `$end`, the next module's header or the end of the input.
 void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry);
 
-/// Makes the entry that keeps one line verbatim, and moves past the line.
-ModuleEntry take_raw_entry(LineReader& reader);
+/// Makes a new record the entry that keeps one line verbatim, and moves past the line.
+void take_raw_entry(LineReader& reader, ModuleEntry& entry);
 
 }  // namespace kelp::input::bdf

@@ -15,12 +15,16 @@ class Keywords {
   explicit Keywords(const ModuleSpec* module) : module_(module) {}
   explicit Keywords(const EntrySpec* block) : block_(block) {}
 
-  /// Tells whether a line's first word is such a keyword.
-  bool start(std::string_view line) const {
+  /// Returns what a line's first word leads to; no entry where it is no such keyword.
+  KnownName<EntrySpec> find_start(std::string_view line) const {
     const std::string_view word = first_word(line);
-    return !word.empty() &&
-           (find_entry_spec(module_, word) != nullptr || find_child_spec(block_, word) != nullptr);
+    if (word.empty()) {
+      return {};
+    }
+    return module_ != nullptr ? find_known_entry(module_, word) : find_known_child(block_, word);
   }
+  /// Tells whether a line's first word is such a keyword.
+  bool start(std::string_view line) const { return find_start(line).entry != nullptr; }
   /// Tells whether a line is one word that is nearly such a keyword, and none of the values that
   /// the schema names for an entry.
   bool may_be_misspelt(std::string_view line, const ModuleEntry& entry) const;

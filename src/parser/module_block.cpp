@@ -1,7 +1,8 @@
 #include "parser/module_block.hpp"
 
+#include <algorithm>
+#include <cstddef>
 #include <string_view>
-#include <utility>
 
 #include "kelp/core/text.hpp"
 #include "model/from_schema.hpp"
@@ -41,6 +42,25 @@ class ModuleBody {
   }
 
   void read() {
+    make_room();
+    read_lines();
+    if (module_.entries.capacity() > 2 * module_.entries.size() + 1) {
+      module_.entries.shrink_to_fit();
+    }
+  }
+
+ private:
+  // Entries are filled where they stay. Half of the lines up to the next dollar is what a module
+  // has of keywords with values; one of as many flags grows once.
+  void make_room() {
+    constexpr std::ptrdiff_t most = 64;
+    const std::string_view rest = reader_.rest();
+    const std::string_view lines = rest.substr(0, rest.find('$'));
+    const auto count = (std::count(lines.begin(), lines.end(), '\n') + 1) / 2;
+    module_.entries.reserve(static_cast<std::size_t>(std::min(count, most)));
+  }
+
+  void read_lines() {
     while (!reader_.at_end() && !leaves_early()) {
       if (is_module_end(reader_.line())) {
         module_.terminated = true;
@@ -55,7 +75,6 @@ class ModuleBody {
     }
   }
 
- private:
   // A break that a block stopped at is of that block.
   bool leaves_early() const { return reader_.at_break() && !keywords_.start(reader_.line()); }
 
@@ -63,24 +82,23 @@ class ModuleBody {
     const std::string_view line = reader_.line();
     reader_.begin_record(RecordId::of_entry(index_, module_.entries.size()));
     if (is_remark(line)) {
-      module_.entries.push_back(take_raw_entry(reader_));
-    } else if (keywords_.start(line)) {
-      read_known_entry(line);
+      take_raw_entry(reader_, module_.entries.emplace_back());
+    } else if (const auto known = keywords_.find_start(line); known.entry != nullptr) {
+      read_known_entry(known);
     } else {
       read_unknown_line(line);
     }
   }
 
-  void read_known_entry(std::string_view line) {
-    ModuleEntry entry;
-    describe_entry(entry, first_word(line), spec_);
+  void read_known_entry(const KnownName<EntrySpec>& known) {
+    ModuleEntry& entry = module_.entries.emplace_back();
+    describe_known(entry, known);
     take_keyword_line(reader_, keywords_, entry);
     if (entry.kind == EntryValueKind::NestedBlock) {
-      gather_children(reader_, find_entry_spec(spec_, entry.name), options_, entry);
+      gather_children(reader_, known.described, options_, entry);
     } else {
       gather_values(reader_, keywords_, entry);
     }
-    module_.entries.push_back(std::move(entry));
   }
 
   void read_unknown_line(std::string_view line) {
@@ -89,11 +107,11 @@ class ModuleBody {
       reader_.skip(LineRole::UnknownLine);
       return;
     }
-    ModuleEntry entry = take_raw_entry(reader_);
+    ModuleEntry& entry = module_.entries.emplace_back();
+    take_raw_entry(reader_, entry);
     if (what == UnknownLine::Keyword) {
       gather_values(reader_, keywords_, entry);
     }
-    module_.entries.push_back(std::move(entry));
   }
 
   LineReader& reader_;
@@ -106,9 +124,8 @@ class ModuleBody {
 
 }  // namespace
 
-Module parse_module(LineReader& reader, std::size_t index, const InputSchema& schema,
-                    const ParseOptions& options) {
-  Module module;
+void parse_module(LineReader& reader, std::size_t index, const InputSchema& schema,
+                  const ParseOptions& options, Module& module) {
   module.terminated = false;
   module.location = reader.location();
   reader.begin_record(RecordId::of_module(index));
@@ -118,7 +135,6 @@ Module parse_module(LineReader& reader, std::size_t index, const InputSchema& sc
   if (LineMap* const map = reader.map()) {
     map->last_line.push_back(reader.index());
   }
-  return module;
 }
 
 }  // namespace kelp::input::bdf

@@ -10,8 +10,8 @@
 namespace kelp::input::bdf {
 
 /// Reads the module whose header is the current line, up to its `$end`, the next module's header or
-/// the end of the input. It will be the `index`-th one of the document.
-Module parse_module(LineReader& reader, std::size_t index, const InputSchema& schema,
-                    const ParseOptions& options);
+/// the end of the input, into a new record, the `index`-th module of the document.
+void parse_module(LineReader& reader, std::size_t index, const InputSchema& schema,
+                  const ParseOptions& options, Module& module);
 
 }  // namespace kelp::input::bdf

@@ -55,7 +55,7 @@ class ModuleScan {
   }
 
  private:
-  using Blocks = std::vector<std::pair<std::string_view, const EntrySpec*>>;
+  using Blocks = KeywordIndex<EntrySpec>::Blocks;
   enum class Border { End, NearEnd, WideEnd, Other };
 
   struct Found {
@@ -69,19 +69,19 @@ class ModuleScan {
   static constexpr std::size_t most_searches = 32;
 
   // `End Setting` ends what stands around modules.
-  bool stands_between_modules(std::string_view text) {
+  bool stands_between_modules(std::string_view text) const {
     const bool ends_something = is_same_line(first_word(text), "end") && !is_one_word(text);
     return is_shell_line(text) || is_database_start(text) || (ends_something && !ends_block(text));
   }
 
-  bool ends_block_behind_dollar(std::string_view text) {
+  bool ends_block_behind_dollar(std::string_view text) const {
     return is_module_border(text) && is_near_module_end(text) &&
            std::any_of(blocks().begin(), blocks().end(), [&](const auto& block) {
              return is_terminator_behind_dollar(text, block.second->terminator);
            });
   }
 
-  bool ends_block(std::string_view text) {
+  bool ends_block(std::string_view text) const {
     return std::any_of(blocks().begin(), blocks().end(), [&](const auto& block) {
       return is_same_line(text, block.second->terminator);
     });
@@ -251,7 +251,7 @@ class ModuleScan {
   }
 
   // Of two entries that are as near, neither is certain.
-  const EntrySpec* near_block(std::string_view text) {
+  const EntrySpec* near_block(std::string_view text) const {
     constexpr std::size_t least_letters = 4;
     const std::string_view word = core::text::trim_view(text);
     if (spec_ == nullptr || word.size() < least_letters || !is_one_word(word)) {
@@ -275,20 +275,10 @@ class ModuleScan {
                        });
   }
 
-  const Blocks& blocks() {
-    if (!blocks_) {
-      blocks_.emplace();
-      if (spec_ == nullptr) {
-        return *blocks_;
-      }
-      for (const auto& [name, canonical] : spec_->entry_aliases) {
-        const EntrySpec* const entry = find_entry_spec(spec_, canonical);
-        if (entry != nullptr && !entry->terminator.empty()) {
-          blocks_->emplace_back(name, entry);
-        }
-      }
-    }
-    return *blocks_;
+  // By all their names. Of a module that nothing is known of there are none.
+  const Blocks& blocks() const {
+    static const Blocks none;
+    return spec_ == nullptr ? none : spec_->index.blocks();
   }
 
   void mend_end() {
@@ -314,7 +304,6 @@ class ModuleScan {
   Border kind_ = Border::Other;
   std::optional<std::size_t> end_;  ///< distance of a line that may be the end
   bool is_end_certain_ = false;     ///< what follows it does not matter, but for a keyword
-  std::optional<Blocks> blocks_;    ///< of the module, by all their names
   std::size_t searches_ = 0;
   std::vector<Found> found_;
 };

@@ -9,23 +9,22 @@
 namespace kelp::input::bdf {
 namespace {
 
-ModuleEntry parse_nested_child(LineReader& reader, const EntrySpec* block,
-                               const ParseOptions& options) {
+void parse_nested_child(LineReader& reader, const EntrySpec* block, const ParseOptions& options,
+                        ModuleEntry& child) {
   const Keywords keywords(block);
-  if (!keywords.start(reader.line())) {
-    ModuleEntry child = take_raw_entry(reader);
+  const auto known = keywords.find_start(reader.line());
+  if (known.entry == nullptr) {
+    take_raw_entry(reader, child);
     if (options.custom_unknown_policy) {
       gather_values(reader, keywords, child);
     }
-    return child;
+    return;
   }
-  ModuleEntry child;
-  describe_child(child, first_word(reader.line()), block);
+  describe_known(child, known);
   take_keyword_line(reader, keywords, child);
   if (child.kind != EntryValueKind::Raw || options.custom_unknown_policy) {
     gather_values(reader, keywords, child);
   }
-  return child;
 }
 
 }  // namespace
@@ -48,9 +47,9 @@ void gather_children(LineReader& reader, const EntrySpec* block, const ParseOpti
     }
     reader.begin_record(RecordId::of_child(own.index, own.entry, entry.children.size()));
     if (is_remark(line) || (is_blank(line) && !has_terminator)) {
-      entry.children.push_back(take_raw_entry(reader));
+      take_raw_entry(reader, entry.children.emplace_back());
     } else {
-      entry.children.push_back(parse_nested_child(reader, block, options));
+      parse_nested_child(reader, block, options, entry.children.emplace_back());
     }
   }
 }

@@ -62,8 +62,7 @@ ParseResult unreadable(const std::string& path, const char* cause) {
 ParseResult BDFParser::parse_string(std::string_view text, const InputSchema& schema,
                                     const ParseOptions& options) {
   ParseResult result;
-  const Lines lines = split_lines(text);
-  LineReader reader(lines);
+  LineReader reader(text);
   if (!read_input(reader, schema, options, result.data)) {
     result.error = empty_input_message;
     return result;

@@ -22,12 +22,16 @@ AtomLine read_atom_line(std::string_view line) {
   return atom;
 }
 
-AtomRecord atom_of(const AtomLine& line) {
-  AtomRecord atom;
+void describe_atom(AtomRecord& atom, const AtomLine& line) {
   atom.element = line.label;
   atom.x = line.position[0];
   atom.y = line.position[1];
   atom.z = line.position[2];
+}
+
+AtomRecord atom_of(const AtomLine& line) {
+  AtomRecord atom;
+  describe_atom(atom, line);
   return atom;
 }
 

@@ -23,6 +23,9 @@ struct AtomLine {
 /// Reads a line as that of an atom: of a geometry block, of a `$compass` geometry, of an XYZ file.
 AtomLine read_atom_line(std::string_view line);
 
+/// Sets label and coordinates of an atom from a line that is one.
+void describe_atom(AtomRecord& atom, const AtomLine& line);
+
 /// Returns the atom of a line that is one, without the line itself and its location.
 AtomRecord atom_of(const AtomLine& line);
 

@@ -39,6 +39,9 @@ struct LineMap {
 
   /// Returns what a line is read as instead of what it says; null for most lines.
   const std::string* amended_text(std::size_t line) const {
+    if (amended.empty()) {
+      return nullptr;
+    }
     const auto found = std::lower_bound(
         amended.begin(), amended.end(), line,
         [](const AmendedLine& it, std::size_t wanted) { return it.line < wanted; });

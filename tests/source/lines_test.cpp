@@ -11,6 +11,14 @@
 namespace kelp::input::bdf {
 namespace {
 
+Lines split_lines(std::string_view text) {
+  Lines lines;
+  while (!text.empty()) {
+    lines.push_back(take_line(text));
+  }
+  return lines;
+}
+
 using namespace std::string_view_literals;
 
 void expect_yes(bool (*classifier)(std::string_view),

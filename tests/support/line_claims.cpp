@@ -10,6 +10,14 @@
 namespace kelp::input::bdf {
 namespace {
 
+Lines split_lines(std::string_view text) {
+  Lines lines;
+  while (!text.empty()) {
+    lines.push_back(take_line(text));
+  }
+  return lines;
+}
+
 using core::text::equals_ignoring_case;
 using core::text::trim_view;
 using OptionalText = std::optional<std::string_view>;
@@ -197,9 +205,8 @@ void check_statement(const Statement& statement, const BDFData& data, std::size_
 MappedDocument read_with_map(std::string_view text, const InputSchema& schema,
                              const ParseOptions& options) {
   MappedDocument read;
-  const Lines lines = split_lines(text);
-  read.map.lines.resize(lines.size() + 1);
-  LineReader reader(lines, text, Reading::Literal, read.map);
+  read.map.lines.resize(split_lines(text).size() + 1);
+  LineReader reader(text, read.map);
   read_input(reader, schema, options, read.data);
   return read;
 }
