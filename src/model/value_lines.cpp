@@ -18,14 +18,18 @@ std::string_view clean_value_line(std::string_view line) {
   return core::text::trim_view(line.substr(0, line.find('#')));
 }
 
-std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry) {
-  std::vector<std::string_view> lines;
+void add_cleaned_lines(const ModuleEntry& entry, std::vector<std::string_view>& lines) {
   for (const std::string& value : entry.values) {
     const std::string_view line = clean_value_line(value);
     if (!line.empty()) {
       lines.push_back(line);
     }
   }
+}
+
+std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry) {
+  std::vector<std::string_view> lines;
+  add_cleaned_lines(entry, lines);
   return lines;
 }
 

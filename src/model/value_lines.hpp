@@ -16,6 +16,9 @@ std::string_view clean_value_line(std::string_view line);
 /// out. The views point into the entry.
 std::vector<std::string_view> cleaned_lines(const ModuleEntry& entry);
 
+/// Appends these lines to a list.
+void add_cleaned_lines(const ModuleEntry& entry, std::vector<std::string_view>& lines);
+
 /// A cleaned value line and which one it is.
 struct ValueLine {
   std::size_t index;      ///< of the value line

@@ -22,12 +22,12 @@ bool holds(const ValueRequirement& requirement, Siblings& siblings) {
 }
 
 void check_values(const ModuleEntry& entry, const RecordId& record, const EntrySpec& spec,
-                  std::string_view path, const CheckContext& context) {
-  const std::vector<std::string_view> lines = cleaned_lines(entry);
-  if (!lines_match(lines, spec)) {
+                  const PathName& path, const CheckContext& context) {
+  if (!context.values.matches(entry, spec)) {
     const ValueFault fault = find_value_fault(entry.values, spec);
-    report(context.sink, IssueId::InvalidModuleValue, {path, core::text::join(lines, " | ")},
-           {record, entry.location}, &fault);
+    report(context.sink, IssueId::InvalidModuleValue,
+           {path.text(), core::text::join(cleaned_lines(entry), " | ")}, {record, entry.location},
+           &fault);
   }
 }
 
@@ -35,22 +35,22 @@ void check_values(const ModuleEntry& entry, const RecordId& record, const EntryS
 class ChildrenCheck {
  public:
   ChildrenCheck(const ModuleEntry& parent, const RecordId& record, const EntrySpec& spec,
-                std::string_view path, const CheckContext& context)
+                const PathName& path, const CheckContext& context)
       : parent_(parent),
         record_(record),
         spec_(spec),
         path_(path),
         context_(context),
-        siblings_(parent.children, spec.child_aliases, record) {}
+        siblings_(parent.children, spec.child_aliases, record),
+        repetitions_(parent.children.size()) {}
 
   void run() {
     for (std::size_t i = 0; i < parent_.children.size(); ++i) {
       check_child(i);
     }
-    repetitions_.for_each([&](std::string_view name, std::size_t first, std::size_t again) {
-      const auto* const child = find_in(spec_.children, name);
-      if (child != nullptr && !(*child)->repeatable) {
-        report(context_.sink, IssueId::DuplicateNestedEntry, {path_, name},
+    repetitions_.for_each([&](const EntrySpec& child, std::size_t first, std::size_t again) {
+      if (!child.repeatable) {
+        report(context_.sink, IssueId::DuplicateNestedEntry, {path_.text(), child.name},
                {member_of(record_, again), parent_.location, member_of(record_, first)});
       }
     });
@@ -65,8 +65,8 @@ class ChildrenCheck {
       check_unknown_child(child, record);
       return;
     }
-    repetitions_.add(spec->name, index);
-    check_entry(child, record, *spec, std::string(path_) + '.' + spec->name, context_);
+    repetitions_.add(spec, index);
+    check_entry(child, record, *spec, {&path_, spec->name}, context_);
     check_relations(child, *spec, path_, siblings_, nested_relations, context_);
   }
 
@@ -77,35 +77,39 @@ class ChildrenCheck {
       report_unknown(context_.sink,
                      {options.unknown_entries_as_errors, options.report_unknown_entries,
                       IssueId::UnknownNestedEntry, IssueId::UnknownNestedEntryKept},
-                     {path_, child.name}, {record, child.location});
+                     {path_.text(), child.name}, {record, child.location});
     }
   }
 
   const ModuleEntry& parent_;
   RecordId record_;
   const EntrySpec& spec_;
-  std::string_view path_;
+  const PathName& path_;
   const CheckContext& context_;
   Siblings siblings_;
-  Repetitions repetitions_;
+  Repetitions<EntrySpec> repetitions_;
 };
 
 }  // namespace
 
-void check_relations(const ModuleEntry& entry, const EntrySpec& spec, std::string_view parent,
+void check_relations(const ModuleEntry& entry, const EntrySpec& spec, const PathName& parent,
                      Siblings& siblings, const RelationIssues& ids, const CheckContext& context) {
+  if (spec.required.empty() && spec.conflicts.empty()) {
+    return;
+  }
   const RecordId record = siblings.record_of(entry);
   for (const ValueRequirement& requirement : spec.required) {
     if (!holds(requirement, siblings)) {
       const IssueId id = requirement.equals ? ids.missing_value : ids.missing_entry;
-      report(context.sink, id,
-             {parent, spec.name, requirement.entry, requirement.equals.value_or(std::string())},
-             {record, entry.location});
+      report(
+          context.sink, id,
+          {parent.text(), spec.name, requirement.entry, requirement.equals.value_or(std::string())},
+          {record, entry.location});
     }
   }
   for (const std::string& other : spec.conflicts) {
     if (const ModuleEntry* const found = siblings.find(other); found != nullptr) {
-      report(context.sink, ids.conflict, {parent, spec.name, other},
+      report(context.sink, ids.conflict, {parent.text(), spec.name, other},
              {record, entry.location, siblings.record_of(*found)});
     }
   }
@@ -119,20 +123,20 @@ void report_unknown(const FaultSink& sink, const UnknownName& what,
 }
 
 void check_entry(const ModuleEntry& entry, const RecordId& record, const EntrySpec& spec,
-                 std::string_view path, const CheckContext& context) {
+                 const PathName& path, const CheckContext& context) {
   const EntryValueKind kind = spec.kind;
   if (kind == EntryValueKind::Flag || kind == EntryValueKind::Raw) {
     return;
   }
   const FaultSite site = {record, entry.location};
   if (entry.values.empty() && entry.children.empty()) {
-    report(context.sink, IssueId::MissingEntryValue, {path}, site);
+    report(context.sink, IssueId::MissingEntryValue, {path.text()}, site);
     return;
   }
   const bool is_block =
       kind == EntryValueKind::NestedBlock || kind == EntryValueKind::TerminatedBlock;
   if (is_block && !entry.terminated) {
-    report(context.sink, IssueId::UnterminatedEntryBlock, {path, spec.terminator}, site);
+    report(context.sink, IssueId::UnterminatedEntryBlock, {path.text(), spec.terminator}, site);
   }
   if (kind == EntryValueKind::NestedBlock) {
     ChildrenCheck(entry, record, spec, path, context).run();

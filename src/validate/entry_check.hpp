@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "kelp/input/bdf/document.hpp"
@@ -7,18 +8,31 @@
 #include "schema/impl.hpp"
 #include "validate/fault.hpp"
 #include "validate/siblings.hpp"
+#include "validate/value_check.hpp"
 
 namespace kelp::input::bdf {
 
-/// What all checks share: what is asked for, and where the findings go.
+/// What all checks share: what is asked for, where the findings go, and what is kept from one value
+/// to the next.
 struct CheckContext {
   const ValidationOptions& options;
   const FaultSink& sink;
+  ValueCheck& values;
 };
 
-/// Checks the values and children of one known entry; `path` is its name as messages give it.
+/// A name as messages give it, `scf.charge`. It is put together only for a finding.
+struct PathName {
+  const PathName* parent;  ///< null for a module
+  std::string_view name;
+
+  std::string text() const {
+    return parent == nullptr ? std::string(name) : (parent->text() + '.').append(name);
+  }
+};
+
+/// Checks the values and children of one known entry.
 void check_entry(const ModuleEntry& entry, const RecordId& record, const EntrySpec& spec,
-                 std::string_view path, const CheckContext& context);
+                 const PathName& path, const CheckContext& context);
 
 /// The findings about entries that stand beside each other; their wording tells the two levels
 /// apart.
@@ -30,7 +44,7 @@ struct RelationIssues {
 
 /// Checks that what an entry requires stands beside it and what it conflicts with does not.
 /// `parent` is the path of the module or block.
-void check_relations(const ModuleEntry& entry, const EntrySpec& spec, std::string_view parent,
+void check_relations(const ModuleEntry& entry, const EntrySpec& spec, const PathName& parent,
                      Siblings& siblings, const RelationIssues& ids, const CheckContext& context);
 
 /// What is done about a name that the schema does not know.

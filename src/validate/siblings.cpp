@@ -24,13 +24,4 @@ const ModuleEntry* Siblings::find(std::string_view name) {
   return found == nullptr ? nullptr : *found;
 }
 
-void Repetitions::add(std::string_view name, std::size_t index) {
-  const auto found = names_.find(name);
-  if (found == names_.end()) {
-    order_.push_back(&*names_.emplace(name, Records{index, none}).first);
-  } else if (found->second.again == none) {
-    found->second.again = index;
-  }
-}
-
 }  // namespace kelp::input::bdf

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "kelp/input/bdf/document.hpp"
@@ -38,33 +40,69 @@ class Siblings {
   bool indexed_ = false;
 };
 
-/// Notes which record bears a name first and which again, and the order in which names first came.
+/// Counts the records of each description, and keeps the order in which these first came. What is
+/// counted is descriptions, not names, of which each has one.
+template <typename Spec>
 class Repetitions {
  public:
-  void add(std::string_view name, std::size_t index);
+  /// `records` is how many will be added.
+  explicit Repetitions(std::size_t records) {
+    counted_.reserve(std::min(records, most_without_index));
+  }
 
-  /// Calls `use(name, first, again)` for every name that came more than once, with the indices of
-  /// the first and the second record of that name.
+  void add(const Spec* spec, std::size_t index) {
+    Count* const count = find(spec);
+    if (count == nullptr) {
+      counted_.push_back({spec, index, none});
+      note_positions();
+    } else if (count->again == none) {
+      count->again = index;
+    }
+  }
+
+  /// Calls `use(spec, first, again)` for every description that came more than once, with the
+  /// indices of the first and the second record of it.
   template <typename Use>
   void for_each(Use use) const {
-    for (const auto* const named : order_) {
-      if (named->second.again != none) {
-        use(std::string_view(named->first), named->second.first, named->second.again);
+    for (const Count& count : counted_) {
+      if (count.again != none) {
+        use(*count.spec, count.first, count.again);
       }
     }
   }
 
  private:
   static constexpr std::size_t none = static_cast<std::size_t>(-1);
+  static constexpr std::size_t most_without_index = 32;
 
-  struct Records {
+  struct Count {
+    const Spec* spec;
     std::size_t first;
     std::size_t again;
   };
-  using Names = NameMap<Records>;
 
-  Names names_;
-  std::vector<const Names::value_type*> order_;  ///< they never move
+  // To look through a few is faster than to look one up.
+  void note_positions() {
+    if (counted_.size() < most_without_index) {
+      return;
+    }
+    for (std::size_t i = positions_.size(); i < counted_.size(); ++i) {
+      positions_.emplace(counted_[i].spec, i);
+    }
+  }
+
+  Count* find(const Spec* spec) {
+    if (!positions_.empty()) {
+      const auto found = positions_.find(spec);
+      return found == positions_.end() ? nullptr : &counted_[found->second];
+    }
+    const auto found = std::find_if(counted_.begin(), counted_.end(),
+                                    [spec](const Count& count) { return count.spec == spec; });
+    return found == counted_.end() ? nullptr : &*found;
+  }
+
+  std::vector<Count> counted_;
+  std::unordered_map<const Spec*, std::size_t> positions_;  ///< once there are many
 };
 
 }  // namespace kelp::input::bdf

@@ -34,17 +34,19 @@ class ModuleCheck {
         record_(record),
         spec_(spec),
         context_(context),
-        siblings_(module.entries, entry_aliases(spec), record) {}
+        path_{nullptr, module.name},
+        siblings_(module.entries, entry_aliases(spec), record),
+        repetitions_(module.entries.size()) {}
 
   void run() {
     check_frame();
     for (std::size_t i = 0; i < module_.entries.size(); ++i) {
       check(i);
     }
-    repetitions_.for_each([&](std::string_view name, std::size_t first, std::size_t again) {
-      const EntrySpec* const entry = find_entry_spec(spec_, name);
+    repetitions_.for_each([&](const EntrySpec& spec, std::size_t first, std::size_t again) {
+      const EntrySpec* const entry = find_entry_spec(spec_, spec.name);
       if (entry != nullptr && !entry->repeatable) {
-        report(context_.sink, IssueId::DuplicateEntry, {module_.name, name},
+        report(context_.sink, IssueId::DuplicateEntry, {module_.name, spec.name},
                {member_of(record_, again), module_.location, member_of(record_, first)});
       }
     });
@@ -77,24 +79,29 @@ class ModuleCheck {
                      {module_.name, entry.name}, {record, entry.location});
       return;
     }
-    repetitions_.add(spec->name, index);
-    check_entry(entry, record, *spec, module_.name + '.' + spec->name, context_);
-    check_relations(entry, *spec, module_.name, siblings_, module_relations, context_);
+    repetitions_.add(spec, index);
+    check_entry(entry, record, *spec, {&path_, spec->name}, context_);
+    check_relations(entry, *spec, path_, siblings_, module_relations, context_);
   }
 
   const Module& module_;
   RecordId record_;
   const ModuleSpec* spec_;
   const CheckContext& context_;
+  PathName path_;
   Siblings siblings_;
-  Repetitions repetitions_;
+  Repetitions<EntrySpec> repetitions_;
 };
 
 /// Checks one document.
 class DocumentCheck {
  public:
   DocumentCheck(const BDFData& data, const InputSchema& schema, const CheckContext& context)
-      : data_(data), schema_(schema), impl_(SchemaAccess::impl(schema)), context_(context) {}
+      : data_(data),
+        schema_(schema),
+        impl_(SchemaAccess::impl(schema)),
+        context_(context),
+        repetitions_(data.modules.size()) {}
 
   void run() {
     if (data_.mode != InputMode::Module) {
@@ -102,14 +109,15 @@ class DocumentCheck {
     }
     for (std::size_t i = 0; i < data_.modules.size(); ++i) {
       const Module& module = data_.modules[i];
-      repetitions_.add(canonical_name(impl_.module_aliases, module.name), i);
-      ModuleCheck(module, RecordId::of_module(i), find_module_spec(impl_, module.name), context_)
-          .run();
+      const ModuleSpec* const spec = find_module_spec(impl_, module.name);
+      if (spec != nullptr) {
+        repetitions_.add(spec, i);
+      }
+      ModuleCheck(module, RecordId::of_module(i), spec, context_).run();
     }
-    repetitions_.for_each([&](std::string_view name, std::size_t first, std::size_t again) {
-      const ModuleSpec* const spec = find_in(impl_.modules, name);
-      if (spec != nullptr && !spec->repeatable) {
-        report(context_.sink, IssueId::DuplicateModule, {name},
+    repetitions_.for_each([&](const ModuleSpec& spec, std::size_t first, std::size_t again) {
+      if (!spec.repeatable) {
+        report(context_.sink, IssueId::DuplicateModule, {spec.name},
                {RecordId::of_module(again), nowhere_, RecordId::of_module(first)});
       }
     });
@@ -133,7 +141,7 @@ class DocumentCheck {
   void check_easy_value(std::string_view name, const FaultSite& site) {
     const auto [keyword, value] = split_at_equals(name);
     const ValueSpec* const spec = find_keyword_spec(impl_, keyword);
-    if (spec != nullptr && value && !value->empty() && !value_matches({*value}, *spec)) {
+    if (spec != nullptr && value && !value->empty() && !value_matches(*value, *spec)) {
       const ValueFault fault = find_header_value_fault(*value, *spec);
       report(context_.sink, IssueId::InvalidEasyValue, {keyword, *value}, site, &fault);
     }
@@ -157,14 +165,15 @@ class DocumentCheck {
   const InputSchema::Impl& impl_;
   const CheckContext& context_;
   const std::optional<SourceSpan> nowhere_;
-  Repetitions repetitions_;
+  Repetitions<ModuleSpec> repetitions_;
 };
 
 }  // namespace
 
 void find_faults(const BDFData& data, const InputSchema& schema, const ValidationOptions& options,
                  const FaultSink& sink) {
-  DocumentCheck(data, schema, {options, sink}).run();
+  ValueCheck values;
+  DocumentCheck(data, schema, {options, sink, values}).run();
 }
 
 std::vector<ValidationIssue> InputSchema::validate(const BDFData& data,

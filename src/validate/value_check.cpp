@@ -22,11 +22,12 @@ using Tokens = std::vector<std::string_view>;
 enum class ValueType { Any, Integer, Float };
 
 ValueType type_from_name(std::string_view name) {
-  const std::string type = normalize_key(name);
-  if (type == "integer") {
+  const std::string_view type = bare_key(require_text(name));
+  if (is_normally(type, "integer")) {
     return ValueType::Integer;
   }
-  return type == "float" || type == "number" ? ValueType::Float : ValueType::Any;
+  return is_normally(type, "float") || is_normally(type, "number") ? ValueType::Float
+                                                                   : ValueType::Any;
 }
 
 ValueReason check_bounds(double value, const EntrySchemaInfo& info) {
@@ -84,13 +85,16 @@ ValueReason check_arity(std::size_t count, const Arity& arity) {
   return allowed ? ValueReason::None : ValueReason::WrongFieldCount;
 }
 
+// All fields together are one value.
 bool is_allowed(const Tokens& tokens, const std::vector<std::string>& allowed) {
-  const std::string value = normalize_key(core::text::join(tokens, " "));
-  return std::find(allowed.begin(), allowed.end(), value) != allowed.end();
+  const std::string joined = tokens.size() == 1 ? std::string() : core::text::join(tokens, " ");
+  const std::string_view value = bare_key(tokens.size() == 1 ? tokens.front() : joined);
+  return std::any_of(allowed.begin(), allowed.end(),
+                     [value](const std::string& other) { return is_normally(value, other); });
 }
 
-ValueReason check_count_line(std::string_view line, std::size_t rows) {
-  Tokens tokens;
+ValueReason check_count_line(std::string_view line, std::size_t rows, Tokens& tokens) {
+  tokens.clear();
   split_value_tokens(line, tokens);
   if (tokens.size() != 1) {
     return ValueReason::WrongCount;
@@ -103,8 +107,10 @@ ValueReason check_count_line(std::string_view line, std::size_t rows) {
                                                     : ValueReason::WrongRowCount;
 }
 
-std::vector<ValueType> column_types(const EntrySchemaInfo& info) {
-  std::vector<ValueType> types;
+using Types = std::vector<ValueType>;
+
+Types column_types(const EntrySchemaInfo& info) {
+  Types types;
   types.reserve(info.row_types.size() + 1);
   for (const std::string& name : info.row_types) {
     types.push_back(type_from_name(name));
@@ -115,8 +121,7 @@ std::vector<ValueType> column_types(const EntrySchemaInfo& info) {
   return types;
 }
 
-ValueReason check_row(const Tokens& tokens, const std::vector<ValueType>& types,
-                      const EntrySchemaInfo& info) {
+ValueReason check_row(const Tokens& tokens, const Types& types, const EntrySchemaInfo& info) {
   ValueReason reason = check_arity(tokens.size(), arity_of_row(info));
   for (std::size_t column = 0; column < tokens.size() && reason == ValueReason::None; ++column) {
     // The last type holds for all further columns.
@@ -135,7 +140,7 @@ class FaultFinder {
     if (lines_.empty()) {
       return {ValueReason::WrongRowCount, ValuePart::All, {}};
     }
-    const std::vector<ValueType> types = column_types(info_);
+    const Types types = column_types(info_);
     Tokens tokens;
     for (std::size_t row = info_.count_line ? 1 : 0; row < lines_.size(); ++row) {
       tokens.clear();
@@ -146,7 +151,7 @@ class FaultFinder {
       }
     }
     const ValueLine& count = lines_.front();
-    return at(check_count_line(count.text, lines_.size() - 1), ValuePart::CountLine, count,
+    return at(check_count_line(count.text, lines_.size() - 1, tokens), ValuePart::CountLine, count,
               count.text);
   }
 
@@ -195,42 +200,55 @@ bool token_matches_type(std::string_view token, std::string_view type,
   return check_token(token, type_from_name(type), info) == ValueReason::None;
 }
 
-bool value_matches(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info) {
-  Tokens tokens;
+bool ValueCheck::matches(const ModuleEntry& entry, const EntrySchemaInfo& info) {
+  lines_.clear();
+  add_cleaned_lines(entry, lines_);
+  return lines_match(lines_, info);
+}
+
+bool ValueCheck::lines_match(const Tokens& lines, const EntrySchemaInfo& info) {
+  return info.kind == EntryValueKind::CountedRows ? rows_match(lines, info)
+                                                  : fields_match(lines, info);
+}
+
+bool ValueCheck::fields_match(const Tokens& lines, const EntrySchemaInfo& info) {
+  tokens_.clear();
   for (const std::string_view line : lines) {
-    split_value_tokens(line, tokens);
+    split_value_tokens(line, tokens_);
   }
-  if (check_arity(tokens.size(), arity_of_value(info)) != ValueReason::None) {
+  if (check_arity(tokens_.size(), arity_of_value(info)) != ValueReason::None) {
     return false;
   }
   const ValueType type = type_from_name(info.value_type);
-  return std::all_of(tokens.begin(), tokens.end(),
+  return std::all_of(tokens_.begin(), tokens_.end(),
                      [&](std::string_view token) {
                        return check_token(token, type, info) == ValueReason::None;
                      }) &&
-         (info.allowed.empty() || is_allowed(tokens, info.allowed));
+         (info.allowed.empty() || is_allowed(tokens_, info.allowed));
 }
 
-bool counted_rows_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info) {
-  if (lines.empty() ||
-      (info.count_line && check_count_line(lines.front(), lines.size() - 1) != ValueReason::None)) {
+bool ValueCheck::rows_match(const Tokens& lines, const EntrySchemaInfo& info) {
+  if (lines.empty() || (info.count_line && check_count_line(lines.front(), lines.size() - 1,
+                                                            tokens_) != ValueReason::None)) {
     return false;
   }
-  const std::vector<ValueType> types = column_types(info);
-  Tokens tokens;
+  const Types types = column_types(info);
   for (std::size_t row = info.count_line ? 1 : 0; row < lines.size(); ++row) {
-    tokens.clear();
-    split_value_tokens(lines[row], tokens);
-    if (check_row(tokens, types, info) != ValueReason::None) {
+    tokens_.clear();
+    split_value_tokens(lines[row], tokens_);
+    if (check_row(tokens_, types, info) != ValueReason::None) {
       return false;
     }
   }
   return true;
 }
 
+bool value_matches(std::string_view value, const EntrySchemaInfo& info) {
+  return ValueCheck().fields_match({value}, info);
+}
+
 bool lines_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info) {
-  return info.kind == EntryValueKind::CountedRows ? counted_rows_match(lines, info)
-                                                  : value_matches(lines, info);
+  return ValueCheck().lines_match(lines, info);
 }
 
 ValueFault find_value_fault(const std::vector<std::string>& values, const EntrySchemaInfo& info) {

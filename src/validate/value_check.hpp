@@ -9,15 +9,29 @@
 
 namespace kelp::input::bdf {
 
-/// Tells whether lines of values agree with a description: number of fields, type and bounds of
-/// each, and the list of allowed values, with which all fields together are compared.
-bool value_matches(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+/// Tells whether values agree with their descriptions. Keeps its lists from one value to the next.
+class ValueCheck {
+ public:
+  /// Tells it of an entry, by the rule of its description's kind.
+  bool matches(const ModuleEntry& entry, const EntrySchemaInfo& info);
+  /// The same of cleaned lines.
+  bool lines_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+  /// Tells whether lines agree with a description: number of fields, type and bounds of each, and
+  /// the list of allowed values, with which all fields together are compared.
+  bool fields_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+  /// Tells whether the lines of a `CountedRows` entry agree with its description.
+  bool rows_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
 
-/// Tells whether the cleaned lines of a `CountedRows` entry agree with its description.
-bool counted_rows_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
+ private:
+  std::vector<std::string_view> lines_;
+  std::vector<std::string_view> tokens_;
+};
 
-/// Tells whether the cleaned lines of an entry agree with its description, by the one or the other
-/// of these rules.
+/// Tells whether a value of the header agrees with its description, whatever the description's kind
+/// is.
+bool value_matches(std::string_view value, const EntrySchemaInfo& info);
+
+/// Tells whether the cleaned lines of an entry agree with its description.
 bool lines_match(const std::vector<std::string_view>& lines, const EntrySchemaInfo& info);
 
 /// Tells whether one field is of a type (string, any, integer, float, number) and within the

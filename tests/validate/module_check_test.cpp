@@ -119,6 +119,23 @@ TEST(DuplicateEntry, IsNoneWhenTheSchemaLetsItRecurOrDoesNotKnowIt) {
   EXPECT_THAT(findings(schema(), "$m\nmany\nmany\nfoo\nfoo\n# c\n# c\n$end\n"), IsEmpty());
 }
 
+TEST(DuplicateEntry, IsFoundAmongAnyNumberOfOthers) {
+  std::string yaml = "modules:\n  m:\n    entries:\n";
+  std::string text = "$m\n";
+  for (int i = 0; i < 200; ++i) {
+    const std::string name = "e" + std::to_string(i);
+    yaml += "      " + name + ": {kind: flag}\n";
+    text += name + "\n";
+  }
+  const auto duplicate_entry = [](const std::string& name) {
+    return "1:1+2 warning bdf.duplicate_entry BDF module entry 'm." + name +
+           "' is repeated although the manual defines it as singular.";
+  };
+  EXPECT_THAT(findings(schema_from(yaml), text + "e199\ne0\ne31\ne0\ne32\n$end\n"),
+              ElementsAre(duplicate_entry("e0"), duplicate_entry("e31"), duplicate_entry("e32"),
+                          duplicate_entry("e199")));
+}
+
 TEST(DuplicateEntry, IsFoundForEntriesKeptRawByTheSchemaToo) {
   EXPECT_THAT(findings(schema(), "$m\nnote\nnote\n$end\n"),
               ElementsAre("1:1+2 warning bdf.duplicate_entry BDF module entry 'm.note' is "
