@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "kelp/core/text.hpp"
@@ -24,6 +25,18 @@ constexpr std::size_t indent_step = 2;
 // More digits than that no double has behind its point within the range of coordinates.
 constexpr int most_decimals = 40;
 
+// About how long a document is as text, so that the text is moved seldom while it grows.
+std::size_t usual_size(const BDFData& data) {
+  constexpr std::size_t of_atom = 48;
+  constexpr std::size_t of_entry = 24;
+  constexpr std::size_t of_module = 24;
+  std::size_t size = data.atoms.size() * of_atom;
+  for (const Module& module : data.modules) {
+    size += of_module + module.entries.size() * of_entry;
+  }
+  return size;
+}
+
 bool is_verbatim(const ModuleEntry& entry) {
   return entry.kind == EntryValueKind::Raw || !entry.known;
 }
@@ -33,6 +46,7 @@ class Renderer {
   Renderer(const BDFData& data, const InputSchema& schema) : data_(data), schema_(schema) {}
 
   std::string run() {
+    out_.reserve(usual_size(data_));
     if (data_.mode == InputMode::Module) {
       begin_module_input();
     } else {
@@ -53,6 +67,14 @@ class Renderer {
   void write(const Lines& lines) {
     for (const std::string& line : lines) {
       write(line);
+    }
+  }
+
+  void write_in_lower_case(std::string_view line) {
+    const std::size_t begin = out_.size();
+    write(line);
+    for (std::size_t i = begin; i < out_.size(); ++i) {
+      out_[i] = core::text::to_lower(out_[i]);
     }
   }
 
@@ -141,7 +163,12 @@ class Renderer {
 
   void write_module(const Module& module, bool with_geometry) {
     const bool verbatim_header = !module.known && !module.header_line.empty();
-    write(verbatim_header ? module.header_line : '$' + core::text::to_lower(module.name));
+    if (verbatim_header) {
+      write(module.header_line);
+    } else {
+      out_ += '$';
+      write_in_lower_case(module.name);
+    }
     if (with_geometry) {
       write_geometry();
       geometry_waits_ = false;
@@ -162,7 +189,8 @@ class Renderer {
       write(entry.values);
       return;
     }
-    write_indented(indent, core::text::to_lower(entry.name));
+    out_.append(indent, ' ');
+    write_in_lower_case(entry.name);
     if (entry.kind == EntryValueKind::NestedBlock) {
       for (const ModuleEntry& child : entry.children) {
         write_entry(child, indent + indent_step);
@@ -197,11 +225,23 @@ class Renderer {
 }  // namespace
 
 void append_coordinate(std::string& out, double value, int decimals) {
+  const auto write = [&](char* begin, char* end) {
+    return std::to_chars(begin, end, value, std::chars_format::fixed,
+                         std::clamp(decimals, 0, most_decimals));
+  };
+  // Most coordinates are short enough to be written where they belong.
+  constexpr std::size_t usual = 24;
+  const std::size_t begin = out.size();
+  out.resize(begin + usual);
+  const auto in_place = write(out.data() + begin, out.data() + out.size());
+  if (in_place.ec == std::errc()) {
+    out.resize(static_cast<std::size_t>(in_place.ptr - out.data()));
+    return;
+  }
+  out.resize(begin);
   // Room for a sign, the 309 digits of the largest double, the point and the decimals.
   std::array<char, 360> digits;
-  const auto written =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed,
-                    std::clamp(decimals, 0, most_decimals));
+  const auto written = write(digits.data(), digits.data() + digits.size());
   out.append(digits.data(), written.ptr);
 }
 
