@@ -75,8 +75,15 @@ const Module* BDFEditor::module(std::string_view name, std::size_t index) const 
     return nullptr;
   }
   const CanonicalMatch matches(&SchemaAccess::impl(schema_).module_aliases, name);
+  // Where there are many modules, most have the name of the one before.
+  std::string_view last;
+  bool last_matches = matches(last);
   for (const Module& candidate : data_.modules) {
-    if (matches(candidate.name) && index-- == 0) {
+    if (candidate.name != last) {
+      last = candidate.name;
+      last_matches = matches(last);
+    }
+    if (last_matches && index-- == 0) {
       return &candidate;
     }
   }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,18 +17,16 @@
 namespace kelp::input::bdf {
 namespace {
 
-constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
-
-std::size_t find_module_index(const BDFData& data, const InputSchema& schema,
-                              const ValuePath& path) {
-  const std::string wanted = schema.canonical_module(path.module);
+std::optional<std::size_t> find_module_index(const BDFData& data, const InputSchema& schema,
+                                             const ValuePath& path) {
+  const CanonicalMatch is_wanted(&SchemaAccess::impl(schema).module_aliases, path.module);
   std::size_t skip = path.module_index;
   for (std::size_t i = 0; i < data.modules.size(); ++i) {
-    if (schema.canonical_module(data.modules[i].name) == wanted && skip-- == 0) {
+    if (is_wanted(data.modules[i].name) && skip-- == 0) {
       return i;
     }
   }
-  return nowhere;
+  return std::nullopt;
 }
 
 RecordId find_child(const BDFData& data, const ModuleSpec* spec, const ValuePath& path,
@@ -80,7 +79,44 @@ RecordId find_header_keyword(const BDFData& data, const InputSchema& schema,
   return found.empty() ? RecordId{} : RecordId::of(RecordKind::EasyToken, found.front().first);
 }
 
+// `find_module` tells the index of the module that a path names.
+template <typename FindModule>
+RecordId find_record_by(const BDFData& data, const InputSchema& schema, const ValuePath& path,
+                        FindModule find_module) {
+  if (path.kind == PathKind::Geometry) {
+    return find_geometry(data, schema);
+  }
+  if (path.kind == PathKind::EasyKeyword) {
+    return find_header_keyword(data, schema, path.name);
+  }
+  const std::optional<std::size_t> module = find_module();
+  if (!module) {
+    return {};
+  }
+  return path.kind == PathKind::Module ? RecordId::of_module(*module)
+                                       : find_in_module(data, schema, path, *module);
+}
+
 }  // namespace
+
+ModuleFinder::ModuleFinder(const BDFData& data, const InputSchema& schema) {
+  for (std::size_t i = 0; i < data.modules.size(); ++i) {
+    by_name_[schema.canonical_module(data.modules[i].name)].push_back(i);
+  }
+}
+
+std::optional<std::size_t> ModuleFinder::find(const InputSchema& schema,
+                                              const ValuePath& path) const {
+  const auto found = by_name_.find(schema.canonical_module(path.module));
+  return found == by_name_.end() || path.module_index >= found->second.size()
+             ? std::nullopt
+             : std::optional(found->second[path.module_index]);
+}
+
+std::size_t ModuleFinder::count(const InputSchema& schema, std::string_view name) const {
+  const auto found = by_name_.find(schema.canonical_module(name));
+  return found == by_name_.end() ? 0 : found->second.size();
+}
 
 RecordId find_compass_geometry(const BDFData& data, const InputSchema& schema) {
   const std::string compass = schema.canonical_module(compass_module);
@@ -97,18 +133,12 @@ RecordId find_compass_geometry(const BDFData& data, const InputSchema& schema) {
 }
 
 RecordId find_record(const BDFData& data, const InputSchema& schema, const ValuePath& path) {
-  if (path.kind == PathKind::Geometry) {
-    return find_geometry(data, schema);
-  }
-  if (path.kind == PathKind::EasyKeyword) {
-    return find_header_keyword(data, schema, path.name);
-  }
-  const std::size_t module = find_module_index(data, schema, path);
-  if (module == nowhere) {
-    return {};
-  }
-  return path.kind == PathKind::Module ? RecordId::of_module(module)
-                                       : find_in_module(data, schema, path, module);
+  return find_record_by(data, schema, path, [&] { return find_module_index(data, schema, path); });
+}
+
+RecordId find_record(const BDFData& data, const InputSchema& schema, const ModuleFinder& modules,
+                     const ValuePath& path) {
+  return find_record_by(data, schema, path, [&] { return modules.find(schema, path); });
 }
 
 RecordId find_record(const ParsedInput& input, const ValuePath& path) {

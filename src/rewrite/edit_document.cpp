@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "kelp/core/text.hpp"
@@ -181,10 +183,13 @@ class Editing {
 
   // --- what undoes something else
 
-  Problem find_contradiction() const {
-    for (const Assignment& assignment : edit_.assignments) {
-      if (!is_specification_part(assignment.path) && !is_made_again(assignment)) {
-        Problem problem = check_is_there(assignment.path, assignment.values);
+  Problem find_contradiction() {
+    const std::vector<RecordId> records = records_of_assignments();
+    const std::vector<bool> again = are_made_again(records);
+    for (std::size_t i = 0; i < records.size(); ++i) {
+      const Assignment& assignment = edit_.assignments[i];
+      if (!is_specification_part(assignment.path) && !again[i]) {
+        Problem problem = check_is_there(assignment.path, records[i], assignment.values);
         if (!problem.empty()) {
           return problem;
         }
@@ -194,17 +199,27 @@ class Editing {
     return problem.empty() ? check_number(multiplicity_name, edit_.multiplicity) : problem;
   }
 
-  // Of several assignments of one path the last one counts.
-  bool is_made_again(const Assignment& assignment) const {
-    const RecordId record = find_record(result_.data, context_.schema(), assignment.path);
-    const Assignment* const last = &edit_.assignments.back();
-    return std::any_of(&assignment + 1, last + 1, [&](const Assignment& later) {
-      return find_record(result_.data, context_.schema(), later.path) == record;
-    });
+  std::vector<RecordId> records_of_assignments() {
+    std::vector<RecordId> records;
+    records.reserve(edit_.assignments.size());
+    for (const Assignment& assignment : edit_.assignments) {
+      records.push_back(context_.find(assignment.path));
+    }
+    return records;
   }
 
-  Problem check_is_there(const ValuePath& path, const Texts& values) const {
-    const RecordId record = find_record(result_.data, context_.schema(), path);
+  // Of several assignments of one record the last one counts.
+  static std::vector<bool> are_made_again(const std::vector<RecordId>& records) {
+    std::set<std::tuple<RecordKind, std::size_t, std::size_t, std::size_t>> later;
+    std::vector<bool> again(records.size());
+    for (std::size_t i = records.size(); i-- > 0;) {
+      const RecordId& record = records[i];
+      again[i] = !later.insert({record.kind, record.index, record.entry, record.child}).second;
+    }
+    return again;
+  }
+
+  Problem check_is_there(const ValuePath& path, const RecordId& record, const Texts& values) const {
     if (!record || is_in_module_that_goes(path)) {
       return "the change contradicts itself: '" + to_string(path) + "' is to be set and taken out";
     }
@@ -227,7 +242,7 @@ class Editing {
   }
 
   // In the header, and in every `$scf` that states it.
-  Problem check_number(const char* name, const std::optional<int>& number) const {
+  Problem check_number(const char* name, const std::optional<int>& number) {
     if (!number) {
       return {};
     }
@@ -236,13 +251,14 @@ class Editing {
     if (homes_of_numbers(result_.data, schema).header) {
       paths.push_back({PathKind::EasyKeyword, {}, 0, name, {}});
     }
-    for (std::size_t i = 0; i < count_modules(result_.data, schema, scf_module); ++i) {
+    for (std::size_t i = 0; i < context_.modules().count(schema, scf_module); ++i) {
       paths.push_back({PathKind::Entry, scf_module, i, name, {}});
     }
     for (const ValuePath& path : paths) {
       const bool must_be_there = path == paths.front();
-      Problem problem = must_be_there || find_record(result_.data, schema, path)
-                            ? check_is_there(path, {std::to_string(*number)})
+      const RecordId record = context_.find(path);
+      Problem problem = must_be_there || record
+                            ? check_is_there(path, record, {std::to_string(*number)})
                             : Problem();
       if (!problem.empty()) {
         return problem;

@@ -147,7 +147,7 @@ ModuleEntry* record_at(EditContext& context, const RecordId& record) {
 
 ModuleEntry* block_for(EditContext& context, ValuePath path, Problem& problem) {
   path.kind = PathKind::Entry;
-  ModuleEntry* block = record_at(context, find_record(context.data, context.schema(), path));
+  ModuleEntry* block = record_at(context, context.find(path));
   if (block == nullptr) {
     Module* const module = module_for(context, path, problem);
     if (module == nullptr) {
@@ -194,7 +194,7 @@ Problem check_known(const EditContext& context, const ValuePath& path) {
 
 Problem set_entry(EditContext& context, const Assignment& assignment) {
   const ValuePath& path = assignment.path;
-  ModuleEntry* const found = record_at(context, find_record(context.data, context.schema(), path));
+  ModuleEntry* const found = record_at(context, context.find(path));
   Problem problem = check_values(context, assignment, found);
   if (!problem.empty()) {
     return problem;
@@ -209,7 +209,7 @@ Problem set_entry(EditContext& context, const Assignment& assignment) {
 
 Problem set_child(EditContext& context, const Assignment& assignment) {
   const ValuePath& path = assignment.path;
-  ModuleEntry* const found = record_at(context, find_record(context.data, context.schema(), path));
+  ModuleEntry* const found = record_at(context, context.find(path));
   Problem problem = check_values(context, assignment, found);
   if (!problem.empty()) {
     return problem;
@@ -262,11 +262,11 @@ ModuleEntry& add_entry(EditContext& context, Module& module, const std::string& 
 Module* module_for(EditContext& context, const ValuePath& path, Problem& problem) {
   ValuePath of_module = path;
   of_module.kind = PathKind::Module;
-  const RecordId found = find_record(context.data, context.schema(), of_module);
+  const RecordId found = context.find(of_module);
   if (found) {
     return &context.data.modules[found.index];
   }
-  const std::size_t count = count_modules(context.data, context.schema(), path.module);
+  const std::size_t count = context.modules().count(context.schema(), path.module);
   if (path.module_index > count) {
     problem = refusal(path, std::string("there ") + (count == 1 ? "is " : "are ") +
                                 std::to_string(count) + " $" + path.module +

@@ -9,6 +9,7 @@
 #include "kelp/input/bdf/document.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
 #include "kelp/input/bdf/rewrite.hpp"
+#include "path/resolver.hpp"
 
 namespace kelp::input::bdf {
 
@@ -18,8 +19,18 @@ struct EditContext {
   const Edit& edit;                 ///< all that is wanted
   BDFData& data;                    ///< the document as far as it was changed
   std::vector<std::string>& notes;  ///< what goes along with the change unasked
+  /// The modules of the document; unset when it was not asked for since modules came or went.
+  std::optional<ModuleFinder> finder = std::nullopt;
 
   const InputSchema& schema() const { return input.schema(); }
+  const ModuleFinder& modules() {
+    if (!finder) {
+      finder.emplace(data, schema());
+    }
+    return *finder;
+  }
+  /// Returns the record that a path names in the document as far as it was changed.
+  RecordId find(const ValuePath& path) { return find_record(data, schema(), modules(), path); }
 };
 
 /// Why a change is impossible, in words; empty when it was made.

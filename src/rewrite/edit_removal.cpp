@@ -60,8 +60,7 @@ Problem unset_easy(EditContext& context, const ValuePath& path) {
 
 Problem unset_entries(EditContext& context, const ValuePath& path) {
   bool found = false;
-  for (RecordId record = find_record(context.data, context.schema(), path); record;
-       record = find_record(context.data, context.schema(), path)) {
+  for (RecordId record = context.find(path); record; record = context.find(path)) {
     Module& module = context.data.modules[record.index];
     if (record.kind == RecordKind::Child) {
       erase_with_comments(module.entries[record.entry].children, record.child);
@@ -125,6 +124,7 @@ Problem unset_modules(EditContext& context) {
     if (!record) {
       return miss(context, path);
     }
+    context.finder.reset();
     remove_module(context.data, record.index);
   }
   return {};

@@ -131,6 +131,7 @@ class ModulePosition {
 
 std::size_t add_module(EditContext& context, Module module) {
   BDFData& data = context.data;
+  context.finder.reset();
   const std::size_t position = ModulePosition(context.input, data, module.name).find();
   std::size_t index = 0;
   for (std::size_t i = 0; i < data.statements.size(); ++i) {
