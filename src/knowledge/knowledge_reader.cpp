@@ -97,7 +97,6 @@ class KnowledgeReader {
     set.has_spin_orbit = scalar_text(fields["spin_orbit"]) == "true";
     set.has_finite_nucleus = scalar_text(fields["finite_nucleus"]) == "true";
     for (const std::string& name : text_list(fields["names"], budget_)) {
-      budget_.pay_for_entry();
       set.name = name;
       impl_->basis_order.push_back(name);
       impl_->basis_sets.insert_or_assign(normalize_key(name), std::make_shared<BasisSet>(set));
@@ -118,6 +117,7 @@ class KnowledgeReader {
   void read_functional_classes(const YAML::Node& node) {
     for_each_name(node, budget_, [&](const std::string& name, const YAML::Node& value) {
       for (const std::string& functional : text_list(value, budget_)) {
+        budget_.pay_for_copy(name);
         impl_->functional_classes.insert_or_assign(normalize_key(functional), name);
       }
     });

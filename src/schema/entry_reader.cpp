@@ -121,6 +121,7 @@ Meaning::Values read_values(const YAML::Node& node, ExpansionBudget& budget, Tex
 void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& budget,
                    TextPool& texts, int depth) {
   for (const auto& item : map) {
+    budget.pay_for_record(item.first);
     budget.pay_for(item.second);
     if (!item.first.IsScalar()) {
       continue;
@@ -131,6 +132,7 @@ void read_children(const YAML::Node& map, EntrySpec& parent, ExpansionBudget& bu
                                      std::make_shared<const EntrySpec>(std::move(child.spec)));
     parent.child_aliases.insert_or_assign(name, name);
     for (const std::string& alias : child.aliases) {
+      budget.pay_for_copy(name);
       parent.child_aliases.insert_or_assign(normalize_key(alias), name);
     }
   }
@@ -192,7 +194,6 @@ NamedEntry read_entry(std::string name, const YAML::Node& node, ExpansionBudget&
   if (depth > max_depth) {
     throw std::runtime_error("its entries are nested too deeply");
   }
-  budget.pay_for_entry();
   NamedEntry entry;
   entry.spec.name = std::move(name);
   if (node.IsMap()) {

@@ -4,6 +4,7 @@
 
 #include <exception>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -35,6 +36,8 @@ InputSchema InputSchema::from_yaml(std::string_view text) {
   }
   try {
     return InputSchema(read_schema(std::string(text)));
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& error) {
     throw std::runtime_error(std::string("failed to parse BDF input schema YAML: ") + error.what());
   }
@@ -43,6 +46,8 @@ InputSchema InputSchema::from_yaml(std::string_view text) {
 InputSchema InputSchema::from_file(const std::string& path) {
   try {
     return InputSchema(read_file(path));
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& error) {
     throw std::runtime_error("failed to load BDF input schema '" + path + "': " + error.what());
   }

@@ -42,9 +42,10 @@ class SchemaReader {
   }
 
  private:
-  static void add_aliases(AliasMap& map, const std::vector<std::string>& aliases,
-                          const std::string& name) {
+  void add_aliases(AliasMap& map, const std::vector<std::string>& aliases,
+                   const std::string& name) {
     for (const std::string& alias : aliases) {
+      budget_.pay_for_copy(name);
       map.insert_or_assign(normalize_key(alias), name);
     }
   }
@@ -86,6 +87,7 @@ class SchemaReader {
       return;
     }
     for (const auto& item : node) {
+      budget_.pay_for_record(item.first);
       budget_.pay_for(item.second);
       if (!item.first.IsScalar() || !item.second.IsMap()) {
         continue;

@@ -14,6 +14,7 @@ template <typename Number>
 Number convert(const YAML::Node& node) {
   std::istringstream in(node.Scalar());
   in.imbue(std::locale::classic());
+  in.exceptions(std::ios::badbit);  // or else a failed allocation would be a bad number
   in.unsetf(std::ios::dec);
   Number value{};
   const bool sign_refused = std::is_unsigned_v<Number> && in.peek() == '-';
@@ -34,24 +35,46 @@ Number convert(const YAML::Node& node) {
   throw YAML::TypedBadConversion<Number>(node.Mark());
 }
 
-// In bytes of memory, roughly. The shortest entry of a document takes three bytes ("a:" and a line
-// end), so that 512 for each byte are always enough.
-constexpr std::size_t weight_of_a_node = 64;
-constexpr std::size_t weight_of_an_entry = 1024;
-constexpr std::size_t budget_for_a_byte = 512;
+// In bytes of memory. A text is read into a list or a map, and may be its name, its key and what
+// its key leads to; a record has maps of its own. Containers take up to twice what they hold.
+constexpr std::size_t weight_of_a_node = 256;
+constexpr std::size_t weight_of_a_record = 2048;
+constexpr std::size_t copies_of_a_text = 4;
+constexpr std::size_t budget_for_a_byte = 16;
 constexpr std::size_t free_budget = std::size_t{64} * 1024 * 1024;
+constexpr std::size_t kinds_of_nodes = YAML::NodeType::Map + 1;
 
 }  // namespace
 
-ExpansionBudget::ExpansionBudget(std::size_t document_size)
-    : left_(free_budget + budget_for_a_byte * document_size) {}
+ExpansionBudget::ExpansionBudget(std::size_t document_size, unsigned free_visits)
+    : left_(free_budget + budget_for_a_byte * document_size),
+      free_visits_(free_visits),
+      visits_(kinds_of_nodes * (document_size + 1)) {}
 
 void ExpansionBudget::pay_for(const YAML::Node& node) {
-  pay(weight_of_a_node + (node.IsScalar() ? node.Scalar().size() : 0));
+  pay_again(node, weight_of_a_node);
 }
 
-void ExpansionBudget::pay_for_entry() {
-  pay(weight_of_an_entry);
+void ExpansionBudget::pay_for_record(const YAML::Node& name) {
+  pay_again(name, weight_of_a_record);
+}
+
+void ExpansionBudget::pay_again(const YAML::Node& node, std::size_t weight) {
+  if (!is_free(node)) {
+    pay(weight + (node.IsScalar() ? copies_of_a_text * node.Scalar().size() : 0));
+  }
+}
+
+// An alias is the node that it names, which begins where that is written. No two nodes of one kind
+// begin at the same byte.
+bool ExpansionBudget::is_free(const YAML::Node& node) {
+  const int begin = node.Mark().pos;
+  const std::size_t at = static_cast<std::size_t>(begin) * kinds_of_nodes + node.Type();
+  if (begin < 0 || at >= visits_.size() || visits_[at] >= free_visits_) {
+    return false;
+  }
+  ++visits_[at];
+  return true;
 }
 
 void ExpansionBudget::pay(std::size_t price) {

@@ -15,22 +15,30 @@
 namespace kelp::input::bdf {
 
 /// Keeps YAML aliases from expanding without end. A document can name one node many times; read
-/// naively, a few hundred bytes become more records than any memory holds.
+/// naively, a few hundred bytes become more records than any memory holds. What a document spells
+/// out is free, however large it is; what it has repeated is paid for, in bytes of memory.
 class ExpansionBudget {
  public:
-  /// Grants more than any document of that many bytes can need without aliases.
-  explicit ExpansionBudget(std::size_t document_size);
+  /// Grants 64 MiB and 16 times the size of the document. Each node may be read as many times as
+  /// `free_visits` says before it is paid for.
+  explicit ExpansionBudget(std::size_t document_size, unsigned free_visits = 1);
 
-  /// Pays for one node.
+  /// Pays for one node, and for the texts made of it.
   /// @throws std::runtime_error when the budget is used up.
   void pay_for(const YAML::Node& node);
-  /// Pays for the record made of an entry, which is larger than the few bytes that can name it.
-  void pay_for_entry();
+  /// Pays for a key or item that names a record of its own, which is larger than its few bytes.
+  void pay_for_record(const YAML::Node& name);
+  /// Pays for one more copy of a text, however often its node was read.
+  void pay_for_copy(const std::string& text) { pay(2 * text.size()); }
 
  private:
+  void pay_again(const YAML::Node& node, std::size_t weight);
+  bool is_free(const YAML::Node& node);
   void pay(std::size_t price);
 
   std::size_t left_;
+  unsigned free_visits_;
+  std::vector<std::uint8_t> visits_;  // by kind of node and where in the text it begins
 };
 
 // Each reader below gives its default for a node of the wrong type; a scalar that does not convert
@@ -62,6 +70,7 @@ void for_each_name(const YAML::Node& map, ExpansionBudget& budget, Use use) {
     return;
   }
   for (const auto& item : map) {
+    budget.pay_for_record(item.first);
     budget.pay_for(item.second);
     if (item.first.IsScalar()) {
       use(normalize_key(item.first.Scalar()), item.second);

@@ -31,6 +31,9 @@ struct KeyRule {
   Form form;
 };
 
+/// How often the checks of the linter come by a node, at most.
+inline constexpr unsigned visits_of_a_linter = 16;
+
 /// Checks the nodes of a document for their form.
 class FormCheck {
  public:

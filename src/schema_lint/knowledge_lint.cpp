@@ -83,7 +83,7 @@ const InputSchema& vocabulary() {
 class KnowledgeLinter {
  public:
   KnowledgeLinter(Problems& problems, std::size_t document_size)
-      : problems_(problems), budget_(document_size), form_(problems, budget_) {}
+      : problems_(problems), budget_(document_size, visits_of_a_linter), form_(problems, budget_) {}
 
   void check(const YAML::Node& root) {
     form_.check_map(root, knowledge_rules, "a knowledge document");
@@ -114,6 +114,7 @@ class KnowledgeLinter {
       return;
     }
     for (const auto& item : map) {
+      budget_.pay_for_record(item.first);
       budget_.pay_for(item.second);
       if (item.first.IsScalar()) {
         use(item.first, item.second);

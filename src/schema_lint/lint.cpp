@@ -86,7 +86,7 @@ class Linter {
  public:
   Linter(Problems& problems, std::size_t document_size)
       : problems_(problems),
-        budget_(document_size),
+        budget_(document_size, visits_of_a_linter),
         form_(problems, budget_),
         meanings_(problems, budget_) {}
 

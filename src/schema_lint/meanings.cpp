@@ -83,6 +83,7 @@ void MeaningCheck::check_families(const YAML::Node& families) {
     return;
   }
   for (const auto& item : families) {
+    budget_.pay_for_record(item.first);
     budget_.pay_for(item.second);
     check_family(item.first, item.second);
   }

@@ -66,6 +66,7 @@ Names NameTable::names() const {
 void NameTable::add_items(const YAML::Node& node) {
   for (const auto& item : node) {
     if (node.IsMap()) {
+      budget_.pay_for_record(item.first);
       budget_.pay_for(item.second);
       add_name(item.first, item.second);
     } else {

@@ -1,6 +1,7 @@
 #include "schema_lint/problems.hpp"
 
 #include <algorithm>
+#include <stdexcept>
 #include <tuple>
 #include <utility>
 
@@ -19,9 +20,20 @@ SourceSpan span_at(const YAML::Mark& mark) {
   return span;
 }
 
+// More than anybody reads; a document can be made to have a million problems, or names.
+constexpr std::size_t most_memory = std::size_t{32} * 1024 * 1024;
+
+std::size_t memory_of(const Names& names) {
+  std::size_t memory = 0;
+  for (const std::string& name : names) {
+    memory += sizeof name + name.size();
+  }
+  return memory;
+}
+
 }  // namespace
 
-Problems::Problems(std::string_view yaml) {
+Problems::Problems(std::string_view yaml) : left_(most_memory) {
   while (!yaml.empty()) {
     lines_.push_back(core::text::take_line(yaml));
   }
@@ -39,7 +51,10 @@ void Problems::unknown(std::string_view code, const YAML::Node& node, std::strin
                        Names known) {
   SchemaProblem& problem = add(ValidationSeverity::Error, code, node, std::move(message));
   problem.name = node.Scalar();
-  problem.known = std::move(known);
+  if (const std::size_t memory = memory_of(known); memory <= left_) {
+    left_ -= memory;
+    problem.known = std::move(known);
+  }
 }
 
 void Problems::error_at(std::string_view code, const YAML::Mark& mark, std::string message) {
@@ -67,6 +82,11 @@ std::vector<SchemaProblem> Problems::take() {
 
 SchemaProblem& Problems::add(ValidationSeverity severity, std::string_view code,
                              const YAML::Node& node, std::string message) {
+  const std::size_t memory = 2 * sizeof(SchemaProblem) + message.size();
+  if (memory > left_) {
+    throw std::runtime_error("it has too many problems");
+  }
+  left_ -= memory;
   error_at(code, node.Mark(), std::move(message));
   SchemaProblem& problem = problems_.back();
   problem.severity = severity;

@@ -4,7 +4,10 @@
 #include "allocation/failing_new.hpp"
 
 #include <atomic>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace kelp::test {
@@ -16,6 +19,18 @@ std::atomic<long long> countdown{never};
 std::atomic<bool> failed{false};
 std::atomic<bool> lasting{false};
 std::atomic<long long> blocks{0};
+std::atomic<long long> bytes{0};
+std::atomic<long long> most_bytes{0};
+
+// The size of a block stands before it, where the block stays aligned.
+constexpr std::size_t head = alignof(std::max_align_t);
+
+void count(long long size) {
+  const long long now = bytes += size;
+  long long most = most_bytes;
+  while (now > most && !most_bytes.compare_exchange_weak(most, now)) {
+  }
+}
 
 void* allocate(std::size_t size) {
   if (countdown.load() >= 0 && countdown.fetch_sub(1) == 0) {
@@ -23,18 +38,24 @@ void* allocate(std::size_t size) {
     countdown = lasting ? 0 : never;
     throw std::bad_alloc();
   }
-  void* const block = std::malloc(size == 0 ? 1 : size);
+  void* const block = size > SIZE_MAX - head ? nullptr : std::malloc(head + size);
   if (block == nullptr) {
     throw std::bad_alloc();
   }
   ++blocks;
-  return block;
+  count(static_cast<long long>(size));
+  std::memcpy(block, &size, sizeof size);
+  return static_cast<char*>(block) + head;
 }
 
 void release(void* block) noexcept {
   if (block != nullptr) {
+    void* const whole = static_cast<char*>(block) - head;
+    std::size_t size = 0;
+    std::memcpy(&size, whole, sizeof size);
     --blocks;
-    std::free(block);
+    bytes -= static_cast<long long>(size);
+    std::free(whole);
   }
 }
 
@@ -60,6 +81,13 @@ bool FailingNew::has_failed() const noexcept {
 
 long long live_blocks() noexcept {
   return blocks;
+}
+
+long long peak_of(const std::function<void()>& task) {
+  const long long before = bytes;
+  most_bytes = before;
+  task();
+  return most_bytes - before;
 }
 
 }  // namespace kelp::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 namespace kelp::test {
 
@@ -24,5 +25,8 @@ class FailingNew {
 
 /// Returns how many blocks are allocated and not freed.
 long long live_blocks() noexcept;
+
+/// Returns how many bytes were allocated at once, at most, while a task ran.
+long long peak_of(const std::function<void()>& task);
 
 }  // namespace kelp::test

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <exception>
 #include <stdexcept>
 #include <utility>
 
@@ -107,9 +108,14 @@ Choice Session::language_choice(const ConfigFile* config) const {
 
 const input::bdf::InputSchema& Session::schema_at(const std::string& path) {
   const auto known = schemas_.find(path);
-  return known != schemas_.end()
-             ? known->second
-             : schemas_.emplace(path, input::bdf::InputSchema::from_file(path)).first->second;
+  if (known != schemas_.end()) {
+    return known->second;
+  }
+  try {
+    return schemas_.emplace(path, input::bdf::InputSchema::from_file(path)).first->second;
+  } catch (const std::exception& error) {
+    throw std::runtime_error(failure_text({path, path}, error));
+  }
 }
 
 }  // namespace kelp::app

@@ -111,6 +111,18 @@ TEST(Limits, AnInputThatTakesMoreThanTheMemoryIsNamed) {
   }
 }
 
+TEST(Limits, AVocabularyLargerThanTheMemoryIsNamed) {
+  Program program;
+  program.write("a.inp", "$scf\n$end\n");
+  const Outcome outcome = run_with_little_memory(
+      program, "truncate -s 1T b.yaml; \"$KELP_BDF\" check --schema b.yaml a.inp");
+  if (outcome.status == 77) {
+    GTEST_SKIP() << "this build needs more memory than that";
+  }
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.err, "kelp-bdf: 'b.yaml' is too large for the memory at hand\n");
+}
+
 TEST(Limits, AFullDeviceIsNoFileToWriteTo) {
   Program program;
   program.write("a.inp", "$scf\nrhf\n$end\n");
