@@ -1,8 +1,11 @@
-// Builds a schema from a text; where it is one, asks every question and reads an input with it.
+// Builds a schema from a text, and behind a NUL byte reads an input with it; where it is a schema,
+// asks every question. What the linter has nothing against can be read.
 
 #include <stdexcept>
+#include <string>
 
 #include "checks.hpp"
+#include "kelp/input/bdf/schema_lint.hpp"
 
 namespace {
 
@@ -35,9 +38,20 @@ void ask(const InputSchema& schema) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  kelp::fuzz::Decisions decisions(data, size);
+  const std::string yaml = decisions.text();
+  bool is_right = true;
+  for (const SchemaProblem& problem : lint_schema(yaml)) {
+    is_right = is_right && problem.severity != ValidationSeverity::Error;
+  }
   try {
-    ask(InputSchema::from_yaml({reinterpret_cast<const char*>(data), size}));
+    const InputSchema schema = InputSchema::from_yaml(yaml);
+    ask(schema);
+    diagnose(ParsedInput(std::string(decisions.rest()), schema), {});
   } catch (const std::runtime_error&) {  // no schema
+    if (is_right && yaml.find("knowledge") == std::string::npos) {
+      kelp::fuzz::expect_none({"the linter passes what cannot be read"});
+    }
   }
   return 0;
 }
