@@ -98,6 +98,23 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
   return kelp::test::allocate(size);
 }
+// A sanitizer's own ones would not come by here, though what they return does.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  try {
+    return kelp::test::allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+  return operator new(size, tag);
+}
+void operator delete(void* block, const std::nothrow_t& /*tag*/) noexcept {
+  kelp::test::release(block);
+}
+void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
+  kelp::test::release(block);
+}
 void operator delete(void* block) noexcept {
   kelp::test::release(block);
 }

@@ -51,6 +51,17 @@ std::string with_windows_line_ends(const std::string& text) {
   return changed;
 }
 
+// A sanitizer looks at the code that an edit runs through, which is that of the inputs before it.
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr std::size_t inputs_to_step = 5;
+#else
+constexpr std::size_t inputs_to_step = 1;
+#endif
+#else
+constexpr std::size_t inputs_to_step = 1;
+#endif
+
 class PublishedEdits : public ::testing::Test {
  protected:
   void for_each_input(const std::function<void(const ParsedInput&)>& use) {
@@ -58,7 +69,8 @@ class PublishedEdits : public ::testing::Test {
     if (files.empty()) {
       GTEST_SKIP() << "no published inputs; set KELP_CORPUS_DIR to their folder";
     }
-    for (const auto& file : files) {
+    for (std::size_t i = 0; i < files.size(); i += inputs_to_step) {
+      const auto& file = files[i];
       const std::string text = test::file_bytes(file);
       for (const std::string& variant :
            {text, with_windows_line_ends(text), "\xEF\xBB\xBF" + text}) {
@@ -68,13 +80,14 @@ class PublishedEdits : public ::testing::Test {
     }
   }
 
-  void expect_edit(const ParsedInput& input, const Edit& edit, std::size_t lines) {
+  Rewrite expect_edit(const ParsedInput& input, const Edit& edit, std::size_t lines) {
     ++edits_;
     const std::string_view before = input.source().text();
-    const Rewrite rewrite = edit_input(input, edit);
+    Rewrite rewrite = edit_input(input, edit);
     EXPECT_EQ(messages_of(rewrite), "");
     EXPECT_LE(changed_lines(before, rewrite.text), lines) << rewrite.text;
     EXPECT_EQ(apply_edits(before, rewrite.edits), rewrite.text);
+    return rewrite;
   }
 
   static Edit assignment(const ValuePath& path, std::vector<std::string> values) {
@@ -143,8 +156,7 @@ TEST_F(PublishedEdits, AValueThatChangesIsOneLine) {
       }
       const std::string_view old = input.source().text_of(fields.front());
       const std::string value = another_value(*info, old);
-      const Rewrite rewrite = edit_input(input, assignment(path, {value}));
-      expect_edit(input, assignment(path, {value}), 1);
+      const Rewrite rewrite = expect_edit(input, assignment(path, {value}), 1);
       // Of some values there is only one.
       EXPECT_EQ(rewrite.edits.size(), same_text(value, old) ? 0U : 1U) << to_string(path);
     });
