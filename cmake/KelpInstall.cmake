@@ -10,12 +10,14 @@ include(CMakePackageConfigHelpers)
 set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelp_bdf_inp)
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-install(TARGETS kelp_bdf_inp EXPORT kelp_bdf_inp_targets
+install(TARGETS kelp_bdf_inp kelp_bdf_c EXPORT kelp_bdf_inp_targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "*.hpp")
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/bindings/c/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  FILES_MATCHING PATTERN "*.h")
 install(FILES
   ${PROJECT_SOURCE_DIR}/schemas/input/bdf.yaml
   ${PROJECT_SOURCE_DIR}/schemas/input/bdf-knowledge.yaml
@@ -31,7 +33,7 @@ install(DIRECTORY
   PATTERN "*.mjs" EXCLUDE)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
-  FILES_MATCHING PATTERN "*.inp" PATTERN "*.cpp")
+  FILES_MATCHING PATTERN "*.inp" PATTERN "*.cpp" PATTERN "*.c" PATTERN "*.f90" PATTERN "*.py")
 
 if(TARGET kelp-bdf)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/schemas/output

@@ -12,7 +12,7 @@ test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml
     python3-jsonschema pkg-config)
 # shellcheck disable=SC2034
 check_packages=(git clang libclang-rt-14-dev clang-format clang-tidy-16 shellcheck doxygen
-    dpkg-dev file)
+    dpkg-dev file gfortran)
 
 # Editors, under whose clients the language server is tested; without them those tests skip.
 # shellcheck disable=SC2034

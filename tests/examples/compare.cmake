@@ -1,7 +1,10 @@
 # Runs a program and compares what it prints with a file, line ends aside.
 
+cmake_minimum_required(VERSION 3.25)
+
 unset(ENV{KELP_BDF_INP_SCHEMA_YAML})
-string(REPLACE "," ";" arguments "${ARGUMENTS}")
+string(REPLACE "," ";" arguments "${START},${ARGUMENTS}")
+list(REMOVE_ITEM arguments "")
 execute_process(COMMAND ${EMULATOR} ${PROGRAM} ${arguments}
   OUTPUT_VARIABLE printed ERROR_VARIABLE errors RESULT_VARIABLE status)
 string(REPLACE "\r\n" "\n" printed "${printed}")

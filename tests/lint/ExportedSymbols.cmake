@@ -1,6 +1,8 @@
 # Fails when the library exports a symbol that no public header declares, or leaves one out that
 # every host needs.
 
+cmake_minimum_required(VERSION 3.25)
+
 execute_process(COMMAND ${NM} -D -C --defined-only ${LIBRARY}
   OUTPUT_VARIABLE output RESULT_VARIABLE failed)
 if(failed)
@@ -8,6 +10,9 @@ if(failed)
 endif()
 
 set(declared "")
+file(READ ${C_HEADER} c_header)
+string(REGEX MATCHALL "KELP_BDF_API [^(;]+[ *]kelp_bdf_[a-z0-9_]+\\(" c_functions "${c_header}")
+list(TRANSFORM c_functions REPLACE "^.*[ *](kelp_bdf_[a-z0-9_]+)\\($" "\\1")
 file(GLOB_RECURSE headers ${HEADERS}/*.hpp)
 foreach(header IN LISTS headers)
   file(READ ${header} text)
@@ -26,6 +31,10 @@ foreach(line IN LISTS lines)
     continue()
   endif()
   set(symbol "${CMAKE_MATCH_1}")
+  if(symbol IN_LIST c_functions)
+    list(REMOVE_ITEM c_functions ${symbol})
+    continue()
+  endif()
   string(REGEX REPLACE "^(vtable|typeinfo|typeinfo name) for " "" name "${symbol}")
   if(name MATCHES "^kelp::input::bdf::(${types})::(operator=|[A-Za-z_~0-9]+)(\\[abi:[a-z0-9]+\\])?\\(")
     continue()
@@ -39,6 +48,9 @@ foreach(line IN LISTS lines)
   string(APPEND problems "\n  exported, but no part of the interface: ${symbol}")
 endforeach()
 
+foreach(function IN LISTS c_functions)
+  string(APPEND problems "\n  not exported: ${function}")
+endforeach()
 foreach(needed IN ITEMS
     BDFData::find_module BDFData::find_modules BDFData::module_count BDFData::find_easy_token
     Module::find_entry Module::find_entries ModuleEntry::find_child ModuleEntry::find_children

@@ -188,6 +188,13 @@ const Rule the_command_uses_public_headers =
                                                                "commands/", "lsp/", "report/"});
     });
 
+const Rule the_bindings_use_public_headers =
+    includes_must_be([](const SourceFile&, const Include& include) {
+      const bool own = include.name.find('/') == std::string::npos;
+      return !include.quoted || own ||
+             starts_with_any(include.name, {"kelp/input/", "kelp/core/", "kelp/bdf.h"});
+    });
+
 const Rule only_the_command_line_knows_its_parser =
     includes_must_be([](const SourceFile& file, const Include& include) {
       return !include.name.starts_with("CLI/") || file.path.starts_with("apps/kelp-bdf/cli/");
@@ -200,7 +207,8 @@ const Rule reports_know_no_command =
     });
 
 const std::vector<SourceFile>& everything() {
-  static const std::vector<SourceFile> all = sources_under({"include", "core", "src", "apps"});
+  static const std::vector<SourceFile> all =
+      sources_under({"include", "core", "src", "apps", "bindings"});
   return all;
 }
 
@@ -234,6 +242,10 @@ TEST(Includes, OfTheCoreStayInTheCore) {
 
 TEST(Includes, OfTheCommandArePublic) {
   EXPECT_EQ(violations(the_command_uses_public_headers, sources_under({"apps"})), "");
+}
+
+TEST(Includes, OfTheBindingsArePublic) {
+  EXPECT_EQ(violations(the_bindings_use_public_headers, sources_under({"bindings"})), "");
 }
 
 TEST(Includes, OfTheParserOfOptionsAreWhereOptionsAreReadOnly) {
@@ -301,6 +313,8 @@ TEST(IncludeRules, FindWhatTheyForbid) {
       {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"schema/impl.hpp\"", false},
       {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"../../src/a.hpp\"", false},
       {the_command_uses_public_headers, "apps/kelp-bdf/a.cpp", "\"cli/output.hpp\"", true},
+      {the_bindings_use_public_headers, "bindings/c/a.cpp", "\"schema/impl.hpp\"", false},
+      {the_bindings_use_public_headers, "bindings/c/a.cpp", "\"handles.hpp\"", true},
       {only_the_command_line_knows_its_parser, "apps/kelp-bdf/commands/a.cpp", "<CLI/CLI.hpp>",
        false},
       {only_the_command_line_knows_its_parser, "src/editor/a.cpp", "<CLI/CLI.hpp>", false},

@@ -13,6 +13,7 @@ message("${listing}")
 
 foreach(wanted
     "include/kelp/input/bdf\\.hpp"
+    "include/kelp/bdf\\.h"
     "lib.*/libkelp_bdf_inp\\.so\\.0\\.1\n"
     "lib.*/libkelp_bdf_inp\\.so\n"
     "lib.*/cmake/kelp_bdf_inp/kelp_bdf_inp-config\\.cmake"
