@@ -88,7 +88,9 @@ const Rule only_the_core_knows_the_system =
           file.path.starts_with("core/src/posix/") || file.path.starts_with("core/src/windows/");
       const bool known =
           starts_with_any(include.name, {"yaml-cpp/", "CLI/", "fmt/", "nlohmann/", "toml++/"});
-      return include.quoted || is_standard(include) || known || platform;
+      const bool python =
+          file.path.starts_with("bindings/python/") && include.name.starts_with("pybind11/");
+      return include.quoted || is_standard(include) || known || platform || python;
     });
 
 const Rule rooms_of_the_library_leave_files_to_the_core =
@@ -294,6 +296,8 @@ TEST(IncludeRules, FindWhatTheyForbid) {
       {only_the_core_knows_the_system, "src/model/a.cpp", "<unistd.h>", false},
       {only_the_core_knows_the_system, "core/src/fs.cpp", "<windows.h>", false},
       {only_the_core_knows_the_system, "core/src/windows/fs.cpp", "<windows.h>", true},
+      {only_the_core_knows_the_system, "src/model/a.cpp", "<pybind11/stl.h>", false},
+      {only_the_core_knows_the_system, "bindings/python/src/a.cpp", "<pybind11/stl.h>", true},
       {rooms_of_the_library_leave_files_to_the_core, "src/editor/a.cpp", "<fstream>", false},
       {arrows_point_downwards, "src/schema/a.cpp", "\"model/name_match.hpp\"", false},
       {arrows_point_downwards, "src/parser/a.cpp", "\"render/render.hpp\"", false},
