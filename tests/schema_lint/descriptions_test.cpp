@@ -1,3 +1,4 @@
+#include "kelp/input/bdf/explain.hpp"
 #include "lint_table.hpp"
 
 namespace kelp::input::bdf {
