@@ -19,7 +19,7 @@ namespace kelp::app::lsp {
 namespace {
 
 std::vector<std::string> session() {
-  std::istringstream lines(test::file_bytes(KELP_TEST_DATA_DIR "/lsp/session.txt"));
+  std::istringstream lines(test::file_bytes(KELP_SOURCE_DIR "/fuzz/seeds/lsp/session.txt"));
   std::vector<std::string> messages;
   for (std::string line; std::getline(lines, line);) {
     messages.push_back(line);
