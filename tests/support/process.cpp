@@ -19,14 +19,26 @@
 namespace kelp::test {
 namespace {
 
-// A child inherits what the test's own environment is while it starts.
-std::deque<EnvironmentVariable> change_environment(const ProcessSetup& setup) {
-  std::deque<EnvironmentVariable> changes;
-  for (const auto& [name, value] : setup.variables) {
-    changes.emplace_back(name, value);
+/// The test's own environment as a child is to inherit it. A variable may be set twice, so that the
+/// last change is undone first.
+class ChangedEnvironment {
+ public:
+  explicit ChangedEnvironment(const ProcessSetup& setup) {
+    for (const auto& [name, value] : setup.variables) {
+      changes_.emplace_back(name, value);
+    }
   }
-  return changes;
-}
+  ~ChangedEnvironment() {
+    while (!changes_.empty()) {
+      changes_.pop_back();
+    }
+  }
+  ChangedEnvironment(const ChangedEnvironment&) = delete;
+  ChangedEnvironment& operator=(const ChangedEnvironment&) = delete;
+
+ private:
+  std::deque<EnvironmentVariable> changes_;
+};
 
 #ifdef _WIN32
 
@@ -96,7 +108,7 @@ PROCESS_INFORMATION start(const ProcessSetup& setup) {
   startup.hStdError = errors.get();
   PROCESS_INFORMATION process{};
   std::wstring line = command_line(setup);
-  const auto changes = change_environment(setup);
+  const ChangedEnvironment changes(setup);
   if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, setup.folder.c_str(),
                      &startup, &process) == FALSE) {
     fail("cannot start the program");
@@ -142,7 +154,7 @@ int run_process(const ProcessSetup& setup) {
 #else
 
 int run_process(const ProcessSetup& setup) {
-  const auto changes = change_environment(setup);
+  const ChangedEnvironment changes(setup);
   std::string program = setup.program.string();
   std::vector<std::string> texts = setup.arguments;
   std::vector<char*> arguments = {program.data()};
