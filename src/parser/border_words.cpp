@@ -77,6 +77,9 @@ bool is_near_module_end(std::string_view line) {
 }
 
 bool is_terminator_behind_dollar(std::string_view line, std::string_view terminator) {
+  if (first_byte(line) != '$') {
+    return false;
+  }
   const std::string written = letters_of(line);
   return written.starts_with('$') && written.substr(1) == letters_of(terminator);
 }
