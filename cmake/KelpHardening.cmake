@@ -14,14 +14,16 @@ if(MSVC)
   return()
 endif()
 
+if(MINGW)
+  # Addresses are random and data is not run without being asked. The stack protector and checked
+  # calls of the C library would need one more DLL, libssp-0.dll.
+  target_compile_options(kelp_hardening INTERFACE $<${hardened}:-D_GLIBCXX_ASSERTIONS>)
+  return()
+endif()
+
 # Debian's compilers know 2 at least; a definition of the compiler's own would clash.
 target_compile_options(kelp_hardening INTERFACE
   "$<${hardened}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-D_GLIBCXX_ASSERTIONS;-fstack-protector-strong>")
-if(MINGW)
-  # Addresses are random and data is not run without being asked; the protector has a library.
-  target_link_options(kelp_hardening INTERFACE $<${hardened}:-fstack-protector-strong>)
-  return()
-endif()
 include(CheckCXXCompilerFlag)
 foreach(flag -fstack-clash-protection -fcf-protection=full)
   string(MAKE_C_IDENTIFIER "kelp_has${flag}" known)

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -25,7 +26,12 @@ const std::string own_schema =
 
 class Config : public Check {
  protected:
-  Outcome run(std::vector<std::string> arguments) { return program.run(std::move(arguments)); }
+  /// Runs the command; the names of files that it prints are given with slashes.
+  Outcome run(std::vector<std::string> arguments) {
+    Outcome outcome = program.run(std::move(arguments));
+    std::replace(outcome.out.begin(), outcome.out.end(), '\\', '/');
+    return outcome;
+  }
 };
 
 TEST_F(Config, HoldsForTheInputsOfItsFolderAndBelow) {
