@@ -15,6 +15,7 @@
 #include "kelp/input/bdf/record.hpp"
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/listed_names.hpp"
+#include "model/method_specification.hpp"
 #include "model/molecule_names.hpp"
 #include "schema/easy_token_syntax.hpp"
 #include "schema/lookup.hpp"
@@ -283,9 +284,7 @@ class Completer {
   }
 
   void complete_header_word() {
-    const bool has_specification =
-        std::any_of(data_.easy_tokens.begin(), data_.easy_tokens.end(),
-                    [](const EasyToken& token) { return token.category == "method_spec"; });
+    const bool has_specification = has_method_specification(data_);
     lists_.add_easy_keywords();
     for (Candidate& made : lists_.made()) {
       made.is_present = !is_of_this_line(made.name) &&

@@ -13,6 +13,7 @@
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/explain.hpp"
+#include "model/method_specification.hpp"
 #include "source/lines.hpp"
 
 namespace kelp::input::bdf {
@@ -170,11 +171,6 @@ std::size_t find_script_line(const ParsedInput& input) {
   return 0;
 }
 
-bool has_method(const BDFData& data) {
-  return std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
-                     [](const EasyToken& token) { return token.category == "method_spec"; });
-}
-
 bool has_known_word(const BDFData& data) {
   return std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
                      [](const EasyToken& token) { return token.known; });
@@ -235,7 +231,7 @@ std::optional<StrangeStart> find_strange_start(const ParsedInput& input) {
     const std::size_t line = find_foreign_line(data);
     return line == 0 ? std::nullopt : std::optional(StrangeStart{no_input(input, line), true});
   }
-  if (data.mode == InputMode::Module || data.has_geometry || has_method(data)) {
+  if (data.mode == InputMode::Module || data.has_geometry || has_method_specification(data)) {
     return std::nullopt;
   }
   if (const std::size_t line = find_script_line(input); line != 0) {

@@ -17,6 +17,7 @@
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
+#include "model/method_specification.hpp"
 #include "schema/easy_token_syntax.hpp"
 #include "source/geometry_line.hpp"
 
@@ -282,11 +283,9 @@ class HeaderWordFinder {
       offer_names(diagnostic, std::move(near), {"value", "values"}, range, false);
     } else {
       // Without a method the lines may be no header at all.
-      const bool is_header = std::any_of(tokens_.begin(), tokens_.end(), [](const EasyToken& it) {
-        return it.category == "method_spec";
-      });
       offer_names(diagnostic, names_near(token), {"keyword", "keywords"}, range,
-                  is_header && can_be_slip(context_.input.source().text_of(range)));
+                  has_method_specification(input_.data()) &&
+                      can_be_slip(context_.input.source().text_of(range)));
     }
     use_(diagnostic);
   }

@@ -14,22 +14,13 @@
 #include "diagnose/outside_lines.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
+#include "model/method_specification.hpp"
 #include "model/molecule_names.hpp"
 #include "source/geometry_line.hpp"
 #include "source/lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {
-
-bool has_method(const BDFData& data) {
-  return std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
-                     [](const EasyToken& token) { return token.category == "method_spec"; });
-}
-
-bool has_entry(const Module& module, std::string_view name) {
-  return std::any_of(module.entries.begin(), module.entries.end(),
-                     [&](const ModuleEntry& entry) { return entry.name == name; });
-}
 
 bool is_silent(const Statement& statement) {
   return statement.kind == StatementKind::Comment ||
@@ -80,7 +71,8 @@ bool MissingLines::cover(const Diagnostic& diagnostic) const {
 // behind its geometry.
 std::size_t MissingLines::first_line_without_module() const {
   const BDFData& data = input_.data();
-  if (data.mode == InputMode::Module || has_method(data) || data.easy_tokens.empty()) {
+  if (data.mode == InputMode::Module || has_method_specification(data) ||
+      data.easy_tokens.empty()) {
     return 0;
   }
   const std::size_t line = input_.first_line(RecordId::of(RecordKind::EasyToken, 0));
@@ -189,7 +181,7 @@ void MissingLines::find_openings() {
     const std::size_t end = input_.end_line(record);
     // Where a module has no end, it is not certain what is missing.
     if (end != 0 && block && !block->terminator.empty() &&
-        !has_entry(data.modules[i], geometry_entry)) {
+        data.modules[i].find_entry(geometry_entry) == nullptr) {
       find_opening_between({input_.first_line(record) + 1, end - 1}, block->terminator);
     }
   }

@@ -10,6 +10,7 @@
 
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/rewrite.hpp"
+#include "model/method_specification.hpp"
 #include "model/molecule_names.hpp"
 #include "rewrite/document_patch.hpp"
 #include "rewrite/edit_document.hpp"
@@ -28,9 +29,7 @@ Rewrite unchanged(const ParsedInput& input, std::string error = {}) {
 
 // Whatever begins with a word that is no module is read as a header.
 bool looks_like_input(const BDFData& data) {
-  return data.has_geometry || !data.modules.empty() ||
-         std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
-                     [](const EasyToken& token) { return token.category == "method_spec"; });
+  return data.has_geometry || !data.modules.empty() || has_method_specification(data);
 }
 
 using ErrorCounts = std::map<std::pair<std::string, std::string>, std::size_t>;
