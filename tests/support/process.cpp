@@ -13,6 +13,7 @@
 #endif
 
 #include <cerrno>
+#include <csignal>
 #include <deque>
 #include <system_error>
 
@@ -126,6 +127,10 @@ void redirect(int stream, const std::filesystem::path& path, int flags) {
 }
 
 [[noreturn]] void become(const ProcessSetup& setup, char* const* arguments) {
+  // A shell that starts the tests in the background has these ignored.
+  for (const int signal : {SIGINT, SIGQUIT}) {
+    static_cast<void>(std::signal(signal, SIG_DFL));
+  }
   redirect(STDIN_FILENO, setup.input, O_RDONLY);
   redirect(STDOUT_FILENO, setup.output, O_WRONLY | O_CREAT | O_TRUNC);
   redirect(STDERR_FILENO, setup.errors, O_WRONLY | O_CREAT | O_TRUNC);
