@@ -49,7 +49,7 @@ class Client {
 
   app::lsp::Server& server() { return server_; }
 
-  static constexpr const char* uri = "file:///work/a.inp";
+  static constexpr const char* uri = "file:///jobs/a.inp";
 
  private:
   std::vector<Json> sent_;

@@ -132,7 +132,7 @@ TEST(Findings, OfPublishedInputsAreThoseOfTheCheck) {
     client.open(text);
     const Json told = client.findings()["diagnostics"];
     input::bdf::DiagnoseOptions options;
-    options.folder = input::bdf::input_folder_of("/work/a.inp");
+    options.folder = input::bdf::input_folder_of("/jobs/a.inp");
     const input::bdf::ParsedInput input(text, input::bdf::shipped_schema());
     const auto expected = diagnose(input, options);
     ASSERT_EQ(told.size(), expected.size()) << file;
