@@ -127,8 +127,8 @@ void redirect(int stream, const std::filesystem::path& path, int flags) {
 }
 
 [[noreturn]] void become(const ProcessSetup& setup, char* const* arguments) {
-  // A shell that starts the tests in the background has these ignored.
-  for (const int signal : {SIGINT, SIGQUIT}) {
+  // Where tests run in the background, or beyond the end of a terminal, these are ignored.
+  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
     static_cast<void>(std::signal(signal, SIG_DFL));
   }
   redirect(STDIN_FILENO, setup.input, O_RDONLY);
