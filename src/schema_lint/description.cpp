@@ -32,7 +32,7 @@ class DescriptionCheck {
  public:
   DescriptionCheck(const YAML::Node& map, Described described, Problems& problems,
                    ExpansionBudget& budget)
-      : map_(map), described_(described), problems_(problems), budget_(budget) {
+      : map_(map), described_(described), problems_(problems) {
     read_description(map, info_, budget);
   }
 
@@ -216,7 +216,6 @@ class DescriptionCheck {
   const YAML::Node& map_;
   Described described_;
   Problems& problems_;
-  ExpansionBudget& budget_;
   EntrySchemaInfo info_;
 };
 
