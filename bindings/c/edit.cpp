@@ -13,10 +13,6 @@
 namespace kelp::c_interface {
 namespace {
 
-struct EditObject : Object {
-  bdf::Edit edit;
-};
-
 struct RewriteObject : Object {
   explicit RewriteObject(bdf::Rewrite made) : rewrite(std::move(made)) {}
 
@@ -40,10 +36,6 @@ std::shared_ptr<RewriteObject> unless_refused(bdf::Rewrite rewrite) {
 
 }  // namespace
 
-template <>
-struct ObjectOf<kelp_bdf_edit> {
-  using Type = EditObject;
-};
 template <>
 struct ObjectOf<kelp_bdf_rewrite> {
   using Type = RewriteObject;

@@ -11,6 +11,7 @@
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/molecule.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
+#include "kelp/input/bdf/rewrite.hpp"
 #include "kelp/input/bdf/schema.hpp"
 #include "kelp/input/bdf/source.hpp"
 #include "kelp/input/bdf/value_path.hpp"
@@ -50,6 +51,10 @@ struct Molecule : Object {
   std::string formula;
 };
 
+struct EditObject : Object {
+  bdf::Edit edit;
+};
+
 template <>
 struct ObjectOf<kelp_bdf_schema> {
   using Type = Schema;
@@ -65,6 +70,10 @@ struct ObjectOf<kelp_bdf_findings> {
 template <>
 struct ObjectOf<kelp_bdf_molecule> {
   using Type = Molecule;
+};
+template <>
+struct ObjectOf<kelp_bdf_edit> {
+  using Type = EditObject;
 };
 
 /// Returns the schema of a handle, for a null one that of the library.

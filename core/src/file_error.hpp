@@ -33,6 +33,11 @@ class WriteRefused : public std::runtime_error {
   throw FileChanged("cannot write '" + path + "': it was changed since it was read");
 }
 
+/// Raises the one kind of error that making a folder has.
+[[noreturn]] inline void throw_no_folder(const std::string& path, const std::string& cause) {
+  throw std::runtime_error("cannot make the folder '" + path + "': " + cause);
+}
+
 // Causes that either system has.
 constexpr const char* is_folder_cause = "it is a folder";
 constexpr const char* is_device_cause = "it is a device";

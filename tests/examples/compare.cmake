@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 unset(ENV{KELP_BDF_INP_SCHEMA_YAML})
-string(REPLACE "," ";" arguments "${START},${ARGUMENTS}")
+string(REPLACE "|" ";" arguments "${START}|${ARGUMENTS}")
 list(REMOVE_ITEM arguments "")
 execute_process(COMMAND ${EMULATOR} ${PROGRAM} ${arguments}
   OUTPUT_VARIABLE printed ERROR_VARIABLE errors RESULT_VARIABLE status)

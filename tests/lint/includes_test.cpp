@@ -133,6 +133,7 @@ const std::vector<Room>& rooms() {
        {"input", "path", "molecule", "knowledge"}},
       {"diagnose", {"allowance.hpp", "diagnostics.hpp"}, {"validate", "path", "advice"}},
       {"rewrite", {"rewrite.hpp"}, {"editor", "render", "path", "molecule", "diagnose"}},
+      {"sweep", {"sweep.hpp"}, {"rewrite"}},
   };
   return all;
 }

@@ -108,6 +108,7 @@ void add_commands(CLI::App& app, Session& session) {
   add_check(app, session);
   add_format(app, session);
   add_set(app, session);
+  add_sweep(app, session);
   add_get(app, session);
   add_show(app, session);
   add_diff(app, session);

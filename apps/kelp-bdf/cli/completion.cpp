@@ -63,7 +63,9 @@ class Gatherer {
     } else if (kind == "KEYWORD" || kind == "PATH") {
       add_paths("");
     } else if (kind == "PATH=VALUE") {
-      add_assignments();
+      add_assignments(false);
+    } else if (kind == "PATH=VALUES") {
+      add_assignments(true);
     } else if (kind != "-" && core::text::to_lower(kind) == kind) {
       add(std::string(kind), "");
     }
@@ -122,13 +124,16 @@ class Gatherer {
     }
   }
 
-  void add_assignments() {
+  // Of several values, with commas between them, it is the last one that is not complete.
+  void add_assignments(bool has_values) {
     const std::size_t equals = word_.find('=');
     if (equals == std::string::npos) {
       add_paths("=");
       return;
     }
-    const std::string before = word_.substr(0, equals + 1);
+    const std::size_t comma = has_values ? word_.rfind(',') : std::string::npos;
+    const bool is_first = comma == std::string::npos || comma < equals;
+    const std::string before = word_.substr(0, (is_first ? equals : comma) + 1);
     const std::string module = word_.substr(0, word_.find_first_of("#.="));
     const std::size_t dot = word_.find('.');
     if (dot != std::string::npos && dot < equals) {

@@ -91,4 +91,42 @@ void add_set(CLI::App& app, Session& session) {
   run_when_named(*command, session, options, run_set);
 }
 
+void add_sweep(CLI::App& app, Session& session) {
+  const auto options = std::make_shared<SweepOptions>();
+  CLI::App* const command =
+      app.add_subcommand("sweep", "Write a file for each combination of several values");
+  command->add_option("input", options->input, "The input to vary, or - for standard input")
+      ->required()
+      ->check(not_empty())
+      ->type_name("FILE|-");
+  command
+      ->add_option("axis", options->axes,
+                   "A path and its values: scf.dft=pbe0,b3lyp or easy.charge=-1,0,1; the values of "
+                   "the last one change fastest")
+      ->required()
+      ->type_name("PATH=VALUES");
+  command
+      ->add_option("--name", options->name,
+                   "A pattern for the names: {dft} or {scf.dft} is a value, {#} a number")
+      ->required()
+      ->check(not_empty())
+      ->type_name("PATTERN");
+  command->add_option("-o,--output", options->folder, "The folder to write to, made if need be")
+      ->check(not_empty())
+      ->type_name("DIR")
+      ->capture_default_str();
+  command->add_flag("--dry-run", options->dry_run, "Write nothing, only say what would be");
+  command->add_flag("--overwrite", options->overwrite, "Replace other files of those names");
+  command->add_flag("--force", options->force, "Write although something is lost or becomes wrong");
+  command->footer(
+      "Prints the names of the files that it writes. Each is the input with the values changed, as "
+      "'set' changes them, and is checked as 'check' does; what is new among the findings is told. "
+      "Nothing is written when one of them is refused: for a change that 'set' refuses, for a name "
+      "that two of them would have, for another file of that name. A file that has the text "
+      "already "
+      "stays, so that a sweep may be run again. A comma within parentheses, as in 6-31G(d,p), or "
+      "behind a backslash belongs to the value; '\\n' begins a new line.");
+  run_when_named(*command, session, options, run_sweep);
+}
+
 }  // namespace kelp::app

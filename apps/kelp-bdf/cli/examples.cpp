@@ -22,6 +22,13 @@ const std::vector<Example>& examples() {
        "Show how the charge would be changed, wherever the input states it."},
       {"set", "set water.inp --geometry new.xyz -o new.inp", "Write a copy with other atoms."},
       {"set", "set --diff water.inp --unset scf.charge", "Show the input without a value."},
+      {"sweep",
+       "sweep water.inp scf.charge=0,2 compass.basis=sto-3g,def2-svp --name "
+       "'{basis}/{charge}.inp' "
+       "-o runs",
+       "Write four files, in a folder for each basis set."},
+      {"sweep", "sweep water.inp scf.maxiter=50,100 --name 'water-{maxiter}.inp' --dry-run",
+       "Show which files would be written."},
       {"get", "get scf.charge water.inp", "Print a value."},
       {"get", "get easy.basis runs", "Print the basis set of each input in a folder."},
       {"get", "get geometry --json water.inp", "Print the atoms with their positions, as JSON."},

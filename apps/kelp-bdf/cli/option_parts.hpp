@@ -40,6 +40,7 @@ void add_form(CLI::App& command, std::string& form);
 void add_check(CLI::App& app, Session& session);
 void add_format(CLI::App& app, Session& session);
 void add_set(CLI::App& app, Session& session);
+void add_sweep(CLI::App& app, Session& session);
 void add_schema(CLI::App& app, Session& session);
 
 }  // namespace kelp::app

@@ -52,6 +52,19 @@ struct SetOptions : DeliverOptions {
 /// Changes, adds or removes values.
 ExitStatus run_set(const SetOptions& options, Session& session);
 
+struct SweepOptions {
+  std::string input;
+  std::vector<std::string> axes;
+  std::string name;          ///< a pattern for the names of the files
+  std::string folder = ".";  ///< that they are written to
+  bool overwrite = false;    ///< other files of those names are replaced
+  bool force = false;        ///< write although something is lost or becomes wrong
+  bool dry_run = false;      ///< write nothing
+};
+
+/// Writes variants of an input.
+ExitStatus run_sweep(const SweepOptions& options, Session& session);
+
 struct GetOptions : InputOptions {
   std::string path;
   bool json = false;

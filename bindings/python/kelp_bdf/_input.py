@@ -41,7 +41,7 @@ def _number(text: str, kind: str) -> Value:
     return text
 
 
-def _lines(value: Value) -> List[str]:
+def lines_of(value: Value) -> List[str]:
     """The lines that write a value."""
     if value is True or value is None:
         return []
@@ -52,9 +52,9 @@ def _lines(value: Value) -> List[str]:
     if isinstance(value, float):
         return [repr(value)]
     if isinstance(value, tuple):
-        return [" ".join(line for field in value for line in _lines(field))]
+        return [" ".join(line for field in value for line in lines_of(field))]
     if isinstance(value, (list, set)) or hasattr(value, "__iter__"):
-        return [line for item in value for line in _lines(item)]
+        return [line for item in value for line in lines_of(item)]
     return [str(value)]
 
 
@@ -416,7 +416,7 @@ class Input:
         if molecule is not None:
             charge = molecule.charge if charge is None else charge
             multiplicity = molecule.multiplicity if multiplicity is None else multiplicity
-        assignments = [(path, _lines(value)) for path, value in (values or {}).items()]
+        assignments = [(path, lines_of(value)) for path, value in (values or {}).items()]
         data, losses, notes, error = self._core.edited(
             assignments, list(unset), charge, multiplicity, script_name,
             None if molecule is None else molecule._core, geometry, allow_unknown)

@@ -3,44 +3,15 @@
 from __future__ import annotations
 
 import collections
-import itertools
 import os
-import re
 from concurrent.futures import Future, ThreadPoolExecutor
 from dataclasses import dataclass
 from typing import Any, Deque, Dict, Iterable, Iterator, List, Mapping, Optional, Tuple
 
-from ._input import Input, PathLike, Value, read
+from . import _core
+from ._input import Input, PathLike, Value, lines_of, read
 from ._records import Finding
 from ._schema import Schema
-
-
-def _as_name(value: Value) -> str:
-    """A value as a part of a file's name: what is special to shells or folders becomes a dash."""
-    text = " ".join(str(part) for part in value) if isinstance(value, (tuple, list)) else str(value)
-    return re.sub(r"[^\w.+()=,-]+", "-", text).strip("-") or "-"
-
-
-def _fields(axes: Mapping[str, Any]) -> Dict[str, str]:
-    """The path that each field of a name stands for: `{dft}` or `{scf.dft}`."""
-    fields: Dict[str, str] = {}
-    for path in axes:
-        for field in (path, path.rsplit(".", 1)[-1]):
-            if fields.setdefault(field, path) != path:
-                fields[field] = ""
-    return fields
-
-
-def _name_of(pattern: str, fields: Mapping[str, str], chosen: Mapping[str, Value]) -> str:
-    def filled(match: "re.Match[str]") -> str:
-        path = fields.get(match[1])
-        if path is None:
-            raise ValueError(f"'{{{match[1]}}}' in the name is none of the paths")
-        if path == "":
-            raise ValueError(f"'{{{match[1]}}}' in the name may be several of the paths")
-        return _as_name(chosen[path])
-
-    return re.sub(r"\{([^{}]*)\}", filled, pattern)
 
 
 def sweep(given: Input, axes: Mapping[str, Iterable[Value]], *,
@@ -48,9 +19,10 @@ def sweep(given: Input, axes: Mapping[str, Iterable[Value]], *,
     """Makes an input for each combination of values, the last path changing fastest.
 
     `name` is a pattern for the names of their files: `{dft}` is the value at `scf.dft`, and so is
-    `{scf.dft}`. The names are handed out with the inputs; nothing is written. Two combinations that
-    would have one name are a ValueError, before any input is made; a value that the vocabulary does
-    not take is an EditError.
+    `{scf.dft}`; `{#}` is a number. The names are handed out with the inputs; nothing is written. Two
+    combinations that would have one name are a ValueError, before any input is made, and so are
+    names that lead out of the folder; a value that the vocabulary does not take is an EditError. The
+    command `kelp-bdf sweep` does the same with files.
 
     >>> import kelp_bdf
     >>> water = kelp_bdf.read("examples/water-easy.inp")
@@ -63,20 +35,15 @@ def sweep(given: Input, axes: Mapping[str, Iterable[Value]], *,
     b3lyp-def2-tzvp.inp B3LYP/def2-tzvp
     """
     lists = {path: list(values) for path, values in axes.items()}
-    fields = _fields(lists)
-    combinations = [dict(zip(lists, chosen)) for chosen in itertools.product(*lists.values())]
-    names = [_name_of(name, fields, chosen) for chosen in combinations]
-    twice = [text for text, count in collections.Counter(names).items() if count > 1]
-    if twice:
-        raise ValueError(f"several combinations would be named '{twice[0]}'")
-    return _variants(given, names, combinations)
+    lines = [(path, [lines_of(value) for value in values]) for path, values in lists.items()]
+    return _variants(given, lists, _core.plan_sweep(lines, name, given.schema._core))
 
 
-def _variants(given: Input, names: List[str],
-              combinations: List[Dict[str, Value]]) -> Iterator[Tuple[str, Input]]:
-    for name, chosen in zip(names, combinations):
+def _variants(given: Input, lists: Mapping[str, List[Value]],
+              plan: List[Tuple[str, List[int]]]) -> Iterator[Tuple[str, Input]]:
+    for name, chosen in plan:
         variant = given.copy()
-        variant.edit(chosen)
+        variant.edit({path: values[index] for (path, values), index in zip(lists.items(), chosen)})
         variant.path = name
         yield name, variant
 

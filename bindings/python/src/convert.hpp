@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "kelp/input/bdf/diagnostics.hpp"
@@ -50,5 +51,6 @@ py::tuple to_python(const bdf::TextRange& range);
 void add_schema(py::module_& module);
 void add_input(py::module_& module);
 void add_molecule(py::module_& module);
+void add_sweep(py::module_& module);
 
 }  // namespace kelp::python

@@ -47,6 +47,7 @@ PYBIND11_MODULE(_core, module) {
   add_schema(module);
   add_molecule(module);
   add_input(module);
+  add_sweep(module);
   module.def("write_file", &write_file, py::arg("path"), py::arg("data"),
              "Writes a file as a whole or not at all.");
   module.def("replace_file", &replace_file, py::arg("path"), py::arg("old_data"), py::arg("data"),

@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "../file_error.hpp"
 #include "../utf8_path.hpp"
 #include "kelp/core/fs.hpp"
 
@@ -44,6 +45,14 @@ void add_entry(const stdfs::directory_entry& entry, const FolderRule& is_wanted,
 bool is_directory(const std::string& path) {
   std::error_code error;
   return stdfs::is_directory(path_from_utf8(path), error);
+}
+
+void make_folder(const std::string& path) {
+  std::error_code error;
+  stdfs::create_directories(path_from_utf8(path), error);
+  if (error) {
+    throw_no_folder(path, error.message());
+  }
 }
 
 FolderContents files_below(const std::string& folder, const FolderRule& is_wanted) {

@@ -6,9 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "../file_error.hpp"
 #include "../path_kind.hpp"
 #include "error_text.hpp"
 #include "kelp/core/fs.hpp"
+#include "kelp/core/resource.hpp"
 #include "wide.hpp"
 #include "wide_path.hpp"
 
@@ -79,6 +81,24 @@ void add_folder(const std::string& folder, const FolderRule& is_wanted,
 
 bool is_directory(const std::string& path) {
   return path_kind(path) == PathKind::Folder;
+}
+
+void make_folder(const std::string& path) {
+  if (is_directory(path)) {
+    return;
+  }
+  const std::string full = resource::full_path(path);
+  const std::string parent = resource::folder_of(full);
+  if (parent != full) {
+    make_folder(parent);
+  }
+  if (::CreateDirectoryW(wide_path(path).c_str(), nullptr) == 0) {
+    // Somebody else may have made it meanwhile.
+    const DWORD error = ::GetLastError();
+    if (!is_directory(path)) {
+      throw_no_folder(path, error_text(error));
+    }
+  }
 }
 
 FolderContents files_below(const std::string& folder, const FolderRule& is_wanted) {

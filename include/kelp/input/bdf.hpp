@@ -25,6 +25,7 @@
 #include "kelp/input/bdf/schema_lint.hpp"
 #include "kelp/input/bdf/severity.hpp"
 #include "kelp/input/bdf/source.hpp"
+#include "kelp/input/bdf/sweep.hpp"
 #include "kelp/input/bdf/validation.hpp"
 #include "kelp/input/bdf/value_kind.hpp"
 #include "kelp/input/bdf/value_path.hpp"

@@ -95,10 +95,15 @@ TEST_F(Completion, OfValuesAreThoseOfTheVocabulary) {
   EXPECT_THAT(complete({"set", "a.inp", "easy.functional=b3ly"}),
               Contains("easy.functional=b3lyp"));
   EXPECT_THAT(complete({"set", "a.inp", "scf.nothing="}), IsEmpty());
+  EXPECT_THAT(complete({"sweep", "a.inp", "scf.guess=atom,h"}),
+              ElementsAre("scf.guess=atom,hcore", "scf.guess=atom,huckel"));
+  EXPECT_THAT(complete({"sweep", "a.inp", "scf.guess=h"}),
+              ElementsAre("scf.guess=hcore", "scf.guess=huckel"));
+  EXPECT_THAT(complete({"sweep", "a.inp", "scf.cha"}), ElementsAre("scf.charge="));
 }
 
 TEST_F(Completion, OfFilesIsLeftToTheShell) {
-  for (const char* const command : {"check", "format", "show", "set"}) {
+  for (const char* const command : {"check", "format", "show", "set", "sweep"}) {
     EXPECT_THAT(complete({command, "a"}), ElementsAre(":files")) << command;
   }
 }

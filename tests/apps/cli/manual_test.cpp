@@ -62,7 +62,8 @@ TEST(Help, ShowsChoicesAndDefaultsAndNoTypesOfTheParser) {
 }
 
 TEST(Help, FitsIntoATerminal) {
-  for (const char* const command : {"check", "format", "set", "get", "show", "config", "schema"}) {
+  for (const char* const command :
+       {"check", "format", "set", "sweep", "get", "show", "config", "schema"}) {
     const std::string help = run({command, "--help"}).out;
     std::size_t begin = 0;
     while (begin < help.size()) {

@@ -38,6 +38,8 @@ void kelp_check(int passed, const char* file, int line, const char* what);
   X(GeometriesArePutIn)                              \
   X(InputsAreLaidOutAndRendered)                     \
   X(FilesAreWrittenAndReplacedUnlessTheyWereChanged) \
+  X(SweepsNameAllCombinationsAndMakeThem)            \
+  X(SweepsThatCannotBeNamedAreRefused)               \
   X(NamesAreListedAndNearOnesFound)                  \
   X(ExplanationsAreTexts)                            \
   X(HandlesThatWereFreedAreRefusedByEveryFunction)   \

@@ -4,7 +4,6 @@ import pytest
 
 import kelp_bdf
 from conftest import WATER
-from kelp_bdf._many import _as_name
 
 
 def test_a_sweep_makes_all_combinations_and_changes_nothing_else(water):
@@ -17,14 +16,17 @@ def test_a_sweep_makes_all_combinations_and_changes_nothing_else(water):
     assert water.text == WATER
 
 
-def test_names_of_a_sweep_lead_to_no_other_folder():
-    assert _as_name("../6-31g*") == "..-6-31g"
-    assert _as_name((1, "a b")) == "1-a-b"
-    assert _as_name("/") == "-"
+def test_names_of_a_sweep_are_made_of_values_as_they_are_written(water):
+    def names(values, pattern):
+        return [name for name, _ in kelp_bdf.sweep(water, {"scf.maxiter": values}, name=pattern)]
+
+    assert names([10, "20"], "{#}-{scf.maxiter}.inp") == ["1-10.inp", "2-20.inp"]
+    with pytest.raises(ValueError, match="below the folder"):
+        names([10], "../{maxiter}.inp")
 
 
 def test_a_sweep_is_refused_before_anything_is_made(water):
-    with pytest.raises(ValueError, match="several combinations"):
+    with pytest.raises(ValueError, match="two variants would be named"):
         kelp_bdf.sweep(water, {"scf.maxiter": [10, 20]}, name="same.inp")
     with pytest.raises(ValueError, match="none of the paths"):
         kelp_bdf.sweep(water, {"scf.maxiter": [10]}, name="{basis}.inp")

@@ -67,7 +67,7 @@ extern "C" {
 /// The version of the interface that this header describes.
 #define KELP_BDF_INTERFACE_MAJOR 1
 /// Grows with each addition.
-#define KELP_BDF_INTERFACE_MINOR 0
+#define KELP_BDF_INTERFACE_MINOR 1
 
 /// What a call came to.
 typedef int32_t kelp_bdf_status;
@@ -139,6 +139,7 @@ typedef struct kelp_bdf_molecule kelp_bdf_molecule;        ///< atoms, charge, m
 typedef struct kelp_bdf_calculation kelp_bdf_calculation;  ///< what an input computes
 typedef struct kelp_bdf_edit kelp_bdf_edit;                ///< all that is to be changed
 typedef struct kelp_bdf_rewrite kelp_bdf_rewrite;          ///< what became of a change
+typedef struct kelp_bdf_sweep kelp_bdf_sweep;              ///< the combinations of several values
 
 // ---- versions
 
@@ -605,6 +606,28 @@ KELP_BDF_API kelp_bdf_status kelp_bdf_rewrite_losses(const kelp_bdf_rewrite* rew
                                                      kelp_bdf_error* error);
 /// Frees the result of a change.
 KELP_BDF_API kelp_bdf_status kelp_bdf_rewrite_free(kelp_bdf_rewrite* rewrite);
+
+// ---- sweeps (since 1.1)
+
+/// Names all combinations of several values, for a file of each. An axis is a text
+/// `PATH=VALUE,VALUE,...`; a comma within parentheses or behind a backslash belongs to its value.
+/// In the pattern `{scf.dft}` or `{dft}` stands for the value at that path and `{#}` for the number
+/// of the combination. The values of the last axis change fastest. `KELP_BDF_REFUSED` when two
+/// would have one name, or a name leads out of the folder. A null schema is that of the library.
+KELP_BDF_API kelp_bdf_status kelp_bdf_sweep_plan(const char* const* axes, size_t axis_count,
+                                                 const char* name_pattern,
+                                                 const kelp_bdf_schema* schema,
+                                                 kelp_bdf_sweep** sweep, kelp_bdf_error* error);
+/// Tells how many combinations there are.
+KELP_BDF_API kelp_bdf_status kelp_bdf_sweep_count(const kelp_bdf_sweep* sweep, size_t* count);
+/// Gives the name of a combination's file by its index, relative to the folder of them all.
+KELP_BDF_API kelp_bdf_status kelp_bdf_sweep_name(const kelp_bdf_sweep* sweep, size_t index,
+                                                 kelp_bdf_string* name);
+/// Gives what makes a combination of an input, a new list of changes for `kelp_bdf_input_edit`.
+KELP_BDF_API kelp_bdf_status kelp_bdf_sweep_edit(const kelp_bdf_sweep* sweep, size_t index,
+                                                 kelp_bdf_edit** edit, kelp_bdf_error* error);
+/// Frees the combinations.
+KELP_BDF_API kelp_bdf_status kelp_bdf_sweep_free(kelp_bdf_sweep* sweep);
 
 // ---- texts and files
 

@@ -66,6 +66,10 @@ void replace_text_file(const std::string& path, std::string_view old_text,
 /// Tells whether a path names a folder, following symbolic links.
 bool is_directory(const std::string& path);
 
+/// Makes a folder, and those above it that are missing; one that is there stays as it is.
+/// @throws std::runtime_error naming the path and the cause.
+void make_folder(const std::string& path);
+
 /// What lies below a folder.
 struct FolderContents {
   std::vector<std::string> files;   ///< files and links to files, at any depth, sorted
