@@ -10,6 +10,7 @@
 
 #include "kelp/input/bdf.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/published_inputs.hpp"
 #include "support/schema.hpp"
 
@@ -268,7 +269,7 @@ TEST(CalculationOf, AnExcerptIsNotComplete) {
 TEST(CalculationOf, PublishedInputsFitTogether) {
   const std::vector<std::filesystem::path> paths = test::published_inputs();
   if (paths.empty()) {
-    GTEST_SKIP() << "no published inputs at " << KELP_CORPUS_DIR;
+    GTEST_SKIP() << "no published inputs at " << test::corpus_folder();
   }
   std::size_t counted = 0;
   for (const std::filesystem::path& path : paths) {

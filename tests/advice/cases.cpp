@@ -8,6 +8,7 @@
 #include "advice/advice.hpp"
 #include "kelp/core/text.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::test {
@@ -90,7 +91,7 @@ class CaseReader {
 
 std::vector<AdviceCase> advice_cases() {
   std::vector<AdviceCase> all;
-  for (const auto& item : fs::directory_iterator(fs::path(KELP_TEST_DATA_DIR) / "expert")) {
+  for (const auto& item : fs::directory_iterator(test::data_folder() / "expert")) {
     if (item.path().extension() == ".txt" && item.path().filename() != "published.txt") {
       for (AdviceCase& it : CaseReader(item.path()).read()) {
         all.push_back(std::move(it));

@@ -13,6 +13,7 @@
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/published_inputs.hpp"
 
 namespace kelp::test {
@@ -21,7 +22,7 @@ namespace {
 constexpr std::string_view dash = " - ";
 
 std::filesystem::path list_path() {
-  return std::filesystem::path(KELP_TEST_DATA_DIR) / "expert" / "published.txt";
+  return test::data_folder() / "expert" / "published.txt";
 }
 
 // From "file:line code" to the reason.
@@ -52,7 +53,7 @@ std::set<std::string> found_in_all() {
 
 TEST(PublishedInputs, GetNoAdviceWithoutAReason) {
   if (published_inputs().empty()) {
-    GTEST_SKIP() << "no published inputs at " << KELP_CORPUS_DIR;
+    GTEST_SKIP() << "no published inputs at " << test::corpus_folder();
   }
   std::map<std::string, std::string> reasons = listed();
   const std::set<std::string> found = found_in_all();

@@ -11,6 +11,7 @@
 
 #include "kelp/input/bdf.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/line_claims.hpp"
 #include "support/schema.hpp"
 
@@ -22,7 +23,7 @@ using ::testing::IsEmpty;
 class Corpus : public ::testing::TestWithParam<std::string> {
  protected:
   void SetUp() override {
-    const std::filesystem::path folder = std::filesystem::path(KELP_CORPUS_DIR) / GetParam();
+    const std::filesystem::path folder = test::corpus_folder() / GetParam();
     if (!std::filesystem::is_directory(folder)) {
       GTEST_SKIP() << "no published inputs in " << folder
                    << "; set KELP_CORPUS_DIR to their folder";

@@ -7,6 +7,7 @@
 
 #include "diagnose/diagnosing.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/published_inputs.hpp"
 #include "support/schema.hpp"
 
@@ -79,7 +80,7 @@ TEST(TextFaults, OfAByteOrderMarkThereIsNone) {
 TEST(TextFaults, PublishedInputsHaveTheSameFindingsWithWindowsLineEndsAndAByteOrderMark) {
   const auto files = test::published_inputs();
   if (files.empty()) {
-    GTEST_SKIP() << "no published inputs in " << KELP_CORPUS_DIR;
+    GTEST_SKIP() << "no published inputs in " << test::corpus_folder();
   }
   const auto found_in = [](std::string text) {
     return texts_of(ParsedInput(std::move(text), shipped_schema()));

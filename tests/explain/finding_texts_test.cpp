@@ -12,6 +12,7 @@
 
 #include "kelp/input/bdf.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
@@ -49,7 +50,7 @@ std::set<std::string> explained_codes() {
 }
 
 TEST(FindingTexts, EveryCodeOfTheLibraryAndTheCommandIsExplained) {
-  const fs::path root = KELP_SOURCE_DIR;
+  const fs::path root = test::source_folder();
   const std::set<std::string> library = codes_in(root / "src");
   EXPECT_GE(library.size(), 15U) << "the sources are no longer where this test looks";
   std::set<std::string> all = codes_in(root / "apps");
@@ -134,7 +135,7 @@ std::string manual_page() {
 
 // KELP_UPDATE_GOLDEN=1 writes the page anew.
 TEST(FindingTexts, TheManualSaysTheSame) {
-  const fs::path path = fs::path(KELP_SOURCE_DIR) / "docs" / "findings.md";
+  const fs::path path = test::source_folder() / "docs" / "findings.md";
   if (std::getenv("KELP_UPDATE_GOLDEN") != nullptr) {
     test::write_file(path, manual_page());
   }

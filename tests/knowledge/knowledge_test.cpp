@@ -10,6 +10,7 @@
 #include "knowledge/knowledge_table.hpp"
 #include "schema/table_writer.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
@@ -20,8 +21,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const Knowledge& shipped() {
-  static const Knowledge knowledge = Knowledge::from_yaml(test::file_bytes(
-      std::filesystem::path(KELP_SCHEMA_FILE).parent_path() / "bdf-knowledge.yaml"));
+  static const Knowledge knowledge = Knowledge::from_yaml(
+      test::file_bytes(test::shipped_schema_file().parent_path() / "bdf-knowledge.yaml"));
   return knowledge;
 }
 
@@ -32,7 +33,7 @@ TEST(Knowledge, OfTheShippedFileIsThatOfTheProcess) {
 
 // The table holds all fields, and so does a table that is made anew from what was read from it.
 TEST(Knowledge, OfTheBuildIsThatOfTheShippedFile) {
-  const auto path = std::filesystem::path(KELP_SCHEMA_FILE).parent_path() / "bdf-knowledge.yaml";
+  const auto path = test::shipped_schema_file().parent_path() / "bdf-knowledge.yaml";
   const std::string text = test::file_bytes(path);
   TableWriter of_yaml;
   of_yaml(*read_knowledge(text));

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::lint {
 namespace {
@@ -65,7 +66,7 @@ SourceFile source_from(std::string path, std::string_view text) {
 }
 
 std::vector<SourceFile> sources_under(const std::vector<std::string>& folders) {
-  const std::filesystem::path root(KELP_SOURCE_DIR);
+  const std::filesystem::path root(test::source_folder());
   std::vector<SourceFile> files;
   for (const std::string& folder : folders) {
     for (const auto& item : std::filesystem::recursive_directory_iterator(root / folder)) {

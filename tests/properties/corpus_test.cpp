@@ -9,6 +9,7 @@
 #include "kelp/input/bdf/editor.hpp"
 #include "kelp/input/bdf/parser.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/published_inputs.hpp"
 #include "support/schema.hpp"
 
@@ -29,7 +30,7 @@ class PublishedInputs : public testing::Test {
  protected:
   void SetUp() override {
     if (paths_.empty()) {
-      GTEST_SKIP() << "there are no published inputs in " << KELP_CORPUS_DIR;
+      GTEST_SKIP() << "there are no published inputs in " << test::corpus_folder();
     }
   }
 

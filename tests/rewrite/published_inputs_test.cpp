@@ -8,6 +8,7 @@
 #include "kelp/core/text.hpp"
 #include "rewrite/edit_table.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/published_inputs.hpp"
 
 namespace kelp::input::bdf {

@@ -12,6 +12,7 @@
 
 #include "kelp/core/fs.hpp"
 #include "schema/lookup.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
@@ -143,8 +144,9 @@ TEST(KeywordIndex, TellsWhatTheMapsTellOverTheShippedSchema) {
 }
 
 TEST(KeywordIndex, TellsWhatTheMapsTellOfASchemaReadAsYaml) {
-  EXPECT_GT(compare_all(InputSchema::from_yaml(core::fs::read_text_file(KELP_SCHEMA_FILE))),
-            100000U);
+  EXPECT_GT(
+      compare_all(InputSchema::from_yaml(core::fs::read_text_file(test::shipped_schema_file()))),
+      100000U);
 }
 
 TEST(KeywordIndex, TellsWhatTheMapsTellWhereAliasesChainAndNamesAreEmptyOrLong) {

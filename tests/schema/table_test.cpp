@@ -16,6 +16,7 @@
 #include "schema/schema_table.hpp"
 #include "schema/table_writer.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
@@ -28,7 +29,7 @@ using testing::HasSubstr;
 constexpr Language languages[] = {Language::English, Language::Chinese};
 
 const std::string& shipped_text() {
-  static const std::string text = test::file_bytes(KELP_SCHEMA_FILE);
+  static const std::string text = test::file_bytes(test::shipped_schema_file());
   return text;
 }
 
@@ -173,7 +174,7 @@ TEST(SchemaTable, IsTheOneThatTheLibraryWasBuiltWith) {
   }
   EXPECT_TRUE(built_in.text == shipped_text());
   EXPECT_TRUE(built_in.table == table_of_schema(InputSchema::from_yaml(shipped_text())));
-  EXPECT_TRUE(built_in.stands_for(KELP_SCHEMA_FILE));
+  EXPECT_TRUE(built_in.stands_for(test::shipped_schema_file()));
 }
 
 TEST(SchemaTable, HoldsWhateverADocumentCanSay) {

@@ -11,6 +11,7 @@
 
 #include "kelp/input/bdf.hpp"
 #include "support/environment.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::input::bdf {
@@ -56,7 +57,7 @@ void use(const InputSchema& schema) {
 }
 
 TEST(Threads, LoadTheDefaultSchemaOnceAndUseItTogether) {
-  const test::EnvironmentVariable variable("KELP_BDF_INP_SCHEMA_YAML", KELP_SCHEMA_FILE);
+  const test::EnvironmentVariable variable("KELP_BDF_INP_SCHEMA_YAML", test::shipped_schema_file());
   std::vector<const InputSchema*> seen(thread_count);
   in_threads([&](int i) {
     seen[static_cast<std::size_t>(i)] = &default_schema();

@@ -2,12 +2,13 @@
 
 #include "kelp/input/bdf/schema.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::input::bdf {
 namespace {
 
 TEST(SchemaLint, TheVocabularyThatComesWithTheLibraryHasNoProblem) {
-  EXPECT_EQ(problems_of(test::file_bytes(KELP_SCHEMA_FILE)), std::vector<std::string>{});
+  EXPECT_EQ(problems_of(test::file_bytes(test::shipped_schema_file())), std::vector<std::string>{});
 }
 
 TEST(SchemaLint, FindsWhatIsWrongWithADocumentAsAWhole) {
@@ -68,7 +69,7 @@ TEST(SchemaLint, EndsOnANodeThatHoldsItself) {
 
 // What the linter lets pass must be readable, whatever the text.
 TEST(SchemaLint, WithoutErrorsADocumentCanBeRead) {
-  const std::string good = test::file_bytes(KELP_SCHEMA_FILE);
+  const std::string good = test::file_bytes(test::shipped_schema_file());
   for (std::size_t cut = 0; cut < good.size(); cut += 2999) {
     const std::string text = good.substr(0, cut) + good.substr(cut + 7);
     bool has_error = false;

@@ -3,6 +3,7 @@
 #include "lint_table.hpp"
 #include "support/environment.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -12,7 +13,7 @@ std::string knowledge(const std::string& rest) {
 }
 
 TEST(KnowledgeLint, TheFileThatComesWithTheLibraryHasNoProblem) {
-  const auto path = std::filesystem::path(KELP_SCHEMA_FILE).parent_path() / "bdf-knowledge.yaml";
+  const auto path = test::shipped_schema_file().parent_path() / "bdf-knowledge.yaml";
   EXPECT_EQ(problems_of(test::file_bytes(path)), std::vector<std::string>{});
 }
 

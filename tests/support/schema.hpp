@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "kelp/input/bdf/schema.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::input::bdf {
 
@@ -16,7 +17,7 @@ inline InputSchema schema_from(std::string_view yaml) {
 
 /// Returns the vocabulary that the library comes with, loaded once.
 inline const InputSchema& shipped_schema() {
-  static const InputSchema schema = InputSchema::from_file(KELP_SCHEMA_FILE);
+  static const InputSchema schema = InputSchema::from_file(test::shipped_schema_file());
   return schema;
 }
 

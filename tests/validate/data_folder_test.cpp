@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "validate/findings.hpp"
 
 namespace kelp::input::bdf {
@@ -19,7 +20,7 @@ using std::filesystem::path;
 
 std::vector<path> inputs_in(std::string_view folder) {
   std::vector<path> inputs;
-  for (const auto& item : std::filesystem::directory_iterator(path(KELP_TEST_DATA_DIR) / folder)) {
+  for (const auto& item : std::filesystem::directory_iterator(test::data_folder() / folder)) {
     if (item.path().extension() == ".inp") {
       inputs.push_back(item.path());
     }

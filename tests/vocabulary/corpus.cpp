@@ -5,6 +5,7 @@
 
 #include "kelp/core/text.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::test {
@@ -22,7 +23,7 @@ std::vector<std::string> fields_of(const std::string& row) {
 }
 
 void add_folder(const std::string& folder, std::vector<CorpusInput>& inputs) {
-  const fs::path root = fs::path(KELP_CORPUS_DIR) / folder;
+  const fs::path root = test::corpus_folder() / folder;
   std::vector<std::string> rows = lines_of(file_bytes(root / "INDEX.tsv"));
   for (std::size_t i = 1; i < rows.size(); ++i) {
     const std::vector<std::string> fields = fields_of(rows[i]);

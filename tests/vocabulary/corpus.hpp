@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "kelp/input/bdf.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::test {
 
@@ -45,8 +46,9 @@ std::string text_of(const std::vector<std::string>& lines);
 }  // namespace kelp::test
 
 /// Skips a test when the published inputs are not there.
-#define KELP_NEED_CORPUS()                                                          \
-  if (kelp::test::corpus().empty()) {                                               \
-    GTEST_SKIP() << "no published inputs in " KELP_CORPUS_DIR " (KELP_CORPUS_DIR)"; \
-  }                                                                                 \
+#define KELP_NEED_CORPUS()                                                   \
+  if (kelp::test::corpus().empty()) {                                        \
+    GTEST_SKIP() << "no published inputs in " << kelp::test::corpus_folder() \
+                 << " (KELP_CORPUS_DIR)";                                    \
+  }                                                                          \
   static_assert(true, "")

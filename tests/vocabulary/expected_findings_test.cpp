@@ -9,6 +9,7 @@
 
 #include "corpus.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::test {
 namespace {
@@ -26,8 +27,7 @@ std::string found_in_all() {
 
 TEST(PublishedInputs, HaveTheFindingsOfTheList) {
   KELP_NEED_CORPUS();
-  const std::filesystem::path path =
-      std::filesystem::path(KELP_TEST_DATA_DIR) / "vocabulary" / "expected-findings.txt";
+  const std::filesystem::path path = test::data_folder() / "vocabulary" / "expected-findings.txt";
   const std::string found = found_in_all();
   if (std::getenv("KELP_UPDATE_GOLDEN") != nullptr) {
     write_file(path, found);

@@ -11,6 +11,7 @@
 
 #include "corpus.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::test {
 namespace {
@@ -102,8 +103,7 @@ void print(std::string_view kind, const Tally& tally) {
 TEST(Faults, NineteenOfTwentyMistakesInPublishedInputsAreFound) {
   KELP_NEED_CORPUS();
   const std::map<std::string_view, Tally> tallies = tally_all();
-  const std::string page =
-      file_bytes(std::filesystem::path(KELP_SOURCE_DIR) / "docs" / "vocabulary.md");
+  const std::string page = file_bytes(test::source_folder() / "docs" / "vocabulary.md");
   Tally all;
   for (const FaultKind& kind : fault_kinds) {
     const auto tally = tallies.find(kind.name);

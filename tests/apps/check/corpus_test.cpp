@@ -7,6 +7,7 @@
 
 #include "check/check_fixture.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/process.hpp"
 #include "support/published_inputs.hpp"
 
@@ -24,21 +25,22 @@ std::size_t count_inputs(const std::filesystem::path& folder) {
 using Corpus = Check;
 
 TEST_F(Corpus, IsCheckedToItsEnd) {
-  if (!std::filesystem::is_directory(KELP_CORPUS_DIR)) {
-    GTEST_SKIP() << "no published inputs at " << KELP_CORPUS_DIR;
+  if (!std::filesystem::is_directory(test::corpus_folder())) {
+    GTEST_SKIP() << "no published inputs at " << test::corpus_folder();
   }
   program.set_variable("KELP_BDF_INP_SCHEMA_YAML", std::nullopt);
-  const Outcome outcome = check_named({}, {KELP_CORPUS_DIR});
+  const Outcome outcome = check_named({}, {test::corpus_folder()});
   EXPECT_EQ(outcome.err, "");
   EXPECT_LE(outcome.status, 1);
-  const std::string checked = "(" + std::to_string(count_inputs(KELP_CORPUS_DIR)) + " checked)\n";
+  const std::string checked =
+      "(" + std::to_string(count_inputs(test::corpus_folder())) + " checked)\n";
   EXPECT_THAT(outcome.out, ::testing::EndsWith(checked));
 }
 
 TEST_F(Corpus, IsCheckedByTheExampleAsByTheCommand) {
   const std::vector<std::filesystem::path> files = published_inputs();
   if (files.empty()) {
-    GTEST_SKIP() << "no published inputs at " << KELP_CORPUS_DIR;
+    GTEST_SKIP() << "no published inputs at " << test::corpus_folder();
   }
   std::vector<std::string> names;
   for (const std::filesystem::path& file : files) {
@@ -52,10 +54,10 @@ TEST_F(Corpus, IsCheckedByTheExampleAsByTheCommand) {
   setup.input = folder / "input";
   setup.output = folder / "output";
   setup.errors = folder / "errors";
-  setup.variables = {{"KELP_BDF_INP_SCHEMA_YAML", KELP_SCHEMA_FILE}};
+  setup.variables = {{"KELP_BDF_INP_SCHEMA_YAML", test::shipped_schema_file()}};
   write_file(setup.input, "");
   ASSERT_EQ(run_process(setup), 0) << file_bytes(setup.errors);
-  program.set_variable("KELP_BDF_INP_SCHEMA_YAML", KELP_SCHEMA_FILE);
+  program.set_variable("KELP_BDF_INP_SCHEMA_YAML", test::shipped_schema_file());
   const Outcome outcome = check_named({"--format=concise"}, names);
   EXPECT_NE(outcome.out, "");
   EXPECT_EQ(printed_text(setup.output), outcome.out);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "check/check_fixture.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::test {
 namespace {
@@ -124,7 +125,7 @@ TEST_F(Severities, AreListedWithTheCodes) {
 }
 
 TEST_F(Severities, AreAsTheManualSays) {
-  const std::string page = file_bytes(std::filesystem::path(KELP_SOURCE_DIR) / "docs/check.md");
+  const std::string page = file_bytes(test::source_folder() / "docs/check.md");
   const std::string fence = "```text\n";
   const std::size_t begin = page.find(fence) + fence.size();
   const std::string example = page.substr(begin, page.find("```", begin) - begin);

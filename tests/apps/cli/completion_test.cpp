@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "check/check_fixture.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::test {
 namespace {
@@ -127,8 +128,8 @@ TEST(CompletionScript, IsPrintedForEachShell) {
                                     {"fish", "kelp-bdf.fish"},
                                     {"powershell", "kelp-bdf.ps1"}}) {
     const Outcome outcome = program.run({"completion", shell});
-    EXPECT_EQ(outcome.out, file_bytes(std::filesystem::path(KELP_SOURCE_DIR) / "apps" / "kelp-bdf" /
-                                      "shell" / file));
+    EXPECT_EQ(outcome.out,
+              file_bytes(test::source_folder() / "apps" / "kelp-bdf" / "shell" / file));
     EXPECT_THAT(outcome.out, HasSubstr("__complete"));
     EXPECT_EQ(outcome.status, 0);
   }

@@ -12,6 +12,7 @@
 
 #include "check/check_fixture.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp::test {
 namespace {
@@ -122,7 +123,7 @@ TEST(Examples, CanBeRun) {
 }
 
 TEST(ManualPage, IsTheOneThatIsInstalled) {
-  const std::filesystem::path file = std::filesystem::path(KELP_SOURCE_DIR) / "docs" / "kelp-bdf.1";
+  const std::filesystem::path file = test::source_folder() / "docs" / "kelp-bdf.1";
   const std::string page = run({"help", "--man"}).out;
   if (std::getenv("KELP_UPDATE_GOLDEN") != nullptr) {
     write_file(file, page);
@@ -155,8 +156,9 @@ TEST(Colours, OfADiffMarkItsLines) {
   Program program;
   program.write("a.inp", "$scf\nrhf\n$end\n");
   const std::string diff = program.run({"format", "--diff", "--color=always", "a.inp"}).out;
-  EXPECT_THAT(diff,
-              StartsWith("\x1B[1m--- a/a.inp\x1B[0m\n\x1B[1m+++ b/a.inp\x1B[0m\n\x1B[36m@@ "));
+  EXPECT_THAT(
+      diff,
+      StartsWith("\x1B[1m--- a/a.inp\x1B[0m\n\x1B[1m+++ b/a.inp\x1B[0m\n\x1B[36mKELP_CORPUS_DIR "));
   EXPECT_THAT(diff, HasSubstr("\n\x1B[31m-rhf\x1B[0m\n\x1B[32m+  rhf\x1B[0m\n"));
   EXPECT_THAT(program.run({"format", "--diff", "a.inp"}).out, Not(HasSubstr("\x1B[")));
 }

@@ -11,6 +11,7 @@
 #include "kelp/input/bdf/rewrite.hpp"
 #include "set_row.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/program.hpp"
 #include "support/published_inputs.hpp"
 
@@ -125,9 +126,9 @@ std::vector<input::bdf::Edit> some_edits() {
 TEST(SetKeepsLayout, OfPublishedInputs) {
   const auto files = published_inputs();
   if (files.empty()) {
-    GTEST_SKIP() << "there are no published inputs in " << KELP_CORPUS_DIR;
+    GTEST_SKIP() << "there are no published inputs in " << test::corpus_folder();
   }
-  const auto schema = input::bdf::InputSchema::from_file(KELP_SCHEMA_FILE);
+  const auto schema = input::bdf::InputSchema::from_file(test::shipped_schema_file());
   for (const input::bdf::Edit& edit : some_edits()) {
     std::size_t refused = 0;
     for (const auto& file : files) {

@@ -10,6 +10,7 @@
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/rewrite.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/published_inputs.hpp"
 
 namespace kelp::test {
@@ -31,12 +32,12 @@ class FormatCorpus : public ::testing::Test {
  protected:
   void SetUp() override {
     if (files_.empty()) {
-      GTEST_SKIP() << "there is no corpus in " << KELP_CORPUS_DIR;
+      GTEST_SKIP() << "there is no corpus in " << test::corpus_folder();
     }
   }
 
   const std::vector<std::filesystem::path> files_ = published_inputs();
-  const InputSchema schema_ = InputSchema::from_file(KELP_SCHEMA_FILE);
+  const InputSchema schema_ = InputSchema::from_file(test::shipped_schema_file());
 };
 
 TEST_F(FormatCorpus, ASecondRoundChangesNothing) {

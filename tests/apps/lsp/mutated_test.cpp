@@ -13,13 +13,14 @@
 #include "lsp/framing.hpp"
 #include "lsp/server.hpp"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 #include "support/schema.hpp"
 
 namespace kelp::app::lsp {
 namespace {
 
 std::vector<std::string> session() {
-  std::istringstream lines(test::file_bytes(KELP_SOURCE_DIR "/fuzz/seeds/lsp/session.txt"));
+  std::istringstream lines(test::file_bytes(test::source_folder() / "fuzz/seeds/lsp/session.txt"));
   std::vector<std::string> messages;
   for (std::string line; std::getline(lines, line);) {
     messages.push_back(line);

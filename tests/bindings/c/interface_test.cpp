@@ -13,6 +13,7 @@
 
 #include "kelp/bdf.h"
 #include "support/files.hpp"
+#include "support/folders.hpp"
 
 namespace kelp {
 namespace {
@@ -54,7 +55,7 @@ std::string version() {
 }
 
 TEST(CHeader, DeclaresWhatWasPromised) {
-  const std::string folder = KELP_SOURCE_DIR "/bindings/c/";
+  const std::string folder = test::source_folder() / "bindings/c/";
   std::vector<std::string> declared =
       declarations_of(test::file_bytes(folder + "include/kelp/bdf.h"));
   ASSERT_GT(declared.size(), 80U) << "the header cannot be read";
