@@ -18,6 +18,10 @@ check_packages=(git clang libclang-rt-14-dev clang-format clang-tidy-16 shellche
 # shellcheck disable=SC2034
 editor_packages=(neovim emacs-nox elpa-eglot)
 
+# To make packages: what tells which libraries a program loads, and the packagers.
+# shellcheck disable=SC2034
+package_packages=(dpkg-dev file rpm gzip python3)
+
 say() {
     printf '%s\n' "$*" >&2
 }

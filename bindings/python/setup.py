@@ -23,6 +23,7 @@ setup(
     version=version,
     description="Reads, checks, edits and writes input files of the BDF quantum-chemistry program",
     license="Apache-2.0",
+    license_files=["LICENSE", "THIRD-PARTY.txt"],
     packages=["kelp_bdf"],
     package_data={"kelp_bdf": ["*.so", "lib*/**", "*.pyi", "py.typed", "bin/*", "share/kelp/schemas/input/*"]},
     python_requires=">=3.9",

@@ -21,7 +21,8 @@ run() {
 make_package() {
     rm -rf -- "$KELP_SCRATCH"
     mkdir -p -- "$KELP_SCRATCH/zip" "$work"
-    cpack -G ZIP --config "$KELP_BUILD/CPackConfig.cmake" -B "$KELP_SCRATCH/zip" >/dev/null
+    cpack -G ZIP --config "$KELP_BUILD/CPackConfig.cmake" \
+        -D CPACK_PACKAGE_DIRECTORY="$KELP_SCRATCH/zip" >/dev/null
     (cd -- "$KELP_SCRATCH/zip" && cmake -E tar xf ./*.zip)
     mv -- "$KELP_SCRATCH"/zip/kelp-bdf-inp-*/ "$prefix"
 }
@@ -32,13 +33,33 @@ expect_contents() {
         bin/{libstdc++-6,libgcc_s_seh-1,libwinpthread-1}.dll lib/libkelp_bdf_inp.dll.a \
         include/kelp/input/bdf.hpp include/kelp/input/bdf/schema.hpp \
         lib/cmake/kelp_bdf_inp/kelp_bdf_inp-config.cmake \
-        share/kelp/schemas/input/{bdf,bdf-knowledge}.yaml; do
+        share/kelp/schemas/input/{bdf,bdf-knowledge}.yaml \
+        share/doc/kelp_bdf_inp/{LICENSE,THIRD-PARTY.txt,README.md,docs/windows.md}; do
         [[ -f $prefix/$file ]] || die "the package lacks $file"
     done
+    python3 "$KELP_SOURCE/tests/docs/links.py" "$prefix" || die "links of the package lead nowhere"
     # Paths of the build would be of no use to anybody, and tell where it was made.
     if grep -rlF -- "$KELP_SOURCE" "$prefix"; then
         die "the files above name the folder of the build"
     fi
+}
+
+# The licences of all that is in the package, and of the runtime that lies in it.
+expect_notices() {
+    local notices="$prefix/share/doc/kelp_bdf_inp/THIRD-PARTY.txt" holder
+    for holder in "Jesse Beder" "University of Cincinnati" "Victor Zverovich" "Niels Lohmann" \
+        "Mark Gillard" "Free Software Foundation" "mingw-w64 project" "GNU GENERAL PUBLIC LICENSE"; do
+        grep -qF -- "$holder" "$notices" || die "the notices do not name: $holder"
+    done
+    ! grep -F 'No text was found' "$notices" || die "a licence is missing in the notices"
+}
+
+# What is there for debugging is most of the compiler's runtime, and of no use to those who run it.
+expect_nothing_for_debugging() {
+    local file
+    for file in "$prefix"/bin/*; do
+        ! "$OBJDUMP" -h "$file" | grep -F .debug_info || die "$file holds symbols for debugging"
+    done
 }
 
 build_consumer() {
@@ -101,6 +122,8 @@ END
 
 make_package
 expect_contents
+expect_notices
+expect_nothing_for_debugging
 build_consumer
 run_consumer
 run_command

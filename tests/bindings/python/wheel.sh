@@ -11,6 +11,10 @@ mkdir -p -- "$scratch/elsewhere"
 /usr/bin/python3 -m venv --system-site-packages "$scratch/venv"
 "$scratch/venv/bin/pip" install -q --no-index --no-deps "$scratch"/wheels/kelp_bdf-*.whl
 rm -rf -- "$scratch/wheels"
+grep -rqF "Jesse Beder" "$scratch"/venv/lib/python*/site-packages/kelp_bdf-*.dist-info || {
+    echo "the wheel has no notices of what it is made of" >&2
+    exit 1
+}
 
 cd -- "$scratch/elsewhere"
 cp -- "$source_folder/examples/faulty.inp" .
