@@ -16,6 +16,9 @@ endfunction()
 # print_of(VARIABLE COMMAND...): what the command prints in the checkout.
 function(print_of variable)
   execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${SOURCE} OUTPUT_VARIABLE output)
+  if(output STREQUAL "")
+    message(SEND_ERROR "nothing is printed by: ${ARGN}")
+  endif()
   set(${variable} "${output}" PARENT_SCOPE)
 endfunction()
 
