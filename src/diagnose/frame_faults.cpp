@@ -4,11 +4,11 @@
 #include "diagnose/frame_faults.hpp"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "diagnose/foreign_texts.hpp"
 #include "diagnose/outside_lines.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
@@ -103,86 +103,9 @@ Diagnostic stray_end(const ParsedInput& input, std::size_t line) {
   return diagnostic;
 }
 
-bool is_shell_name(std::string_view path) {
-  constexpr std::array<std::string_view, 9> names = {"sh",  "bash", "csh",    "tcsh", "zsh",
-                                                     "ksh", "dash", "python", "perl"};
-  path.remove_prefix(std::min(path.rfind('/') + 1, path.size()));
-  while (!path.empty() && path.back() >= '.' && path.back() <= '9') {
-    path.remove_suffix(1);  // python3
-  }
-  return std::find(names.begin(), names.end(), path) != names.end();
-}
-
-// "#!/bin/bash -l", "#!/usr/bin/env bash"
-bool names_shell(std::string_view line) {
-  std::string_view rest = core::text::trim_view(line);
-  if (!is_script_line(rest)) {
-    return false;
-  }
-  rest.remove_prefix(2);
-  std::string_view path = core::text::take_word(rest);
-  if (!path.starts_with('/')) {
-    return false;
-  }
-  if (path.ends_with("/env")) {
-    path = core::text::take_word(rest);
-  }
-  return is_shell_name(path);
-}
-
-bool is_job_option(std::string_view line) {
-  const std::string_view text = core::text::trim_view(line);
-  return text.starts_with("#SBATCH ") || text.starts_with("#PBS ") || text.starts_with("#BSUB ") ||
-         text.starts_with("#$ ");
-}
-
-bool is_shell_command(std::string_view line) {
-  constexpr std::array<std::string_view, 16> commands = {
-      "export", "module", "source", "cd",     "cat", "set", "setenv", "ulimit",
-      "bdf.py", "srun",   "mpirun", "sbatch", "bdf", "cp",  "mkdir",  "echo"};
-  std::string_view rest = core::text::trim_view(line);
-  const std::string_view word = core::text::take_word(rest);
-  return !core::text::trim_view(rest).empty() &&
-         std::find(commands.begin(), commands.end(), word) != commands.end();
-}
-
-// The line that tells a script, among those before the first module or the geometry; 0 for none.
-std::size_t find_script_line(const ParsedInput& input) {
-  for (std::size_t number = 1; number <= input.source().line_count(); ++number) {
-    const std::string_view line = input.source().line(number);
-    switch (input.line(number).role) {
-      case LineRole::Blank:
-        break;
-      case LineRole::Comment:
-      case LineRole::ScriptLine:
-        if (names_shell(line) || is_job_option(line)) {
-          return number;
-        }
-        break;
-      case LineRole::Header:
-        if (is_shell_command(line)) {
-          return number;
-        }
-        break;
-      default:
-        return 0;
-    }
-  }
-  return 0;
-}
-
 bool has_known_word(const BDFData& data) {
   return std::any_of(data.easy_tokens.begin(), data.easy_tokens.end(),
                      [](const EasyToken& token) { return token.known; });
-}
-
-Diagnostic shell_script(const ParsedInput& input, std::size_t line) {
-  Diagnostic diagnostic =
-      frame_finding("frame.shell_script", "The text is a shell script, not an input of BDF.");
-  diagnostic.range = input.source().content(line);
-  diagnostic.label = "for a shell";
-  diagnostic.help = {"keep the input in a file of its own, without the lines for the shell"};
-  return diagnostic;
 }
 
 Diagnostic stray_lines(const ParsedInput& input, std::size_t line) {
@@ -227,15 +150,15 @@ void tell_misspelt_borders(DiagnoseContext& context, const DiagnosticSink& sink)
 
 std::optional<StrangeStart> find_strange_start(const ParsedInput& input) {
   const BDFData& data = input.data();
+  if (auto foreign = find_foreign_text(input)) {
+    return StrangeStart{std::move(*foreign), true};
+  }
   if (data.mode == InputMode::Module && data.modules.empty()) {
     const std::size_t line = find_foreign_line(data);
     return line == 0 ? std::nullopt : std::optional(StrangeStart{no_input(input, line), true});
   }
   if (data.mode == InputMode::Module || data.has_geometry || has_method_specification(data)) {
     return std::nullopt;
-  }
-  if (const std::size_t line = find_script_line(input); line != 0) {
-    return StrangeStart{shell_script(input, line), true};
   }
   const std::size_t first = input.first_line(RecordId::of(RecordKind::EasyToken, 0));
   if (first == 0 || data.modules.empty() || has_known_word(data)) {

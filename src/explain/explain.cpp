@@ -10,6 +10,7 @@
 #include "explain/layout.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/names.hpp"
+#include "schema/lookup.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -193,7 +194,7 @@ class Explainer {
       const std::string name = schema_.canonical_method(name_);
       Explanation& made = add(ExplainedThing::Method, name, "a method of the header");
       made.summary = method_summary(schema_, name, language_);
-      made.layout = {name + "/basis", name + "/functional/basis"};
+      made.layout = method_layouts(name);
     }
     if (schema_.is_known_functional(name_)) {
       const std::string name = schema_.canonical_functional(name_);
@@ -204,6 +205,20 @@ class Explainer {
     if (schema_.is_known_basis(name_)) {
       explain_basis(schema_.canonical_basis(name_));
     }
+  }
+
+  std::vector<std::string> method_layouts(const std::string& method) const {
+    const std::string alone = method + "/basis";
+    const std::string with_functional = method + "/functional/basis";
+    switch (functional_use(SchemaAccess::impl(schema_), method)) {
+      case FunctionalUse::None:
+        return {alone};
+      case FunctionalUse::Needed:
+        return {with_functional};
+      case FunctionalUse::Untold:
+        break;
+    }
+    return {alone, with_functional};
   }
 
   void explain_basis(const std::string& name) {

@@ -87,6 +87,16 @@ constexpr auto texts = std::to_array<FindingText>({
      "The job script was given in place of the input that it runs.",
      "Give the input itself; where the script holds it, put it in a file of its own.",
      "#!/bin/bash\nbdf water.inp\n", "$scf\nrhf\n$end\n", error},
+    {"frame.other_program", "The text is an input of another program.",
+     "The file of the program that one is coming from was given.",
+     "Write an input of BDF; the atoms may be taken over.",
+     "! HF def2-SVP\n* xyz 0 1\nNe 0 0 0\n*\n",
+     "#! neon\nhf/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
+    {"frame.atoms_alone", "The text is a file of atoms (XYZ): nothing in it says what to compute.",
+     "The geometry was given in place of the input that it is for.",
+     "Write the atoms into the block of an input, or name the file there.",
+     "1\nneon\nNe 0.0 0.0 0.0\n",
+     "#! neon\nhf/def2-svp\nGeometry\n  Ne 0.0 0.0 0.0\nEnd Geometry\n", error},
 });
 
 }  // namespace
