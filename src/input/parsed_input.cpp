@@ -232,10 +232,14 @@ std::size_t ParsedInput::value_line(const RecordId& record, std::size_t index) c
 }
 
 TextRange ParsedInput::value_range(const RecordId& record, std::size_t index) const {
-  if (impl_->has_inline_value(record)) {
-    return index == 0 ? behind_keyword(record) : TextRange{};
+  if (index == 0 && impl_->has_inline_value(record)) {
+    return behind_keyword(record);
   }
-  const TextRange line = source().line_range(value_line(record, index));
+  const std::size_t number = value_line(record, index);
+  const TextRange line = source().line_range(number);
+  if (this->line(number).role == LineRole::Comment) {
+    return {line.begin, line.begin};
+  }
   const std::string_view text = source().text_of(line);
   const std::string_view value = clean_value_line(text);
   const std::size_t begin = line.begin + static_cast<std::size_t>(value.data() - text.data());

@@ -35,11 +35,16 @@ std::size_t count_easy_value_words(std::span<const std::string_view> words,
   }
   const std::string_view first = words[1];
   const auto keyword = schema.easy_keyword_info(words[0]);
-  if (!keyword || keyword->kind == EntryValueKind::Flag || first.starts_with('#') ||
-      is_pair_or_specification(first) || schema.is_known_easy_token(first)) {
+  if (!keyword || first.starts_with('#') || is_pair_or_specification(first) ||
+      schema.is_known_easy_token(first)) {
     return 0;
   }
-  const bool fits = keyword->allowed.empty() || lists(*keyword, first);
+  // A flag takes no value but those that say whether it is set: `SpinAdapt True`.
+  const bool is_flag = keyword->kind == EntryValueKind::Flag;
+  const bool fits = (keyword->allowed.empty() && !is_flag) || lists(*keyword, first);
+  if (is_flag && !fits) {
+    return 0;
+  }
   const bool is_alone = is_whole_line && words.size() == 2;
   if (!fits && !is_alone) {
     return 0;

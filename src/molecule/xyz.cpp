@@ -41,6 +41,10 @@ std::string quoted(std::string_view text) {
 class XyzReader {
  public:
   explicit XyzReader(std::string_view text) {
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    if (text.starts_with(byte_order_mark)) {
+      text.remove_prefix(byte_order_mark.size());
+    }
     while (!text.empty()) {
       lines_.push_back(core::text::take_line(text));
     }

@@ -26,12 +26,27 @@ bool at_stop(const LineReader& reader, const Keywords& keywords) {
   return reader.at_end() || reader.at_break() || is_stop(reader, reader.line(), keywords);
 }
 
+// Fragments are defined by rows of numbers in which a star stands for one that is worked out.
+bool is_row_of_numbers_and_stars(std::string_view line) {
+  return line.find_first_not_of("*0123456789+-., \t\r") == std::string_view::npos;
+}
+
+bool is_star_comment_in(const ModuleEntry& entry, std::string_view line) {
+  return is_star_comment(line) && entry.kind != EntryValueKind::TerminatedBlock &&
+         (entry.kind != EntryValueKind::MultiLine || !is_row_of_numbers_and_stars(line));
+}
+
+// Whoever looks at values knows a comment by its `#` alone.
 void take_value(LineReader& reader, ModuleEntry& entry) {
+  if (reader.reads_as_program() && is_star_comment_in(entry, reader.line())) {
+    entry.values.push_back('#' + std::string(reader.take(LineRole::Comment)));
+    return;
+  }
   entry.values.emplace_back(reader.take(LineRole::Value));
 }
 
 bool is_blank_or_comment(std::string_view line) {
-  return is_blank(line) || first_byte(line) == '#';
+  return is_blank(line) || first_byte(line) == '#' || is_star_comment(line);
 }
 
 // Returns how far ahead the line is that holds the value of a keyword, blank lines and comments
@@ -95,13 +110,15 @@ void gather_lines(LineReader& reader, const Keywords& keywords, ModuleEntry& ent
 }
 
 // Rows are taken without looking for keywords: the count says where they end, and a row may well
-// begin with a word that is a keyword elsewhere.
+// begin with a word that is a keyword elsewhere. The count may have stood behind the keyword.
 void gather_counted_rows(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
-  if (at_stop(reader, keywords)) {
-    return;
+  if (entry.values.empty()) {
+    if (at_stop(reader, keywords)) {
+      return;
+    }
+    take_value(reader, entry);
   }
-  const std::optional<std::int64_t> count = core::number::parse_integer(reader.line());
-  take_value(reader, entry);
+  const std::optional<std::int64_t> count = core::number::parse_integer(entry.values.front());
   if (!count || *count < 0) {
     gather_lines(reader, keywords, entry);
     return;
@@ -139,6 +156,17 @@ void gather_continuation(LineReader& reader, const Keywords& keywords, ModuleEnt
   }
 }
 
+// Whether what stands behind a keyword is the number of its rows: a row of several numbers follows,
+// which is no count itself.
+bool is_count_before_row(const ModuleEntry& entry, std::string_view rest, std::string_view next) {
+  const auto count = core::number::parse_integer(rest);
+  std::string_view row = next;
+  const bool begins_with_number =
+      core::number::parse_integer(core::text::take_word(row)).has_value();
+  return entry.kind == EntryValueKind::CountedRows && count && *count > 0 && begins_with_number &&
+         !is_blank(row);
+}
+
 // Whether an entry's value is lines that nothing but the next keyword ends.
 bool takes_lines(EntryValueKind kind) {
   return kind == EntryValueKind::Scalar || kind == EntryValueKind::Tuple ||
@@ -152,7 +180,7 @@ bool is_terminator(std::string_view line, const ModuleEntry& entry) {
 }
 
 void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {
-  if (!entry.values.empty()) {
+  if (!entry.values.empty() && entry.kind != EntryValueKind::CountedRows) {
     return;
   }
   switch (entry.kind) {
@@ -189,7 +217,8 @@ void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry
     return;
   }
   const auto distance = distance_to_value(reader, keywords);
-  if (!distance || keywords.has_numbers_behind(entry, rest, reader.line_ahead(*distance))) {
+  if (!distance || is_count_before_row(entry, rest, reader.line_ahead(*distance)) ||
+      keywords.has_numbers_behind(entry, rest, reader.line_ahead(*distance))) {
     entry.values.emplace_back(rest);
     reader.map()->inline_values.push_back(number);
   }

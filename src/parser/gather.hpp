@@ -20,8 +20,9 @@ void take_keyword_line(LineReader& reader, const Keywords& keywords, ModuleEntry
 /// a `NestedBlock` are taken as those of a `MultiLine`: a block within a block is not read into
 /// children of its own.
 ///
-/// An entry that has its value already takes no more. Whatever the kind, values never go beyond the
-/// module's `$end`, the next module's header or the end of the input.
+/// An entry that has its value already takes no more, unless it is a count, which rows follow.
+/// Whatever the kind, values never go beyond the module's `$end`, the next module's header or the
+/// end of the input.
 void gather_values(LineReader& reader, const Keywords& keywords, ModuleEntry& entry);
 
 /// Makes a new record the entry that keeps one line verbatim, and moves past the line.

@@ -188,7 +188,10 @@ class Editing {
     const std::vector<bool> again = are_made_again(records);
     for (std::size_t i = 0; i < records.size(); ++i) {
       const Assignment& assignment = edit_.assignments[i];
-      if (!is_specification_part(assignment.path) && !again[i]) {
+      if (again[i] && records[i]) {
+        result_.notes.push_back("'" + to_string(assignment.path) +
+                                "' is set more than once; the last one counts");
+      } else if (!again[i] && !is_specification_part(assignment.path)) {
         Problem problem = check_is_there(assignment.path, records[i], assignment.values);
         if (!problem.empty()) {
           return problem;
@@ -219,6 +222,12 @@ class Editing {
     return again;
   }
 
+  static const std::vector<ModuleEntry>& siblings_of(const BDFData& data, const RecordId& record) {
+    const Module& module = data.modules[record.index];
+    return record.kind == RecordKind::Child ? module.entries[record.entry].children
+                                            : module.entries;
+  }
+
   Problem check_is_there(const ValuePath& path, const RecordId& record, const Texts& values) const {
     if (!record || is_in_module_that_goes(path)) {
       return "the change contradicts itself: '" + to_string(path) + "' is to be set and taken out";
@@ -226,10 +235,12 @@ class Editing {
     const ModuleEntry* const entry = entry_or_child(result_.data, record);
     const Texts found =
         entry != nullptr ? entry->values : value_lines(result_.data, context_.schema(), record);
-    return same_values(found, values)
-               ? Problem()
-               : "the change contradicts itself: '" + to_string(path) + "' is to be '" +
-                     joined(values) + "' and '" + core::text::trim(joined(found)) + "'";
+    const bool is_said = entry != nullptr
+                             ? is_said_already(siblings_of(result_.data, record), *entry, values)
+                             : same_values(found, values);
+    return is_said ? Problem()
+                   : "the change contradicts itself: '" + to_string(path) + "' is to be '" +
+                         joined(values) + "' and '" + core::text::trim(joined(found)) + "'";
   }
 
   bool is_in_module_that_goes(const ValuePath& path) const {

@@ -122,10 +122,7 @@ Problem check_values(const EditContext& context, const Assignment& assignment,
     return refusal(path, "a spin multiplicity is 2S+1, at least 1 (--force writes it)");
   }
   const InputSchema& schema = context.schema();
-  return check_number_of_lines(context, assignment,
-                               path.kind == PathKind::Child
-                                   ? schema.nested_entry_info(path.module, path.name, path.child)
-                                   : schema.entry_info(path.module, path.name));
+  return check_number_of_lines(context, assignment, description_of(schema, path));
 }
 
 ModuleEntry& insert_in_order(std::vector<ModuleEntry>& entries, ModuleEntry entry) {
@@ -135,14 +132,6 @@ ModuleEntry& insert_in_order(std::vector<ModuleEntry>& entries, ModuleEntry entr
     position = std::find_if_not(entries.rbegin(), entries.rend(), is_comment_or_blank);
   }
   return *entries.insert(position.base(), std::move(entry));
-}
-
-ModuleEntry* record_at(EditContext& context, const RecordId& record) {
-  if (record.kind != RecordKind::Entry && record.kind != RecordKind::Child) {
-    return nullptr;
-  }
-  ModuleEntry& entry = context.data.modules[record.index].entries[record.entry];
-  return record.kind == RecordKind::Child ? &entry.children[record.child] : &entry;
 }
 
 ModuleEntry* block_for(EditContext& context, ValuePath path, Problem& problem) {
@@ -194,14 +183,16 @@ Problem check_known(const EditContext& context, const ValuePath& path) {
 
 Problem set_entry(EditContext& context, const Assignment& assignment) {
   const ValuePath& path = assignment.path;
-  ModuleEntry* const found = record_at(context, context.find(path));
-  Problem problem = check_values(context, assignment, found);
-  if (!problem.empty()) {
-    return problem;
+  const RecordId record = context.find(path);
+  Problem problem = check_values(context, assignment, record_at(context, record));
+  if (!problem.empty() || record) {
+    return problem.empty() ? change_entry(context, record, assignment) : problem;
   }
-  if (found != nullptr) {
-    put_values(*found, assignment.values);
-  } else if (Module* const module = module_for(context, path, problem)) {
+  Module* const module = module_for(context, path, problem);
+  if (module != nullptr && !context.edit.allow_unknown_names) {
+    problem = find_misread_entry(context, *module, path);
+  }
+  if (problem.empty()) {
     add_entry(context, *module, path.name, assignment.values);
   }
   return problem;
@@ -209,14 +200,10 @@ Problem set_entry(EditContext& context, const Assignment& assignment) {
 
 Problem set_child(EditContext& context, const Assignment& assignment) {
   const ValuePath& path = assignment.path;
-  ModuleEntry* const found = record_at(context, context.find(path));
-  Problem problem = check_values(context, assignment, found);
-  if (!problem.empty()) {
-    return problem;
-  }
-  if (found != nullptr) {
-    put_values(*found, assignment.values);
-    return {};
+  const RecordId record = context.find(path);
+  Problem problem = check_values(context, assignment, record_at(context, record));
+  if (!problem.empty() || record) {
+    return problem.empty() ? change_entry(context, record, assignment) : problem;
   }
   ModuleEntry* const block = block_for(context, path, problem);
   if (block == nullptr) {

@@ -1,6 +1,7 @@
 // Keywords of the header and their values.
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/from_schema.hpp"
 #include "model/same_value.hpp"
+#include "model/value_lines.hpp"
 #include "rewrite/edit_parts.hpp"
 
 namespace kelp::input::bdf {
@@ -47,6 +49,19 @@ Problem check_value(const EditContext& context, const Assignment& assignment, bo
              : refusal(path, "a value of the header is a single word without '#'");
 }
 
+// Commas stand between several values, unless the header has blanks there already.
+std::string behind_key(const std::optional<std::string>& value, std::string_view old) {
+  if (!value) {
+    return {};
+  }
+  if (old.find(' ') != std::string_view::npos) {
+    return '=' + *value;
+  }
+  std::vector<std::string_view> fields;
+  split_value_tokens(*value, fields);
+  return '=' + (fields.size() < 2 ? *value : core::text::join(fields, ","));
+}
+
 }  // namespace
 
 Problem set_easy(EditContext& context, const Assignment& assignment) {
@@ -75,7 +90,6 @@ void put_keyword(EditContext& context, const std::string& key,
                  const std::optional<std::string>& value) {
   const InputSchema& schema = context.schema();
   const std::string wanted = schema.canonical_easy_key(key);
-  const std::string assigned = value ? '=' + *value : "";
   bool is_there = false;
   // A header that says it twice must not say two things.
   for (EasyToken& token : context.data.easy_tokens) {
@@ -85,12 +99,14 @@ void put_keyword(EditContext& context, const std::string& key,
     is_there = true;
     if (value ? !same_value_line(token.value, *value) : !token.value.empty()) {
       const auto location = token.location;
-      token = easy_token_from_text(token.text.substr(0, token.text.find('=')) + assigned, schema);
+      token = easy_token_from_text(
+          token.text.substr(0, token.text.find('=')) + behind_key(value, token.value), schema);
       token.location = location;
     }
   }
   if (!is_there) {
-    context.data.easy_tokens.push_back(easy_token_from_text(wanted + assigned, schema));
+    context.data.easy_tokens.push_back(
+        easy_token_from_text(wanted + behind_key(value, {}), schema));
   }
 }
 

@@ -43,7 +43,7 @@ DiagnoseOptions without_advice() {
 
 ErrorCounts count_findings(const ParsedInput& input) {
   ErrorCounts counts;
-  diagnose(input, without_advice(), [&](const Diagnostic& diagnostic) {
+  diagnose(input, DiagnoseOptions(), [&](const Diagnostic& diagnostic) {
     ++counts[{diagnostic.code, diagnostic.message}];
   });
   return counts;
@@ -51,8 +51,10 @@ ErrorCounts count_findings(const ParsedInput& input) {
 
 // The errors of the new text that the old one did not have. Lines move, so that they are told by
 // what they say.
-void add_new_errors(ErrorCounts known, const ParsedInput& after, Rewrite& rewrite) {
-  diagnose(after, without_advice(), [&](const Diagnostic& diagnostic) {
+std::vector<Diagnostic> new_errors(ErrorCounts known, const ParsedInput& after,
+                                   const DiagnoseOptions& options) {
+  std::vector<Diagnostic> errors;
+  diagnose(after, options, [&](const Diagnostic& diagnostic) {
     if (diagnostic.severity != Severity::Error) {
       return;
     }
@@ -60,9 +62,22 @@ void add_new_errors(ErrorCounts known, const ParsedInput& after, Rewrite& rewrit
     if (count > 0) {
       --count;
     } else {
-      rewrite.losses.push_back(diagnostic);
+      errors.push_back(diagnostic);
     }
   });
+  return errors;
+}
+
+// What makes no sense as a calculation may do so after the next change.
+void add_new_errors(const ErrorCounts& known, const ParsedInput& after, Rewrite& rewrite) {
+  const auto losses = new_errors(known, after, without_advice());
+  rewrite.losses.insert(rewrite.losses.end(), losses.begin(), losses.end());
+  if (!rewrite.losses.empty()) {
+    return;
+  }
+  for (const Diagnostic& error : new_errors(known, after, DiagnoseOptions())) {
+    rewrite.notes.push_back("this is an error now: " + error.message + " [" + error.code + ']');
+  }
 }
 
 void add_difference(const Difference& difference, Rewrite& rewrite) {
@@ -117,7 +132,7 @@ class Patching {
       if (!difference.path.empty()) {
         add_difference(difference, rewrite_);
       }
-      add_new_errors(std::move(known_), after, rewrite_);
+      add_new_errors(known_, after, rewrite_);
     }
     rewrite_.text = apply_edits(source_.text(), rewrite_.edits);
     return std::move(rewrite_);

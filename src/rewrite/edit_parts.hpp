@@ -81,6 +81,27 @@ Module* module_for(EditContext& context, const ValuePath& path, Problem& problem
 /// index.
 std::size_t add_module(EditContext& context, Module module);
 
+// --- entries that are there
+
+/// Returns the entry or child that a record names in the document as far as it was changed, or
+/// null.
+ModuleEntry* record_at(EditContext& context, const RecordId& record);
+
+/// Returns what the schema says of the entry or child that a path names.
+std::optional<EntrySchemaInfo> description_of(const InputSchema& schema, const ValuePath& path);
+
+/// Gives an entry or child new values, and all others of its name that the schema allows but once:
+/// which of them BDF reads is not told. Refuses where its lines say more than its value.
+Problem change_entry(EditContext& context, const RecordId& record, const Assignment& assignment);
+
+/// Tells whether an entry has these values already; of one that the schema does not know, also
+/// where they stand behind its name or on the line below.
+bool is_said_already(const std::vector<ModuleEntry>& entries, const ModuleEntry& entry,
+                     const std::vector<std::string>& values);
+
+/// Refuses to add an entry that is there in a form that is not read: `maxiter=50`.
+Problem find_misread_entry(const EditContext& context, const Module& module, const ValuePath& path);
+
 // --- the molecule
 
 /// Sets charge and multiplicity.

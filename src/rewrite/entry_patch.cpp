@@ -94,11 +94,16 @@ class EntryPatch {
   std::size_t last_telling_line(const RecordId& record) const {
     const std::size_t first = input_.first_line(record);
     std::size_t last = input_.last_line(record);
-    while (last > first && input_.line(last).role == LineRole::Value &&
-           clean_value_line(input_.source().line(last)).empty()) {
+    while (last > first && says_no_value(last)) {
       --last;
     }
     return last;
+  }
+
+  bool says_no_value(std::size_t line) const {
+    const LineRole role = input_.line(line).role;
+    return role == LineRole::Comment ||
+           (role == LineRole::Value && clean_value_line(input_.source().line(line)).empty());
   }
 
   void insert_entry(const ModuleEntry& entry, std::size_t behind, const RecordId& near) {
@@ -153,10 +158,12 @@ bool is_in_block(const ParsedInput& input, const LineInfo& info) {
 // A comment of its own in a module, between modules, or swallowed by the values above.
 bool is_comment(const ParsedInput& input, std::size_t line) {
   const LineInfo info = input.line(line);
-  const bool may_be_one = info.role == LineRole::Comment || info.role == LineRole::Value;
   const TextRange content = input.source().content(line);
-  return may_be_one && info.record.kind != RecordKind::LeadingLine && !content.empty() &&
-         input.source().text()[content.begin] == '#' && !is_in_block(input, info);
+  if (content.empty() || info.record.kind == RecordKind::LeadingLine || is_in_block(input, info)) {
+    return false;
+  }
+  const bool has_hash = input.source().text()[content.begin] == '#';
+  return info.role == LineRole::Comment || (info.role == LineRole::Value && has_hash);
 }
 
 }  // namespace

@@ -87,10 +87,18 @@ class HeaderPatch {
     if (equals == std::string::npos) {
       patch_.replace(ranges.whole, token.text);
     } else if (!ranges.value.empty()) {
-      patch_.replace(ranges.value, token.text.substr(equals + 1));
+      patch_.replace(without_comma(ranges.value), token.text.substr(equals + 1));
     } else {
       patch_.replace({ranges.key.end, ranges.whole.end}, token.text.substr(equals));
     }
+  }
+
+  // A comma behind a value parts it from the next word.
+  TextRange without_comma(TextRange value) const {
+    while (value.end > value.begin + 1 && source_.text()[value.end - 1] == ',') {
+      --value.end;
+    }
+    return value;
   }
 
   // A part that goes takes the slash behind it along, one that comes brings its own.

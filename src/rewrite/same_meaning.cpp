@@ -151,13 +151,20 @@ class ModuleComparison {
   bool with_geometries_;
 };
 
+std::string_view without_comma(std::string_view word) {
+  while (word.ends_with(',')) {
+    word.remove_suffix(1);
+  }
+  return word;
+}
+
 Difference difference_of_headers(const BDFData& wanted, const BDFData& read) {
   const std::size_t count = std::max(wanted.easy_tokens.size(), read.easy_tokens.size());
   for (std::size_t i = 0; i < count; ++i) {
     const EasyToken none;
     const EasyToken& left = i < wanted.easy_tokens.size() ? wanted.easy_tokens[i] : none;
     const EasyToken& right = i < read.easy_tokens.size() ? read.easy_tokens[i] : none;
-    if (same_text(left.canonical, right.canonical)) {
+    if (same_text(without_comma(left.canonical), without_comma(right.canonical))) {
       continue;
     }
     if (left.text.empty()) {

@@ -73,7 +73,7 @@ class ValuePatch {
   void run(const std::vector<std::string>& values) {
     read_old_lines();
     read_new_lines(values);
-    if (is_inline()) {
+    if (is_inline() && old_.size() == 1) {
       return replace_inline();
     }
     std::size_t begin = 0;
@@ -174,10 +174,9 @@ class ValuePatch {
   void insert(std::size_t behind, std::size_t begin, std::size_t end) {
     std::vector<std::string> lines;
     for (std::size_t i = begin; i < end; ++i) {
-      const std::string_view near =
-          old_.empty() || is_inline() ? std::string_view() : indentation_at(old_.back().number);
+      const bool is_alone = old_.empty() || old_.back().number == input_.first_line(record_);
       const std::string& indentation =
-          old_.empty() || is_inline() ? indentation_ : std::string(near);
+          is_alone ? indentation_ : std::string(indentation_at(old_.back().number));
       lines.push_back(new_[i].empty() ? std::string() : indentation + std::string(new_[i]));
     }
     patch_.insert_lines(behind, lines);

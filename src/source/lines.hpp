@@ -90,6 +90,10 @@ inline bool is_remark(std::string_view line) {
   const char first = first_byte(line);
   return first == '#' || first == '*';
 }
+/// A comment whose `*` stands in the first column.
+inline bool is_star_comment(std::string_view line) {
+  return line.starts_with('*');
+}
 /// `#! name`
 inline bool is_script_line(std::string_view line) {
   return first_byte(line) == '#' && core::text::trim_view(line).starts_with("#!");

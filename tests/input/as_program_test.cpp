@@ -125,6 +125,16 @@ const Row frame_rows[] = {
      "geometry of 1 'Geometry' ends on 7\n"},
 };
 
+const Row star_rows[] = {
+    {"a comment with a star before a value", "$scf\nmaxiter\n* c\n 50\n* d\n$end\n", "Mk#v#E",
+     "module scf '$scf' ends on 6\n"
+     "maxiter 'maxiter' [#* c] 3 '' [ 50] 4 '50'\n"
+     "* '*'\n"},
+    {"a count behind its keyword", "$compass\natommass 1 # n\n* c\n 1 18\n$end\n", "Mk#vE",
+     "module compass '$compass' ends on 5\n"
+     "atommass 'atommass' [1] 2 '1' [#* c] 3 '' [ 1 18] 4 '1 18'\n"},
+};
+
 const Row token_rows[] = {
     {"a keyword and its value on a line", "hf/sto-3g\n charge  1 # c\n", "hh",
      "token [hf/sto-3g] 'hf/sto-3g' key 'hf/sto-3g' value ''\n"
@@ -243,6 +253,7 @@ const Row title_rows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Titles, AsProgram, ::testing::ValuesIn(title_rows));
+INSTANTIATE_TEST_SUITE_P(Stars, AsProgram, ::testing::ValuesIn(star_rows));
 INSTANTIATE_TEST_SUITE_P(Frame, AsProgram, ::testing::ValuesIn(frame_rows));
 INSTANTIATE_TEST_SUITE_P(Tokens, AsProgram, ::testing::ValuesIn(token_rows));
 INSTANTIATE_TEST_SUITE_P(Values, AsProgram, ::testing::ValuesIn(value_rows));

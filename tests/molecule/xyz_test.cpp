@@ -37,6 +37,10 @@ TEST(ReadXyz, ReadsSymbolsCoordinatesAndTheComment) {
 TEST(ReadXyz, MoreColumnsEmptyLinesAtTheEndAndWindowsLineEndsAreFine) {
   EXPECT_EQ(read_xyz("1\r\n\r\nO 0 0 0 0.1 0.2 0.3 x\r\n\r\n\n").atoms.size(), 1U);
   EXPECT_EQ(read_xyz("1\n\nO 0 0 0").atoms.size(), 1U);
+  EXPECT_EQ(read_xyz("\xEF\xBB\xBF"
+                     "1\n\nO 0 0 0")
+                .atoms.size(),
+            1U);
   EXPECT_EQ(read_xyz("1\r\nwater\r\nO 0 0 0").comment, "water");
 }
 

@@ -55,6 +55,76 @@ TEST(ValueEdits, AValueBehindItsKeywordStaysThere) {
   });
 }
 
+TEST(ValueEdits, ACommentWithAStarIsNoValue) {
+  const std::string before = "$scf\nrhf\nmaxiter\n* was 50\n 150\n* below\n$end\n";
+  expect_edits({
+      {"a value below it",
+       before,
+       {"scf.maxiter=77"},
+       "$scf\nrhf\nmaxiter\n* was 50\n 77\n* below\n$end\n"},
+      {"the value that is there", before, {"scf.maxiter=150"}, before},
+      {"an entry that goes", before, {"-scf.maxiter"}, "$scf\nrhf\n* below\n$end\n"},
+      {"of an entry of any number of lines",
+       "$compass\nbasis\n* sto-3g\n cc-pvdz\n$end\n",
+       {"compass.basis=cc-pvtz"},
+       "$compass\nbasis\n* sto-3g\n cc-pvtz\n$end\n"},
+      {"of rows",
+       "$compass\natommass\n2\n* heavy\n 1 18\n 2 2\n$end\n",
+       {"compass.atommass=2\\n1 18\\n2 3"},
+       "$compass\natommass\n2\n* heavy\n 1 18\n 2 3\n$end\n"},
+      {"a star that is a value",
+       "$autofrag\nfragdef\n* * 0 1\n1\n2\n$end\n",
+       {"autofrag.fragdef=0 1 0 1\\n1\\n2"},
+       "$autofrag\nfragdef\n0 1 0 1\n1\n2\n$end\n"},
+  });
+}
+
+TEST(ValueEdits, ACountBehindItsKeywordStaysThere) {
+  const std::string before = "$compass\natommass 1 # n\n 1 18\n$end\n";
+  expect_edits({
+      {"a row", before, {"compass.atommass=1\\n1 17"}, "$compass\natommass 1 # n\n 1 17\n$end\n"},
+      {"one more",
+       before,
+       {"compass.atommass=2\\n1 18\\n2 2"},
+       "$compass\natommass 2 # n\n 1 18\n 2 2\n$end\n"},
+      {"the same", before, {"compass.atommass=1\\n1 18"}, before},
+  });
+}
+
+TEST(ValueEdits, AnEntryThatIsThereTwiceIsChangedTwice) {
+  const Rewrite rewrite = edited("$scf\nrhf\nmaxiter\n 50\ncharge\n 0\nmaxiter\n 60 # c\n$end\n",
+                                 edit_of({"scf.maxiter=70"}));
+  EXPECT_EQ(rewrite.text, "$scf\nrhf\nmaxiter\n 70\ncharge\n 0\nmaxiter\n 70 # c\n$end\n");
+  EXPECT_THAT(rewrite.notes,
+              ::testing::ElementsAre("'scf.maxiter' is there 2 times; all of them are changed"));
+}
+
+TEST(ValueEdits, OfSeveralAssignmentsOfOneValueTheLastCountsAndThatIsTold) {
+  const Rewrite rewrite =
+      edited("$scf\nrhf\n$end\n", edit_of({"scf.maxiter=50", "scf.maxiter=60"}));
+  EXPECT_EQ(rewrite.text, "$scf\nrhf\nmaxiter\n  60\n$end\n");
+  EXPECT_THAT(rewrite.notes,
+              ::testing::ElementsAre("'scf.maxiter' is set more than once; the last one counts"));
+}
+
+TEST(ValueEdits, ACalculationThatMakesNoSenseNowIsTold) {
+  const std::string before =
+      "$compass\nbasis\n cc-pvdz\ngeometry\n Ne 0 0 0\nend geometry\n$end\n$xuanyuan\n$end\n"
+      "$scf\nrhf\ncharge\n 0\n$end\n";
+  EXPECT_THAT(edited(before, edit_of({"scf.charge=1"})).notes,
+              ::testing::ElementsAre(::testing::HasSubstr("[electrons.restricted_odd_electrons]")));
+  EXPECT_THAT(edited(before, edit_of({"scf.charge=2"})).notes, ::testing::IsEmpty());
+}
+
+TEST(ValueEdits, AnUnknownEntryKeepsTheValueThatItHas) {
+  for (const std::string line : {"oddity 3\n", "oddity\n3\n", "oddity\n  3\n"}) {
+    const std::string before = "$scf\nrhf\n" + line + "$end\n";
+    const Rewrite rewrite = edited(before, edit_of({"scf.oddity=3"}));
+    EXPECT_EQ(rewrite.text, before);
+    EXPECT_EQ(messages_of(rewrite), "") << line;
+  }
+}
+
 TEST(ValueEdits, RowsAreAddedAndTakenOutAtTheirPlace) {
   expect_edits({
       {"one line",
@@ -265,6 +335,38 @@ TEST(RefusedEdits, NameWhatIsWrongAndChangeNothing) {
     EXPECT_EQ(rewrite.text, row.before);
     EXPECT_TRUE(rewrite.edits.empty());
   }
+}
+
+TEST(RefusedEdits, NameTheLineThatSaysMoreThanItsValue) {
+  struct Row {
+    std::string lines;
+    std::string reason;
+  };
+  for (const Row& row : std::vector<Row>{{"maxiter\n 50 $end\n", "'50 $end'"},
+                                         {"maxiter\n 50 ! most\n", "'50 ! most'"},
+                                         {"maxiter = 50\n", "'= 50'"},
+                                         {"maxiter 50\n 60\n", "line 3"},
+                                         {"maxiter\n 50\n 60\n", "'60' on line 5"},
+                                         {"maxiter=50\n", "'maxiter=50' on line 3"},
+                                         {"maxiter: 50\n", "'maxiter: 50' on line 3"},
+                                         {"maxiter\xE3\x80\x80\n 50\n", "on line 3"},
+                                         {"\xC2\xA0maxiter\n 50\n", "on line 3"}}) {
+    const std::string before = "$scf\nrhf\n" + row.lines + "$end\n";
+    Edit edit = edit_of({"scf.maxiter=77"});
+    const Rewrite rewrite = edited(before, edit);
+    EXPECT_THAT(rewrite.error, ::testing::HasSubstr(row.reason)) << row.lines;
+    EXPECT_EQ(rewrite.text, before);
+    edit.allow_unknown_names = true;
+    EXPECT_THAT(edited(before, edit).text, ::testing::HasSubstr("77")) << row.lines;
+  }
+}
+
+TEST(RefusedEdits, NameTheLineOfAValueThatIsNotReadAsOne) {
+  const auto error = [](const std::string& lines) {
+    return edited("$scf\nrhf\n" + lines + "$end\n", edit_of({"scf.oddity=4"})).error;
+  };
+  EXPECT_THAT(error("oddity 3\n"), ::testing::HasSubstr("line 3; change it there"));
+  EXPECT_THAT(error("oddity\n3\n"), ::testing::HasSubstr("line 4 is not indented"));
 }
 
 TEST(RefusedEdits, UnknownNamesAreWrittenWhenAllowed) {

@@ -87,7 +87,9 @@ void add_set(CLI::App& app, Session& session) {
       "stays as it is, byte for byte; what has the value already is not touched. In a value '\\n' "
       "begins a new line; a keyword without a value ends in '='. A module that is not there is "
       "added where the order of execution wants it. The result is checked: a change that adds an "
-      "error, or a name that the vocabulary does not know, is refused unless --force is given.");
+      "error, or a name that the vocabulary does not know, is refused unless --force is given. "
+      "Where the calculation makes no sense any more, say of a charge that leaves an odd number of "
+      "electrons, that is told, but written: the next change may mend it.");
   run_when_named(*command, session, options, run_set);
 }
 
