@@ -16,9 +16,28 @@ grep -rqF "Jesse Beder" "$scratch"/venv/lib/python*/site-packages/kelp_bdf-*.dis
     exit 1
 }
 
+# Whatever it needs it brings along: the libraries of the system, but for those of C and C++, are hidden
+# where we may do that, and are not loaded in any case.
+cat >"$scratch/hidden" <<'HIDDEN'
+#!/bin/sh
+for library in /lib/*/libyaml-cpp.so.* /lib/*/libfmt.so.*; do
+    [ ! -e "$library" ] || mount --bind /dev/null "$(readlink -f "$library")"
+done
+exec "$@"
+HIDDEN
+hidden=()
+for how in "unshare -m" "unshare -rm"; do
+    # shellcheck disable=SC2206
+    if $how sh "$scratch/hidden" true 2>/dev/null; then
+        hidden=($how sh "$scratch/hidden")
+        break
+    fi
+done
+[[ ${#hidden[@]} -gt 0 ]] || echo "the libraries of the system cannot be hidden here"
+
 cd -- "$scratch/elsewhere"
 cp -- "$source_folder/examples/faulty.inp" .
-"$scratch/venv/bin/python" - "$scratch/venv" <<'PYTHON'
+"${hidden[@]}" "$scratch/venv/bin/python" - "$scratch/venv" <<'PYTHON'
 import pathlib
 import sys
 
@@ -26,9 +45,11 @@ import kelp_bdf
 
 assert pathlib.Path(kelp_bdf.__file__).is_relative_to(sys.argv[1]), kelp_bdf.__file__
 assert len(kelp_bdf.read("faulty.inp").check()) == 5
+loaded = {line.split()[-1] for line in open("/proc/self/maps") if "yaml-cpp" in line}
+assert loaded and all(path.startswith(sys.argv[1]) for path in loaded), loaded
 PYTHON
 status=0
-"$scratch/venv/bin/kelp-bdf" check --quiet faulty.inp || status=$?
+"${hidden[@]}" "$scratch/venv/bin/kelp-bdf" check --quiet faulty.inp || status=$?
 [[ $status -eq 1 ]]
 "$scratch/venv/bin/kelp-bdf" --version | grep -F -- "$scratch/venv"
 if grep -rlF --exclude-dir=__pycache__ -- "$build" "$scratch/venv/lib"/python3*/site-packages/kelp_bdf; then
