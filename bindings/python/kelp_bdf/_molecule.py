@@ -41,7 +41,7 @@ class Molecule:
         self._charge = charge
         self._multiplicity = multiplicity
         self._coordinates = core.coordinates()
-        self._coordinates.flags.writeable = False
+        self._coordinates.setflags(write=False)
 
     @classmethod
     def _of(cls, core: _core.Molecule) -> "Molecule":
