@@ -77,6 +77,25 @@ void add_folder(const std::string& folder, const FolderRule& is_wanted,
   ::FindClose(search);
 }
 
+// Somebody else may make one at the same time.
+DWORD make_folders(const std::string& path) {
+  if (path_kind(path) == PathKind::Folder) {
+    return ERROR_SUCCESS;
+  }
+  const std::string full = resource::full_path(path);
+  const std::string parent = resource::folder_of(full);
+  if (parent != full) {
+    if (const DWORD error = make_folders(parent); error != ERROR_SUCCESS) {
+      return error;
+    }
+  }
+  if (::CreateDirectoryW(wide_path(path).c_str(), nullptr) != 0) {
+    return ERROR_SUCCESS;
+  }
+  const DWORD error = ::GetLastError();
+  return path_kind(path) == PathKind::Folder ? ERROR_SUCCESS : error;
+}
+
 }  // namespace
 
 bool is_directory(const std::string& path) {
@@ -84,20 +103,8 @@ bool is_directory(const std::string& path) {
 }
 
 void make_folder(const std::string& path) {
-  if (is_directory(path)) {
-    return;
-  }
-  const std::string full = resource::full_path(path);
-  const std::string parent = resource::folder_of(full);
-  if (parent != full) {
-    make_folder(parent);
-  }
-  if (::CreateDirectoryW(wide_path(path).c_str(), nullptr) == 0) {
-    // Somebody else may have made it meanwhile.
-    const DWORD error = ::GetLastError();
-    if (!is_directory(path)) {
-      throw_no_folder(path, error_text(error));
-    }
+  if (const DWORD error = make_folders(path); error != ERROR_SUCCESS) {
+    throw_no_folder(path, error_text(error));
   }
 }
 
