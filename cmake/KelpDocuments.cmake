@@ -52,3 +52,5 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/pictures DESTINATION ${page_folder}
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
   COMPONENT command
   FILES_MATCHING PATTERN "*.inp" PATTERN "*.cpp" PATTERN "*.c" PATTERN "*.f90" PATTERN "*.py")
+file(GLOB recipes CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/examples/cluster/*)
+install(PROGRAMS ${recipes} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/cluster COMPONENT command)

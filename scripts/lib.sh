@@ -12,7 +12,8 @@ test_packages=(libgtest-dev libgmock-dev librapidcheck-dev python3 python3-yaml
     python3-jsonschema pkg-config pybind11-dev python3-dev python3-numpy python3-pytest python3-ase)
 # shellcheck disable=SC2034
 check_packages=(git clang libclang-rt-14-dev clang-format clang-tidy-16 shellcheck doxygen
-    dpkg-dev file gfortran mypy python3-setuptools python3-wheel python3-pip python3-venv)
+    dpkg-dev file gfortran mypy python3-setuptools python3-wheel python3-pip python3-venv parallel
+    patchelf)
 
 # Editors, under whose clients the language server is tested; without them those tests skip.
 # shellcheck disable=SC2034
