@@ -253,7 +253,7 @@ bool has_file(const Job& job, const std::vector<std::string>& names) {
   return std::any_of(names.begin(), names.end(), job.folder->has_file);
 }
 
-// A name that is nearly one of the library is told of as a slip, not here.
+// Where a name is told of as a slip, this is left out.
 void check_basis_unknown(const Job& job, Report& report) {
   for (const System& system : job.systems) {
     if (job.folder == nullptr || system.basis.has_inline) {
@@ -261,13 +261,13 @@ void check_basis_unknown(const Job& job, Report& report) {
     }
     for (const Word name : unlisted_names(job, system)) {
       const std::string wanted = core::text::to_upper(name);
-      if (!job.folder->has_file(wanted) && !has_file(job, other_file_names(name)) &&
-          similar_names(name, job.knowledge().basis_set_names()).empty()) {
+      if (!job.folder->has_file(wanted) && !has_file(job, other_file_names(name))) {
         report
             .add("The library has no basis set '{}' that is known, and there is no file '{}'.",
                  {name, wanted})
             .at(name, "neither known nor a file")
-            .help("a basis set of your own must be a file '" + wanted + "' beside the input");
+            .help("a basis set of your own must be a file '" + wanted + "' beside the input")
+            .suggest(similar_names(name, job.knowledge().basis_set_names()));
       }
     }
   }

@@ -1,5 +1,5 @@
 // Functionals: what each of them can be used for, and the options of $scf that fit it. A functional
-// that is not listed can be anything, and nothing is said about it.
+// that is not listed can be anything, and no more is said about it than that.
 
 #include <algorithm>
 #include <array>
@@ -8,6 +8,7 @@
 #include "advice/gradients.hpp"
 #include "advice/report.hpp"
 #include "advice/themes.hpp"
+#include "kelp/core/text.hpp"
 #include "kelp/input/bdf/names.hpp"
 
 namespace kelp::input::bdf {
@@ -37,6 +38,25 @@ bool is_hartree_fock(const Job& job, const Scf& scf) {
 
 Word functional_word(const Job& job, const Scf& scf) {
   return job.input.source().text_of(scf.functional_word);
+}
+
+// Where a name is told of as a slip, this is left out.
+void check_functional_unlisted(const Job& job, Report& report) {
+  for (const Scf& scf : job.scfs) {
+    const Word name = functional_word(job, scf);
+    if (scf.functional.empty() || job.schema().is_known_functional(scf.functional) ||
+        is_elision(name)) {
+      continue;
+    }
+    Finding& finding =
+        report.add("'{}' is no functional that is listed.", {name})
+            .at(scf.functional_word, "of the library of functionals?")
+            .help("BDF may know it all the same: the library that it is built on has more");
+    const std::vector<std::string>& others = job.knowledge().functionals_elsewhere();
+    if (std::find(others.begin(), others.end(), core::text::to_lower(name)) == others.end()) {
+      finding.suggest(similar_names(name, NameLists(job.schema()).functionals()));
+    }
+  }
 }
 
 void check_double_hybrid_needs_mp2(const Job& job, Report& report) {
@@ -278,6 +298,7 @@ void check_meta_gga_coarse_grid(const Job& job, Report& report) {
 }
 
 constexpr auto rules = std::to_array<Rule>({
+    {"functional.functional_unlisted", check_functional_unlisted},
     {"functional.double_hybrid_needs_mp2", check_double_hybrid_needs_mp2},
     {"functional.double_hybrid_tddft", check_double_hybrid_tddft},
     {"functional.mp2_on_kohn_sham", check_mp2_on_kohn_sham},

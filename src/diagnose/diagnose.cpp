@@ -2,6 +2,7 @@
 // at fault; the input knows where these stand. A diagnostic is put together from the two. What only
 // follows from a finding before is left out, and the rest is handed over in the order of the text.
 
+#include <algorithm>
 #include <utility>
 
 #include "advice/advice.hpp"
@@ -56,6 +57,17 @@ bool is_about_missing_header(const Fault& fault) {
 // Of a calculation nothing is certain whose modules or blocks are not those that were meant.
 bool hides_parts(std::string_view code) {
   return code == "frame.stray_end" || code == "bdf.unterminated_entry_block";
+}
+
+// A name that is told of as a slip is not told of as one that is not listed.
+bool is_about_unlisted_name(std::string_view code) {
+  return code == "basis.basis_unknown" || code == "functional.functional_unlisted";
+}
+
+bool is_within(const std::vector<TextRange>& told, const std::optional<TextRange>& range) {
+  return range && std::any_of(told.begin(), told.end(), [&](const TextRange& other) {
+           return other.begin < range->end && range->begin < other.end;
+         });
 }
 
 Diagnostic empty_input() {
@@ -186,13 +198,25 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
       add(draft.diagnostic);
     }
   });
+  std::vector<TextRange> told;
+  const auto add_name = [&](const Diagnostic& found) {
+    told.push_back(found.range.value_or(TextRange{}));
+    add(found);
+  };
   if (!start) {
-    find_header_words(context, options, add);
+    find_header_words(context, options, add_name);
   }
-  find_module_names(context, options, add);
+  find_module_names(context, options, add_name);
   find_atom_lines(context, add);
   if (options.advice && is_certain) {
-    advise(input, options.folder ? &*options.folder : nullptr, add);
+    advise(input, options.folder ? &*options.folder : nullptr, [&](const Diagnostic& found) {
+      const bool is_left_out =
+          is_about_unlisted_name(found.code) &&
+          (options.unknown == UnknownNames::Ignore || is_within(told, found.range));
+      if (!is_left_out) {
+        add(found);
+      }
+    });
   }
   in_order.finish();
 }

@@ -12,11 +12,12 @@
 #include <vector>
 
 #include "diagnose/finders.hpp"
-#include "diagnose/likely_names.hpp"
+#include "diagnose/header_names.hpp"
 #include "diagnose/offers.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
+#include "kelp/input/bdf/explain.hpp"
 #include "model/method_specification.hpp"
 #include "schema/easy_token_syntax.hpp"
 #include "source/geometry_line.hpp"
@@ -101,7 +102,8 @@ class HeaderWordFinder {
         schema_(input_.schema()),
         tokens_(input_.data().easy_tokens),
         options_(options),
-        use_(use) {}
+        use_(use),
+        names_(context, options, use) {}
 
   void run() {
     const auto cut = find_cut_specification(input_);
@@ -139,42 +141,18 @@ class HeaderWordFinder {
             core::text::equals_ignoring_case(core::text::trim_view(rest), "setting"));
   }
 
-  Diagnostic begin(std::size_t token, std::string_view code, std::string message,
-                   std::string_view argument) const {
-    return begin_diagnostic({code,
-                             std::move(message),
-                             {std::string(argument)},
-                             RecordId::of(RecordKind::EasyToken, token)},
-                            context_.paths);
-  }
-
-  // What is in no closed list is as grave as the options have it.
-  Diagnostic begin_unknown(std::size_t token, std::string_view code, std::string_view thing,
-                           std::string_view name) const {
-    Diagnostic diagnostic = begin(token, code, message(thing, name), name);
-    if (options_.unknown == UnknownNames::Error) {
-      diagnostic.severity = Severity::Error;
-    }
-    return diagnostic;
-  }
-
-  std::string written(const TextRange& range) const {
-    return std::string(input_.source().text_of(range));
-  }
-
   void look_at(std::size_t token) {
     if (tokens_[token].category == "method_spec") {
-      if (options_.unknown != UnknownNames::Ignore) {
-        look_at_specification(token);
-      }
+      names_.look_at_specification(token);
     } else if (tokens_[token].category == "unknown") {
       if (options_.unknown != UnknownNames::Ignore) {
         look_at_unknown(token);
       }
     } else {
       look_for_repetition(token);
-      if (options_.unknown != UnknownNames::Ignore && is_functional_keyword(token)) {
-        look_at_functional(token, input_.token_ranges(token).value);
+      look_for_value(token);
+      if (is_functional_keyword(token)) {
+        names_.look_at_functional(token, input_.token_ranges(token).value);
       }
     }
   }
@@ -182,64 +160,6 @@ class HeaderWordFinder {
   bool is_functional_keyword(std::size_t token) const {
     return schema_.canonical_easy_key(tokens_[token].key) == "xcfun" &&
            !tokens_[token].value.empty();
-  }
-
-  void look_at_specification(std::size_t token) {
-    const SpecificationRanges ranges = input_.specification_ranges(token);
-    if (!ranges.method.empty() && !ranges.functional.empty()) {
-      look_at_method(token, ranges.method);
-    } else if (!ranges.functional.empty()) {
-      // Of two parts, the first may also be a method.
-      if (report_likely(token, ranges.functional, "header.unknown_method", {"method", "methods"},
-                        likely_methods(written(ranges.functional), context_))) {
-        look_at_basis(token, ranges.basis);
-        return;
-      }
-    }
-    look_at_functional(token, ranges.functional);
-    look_at_basis(token, ranges.basis);
-  }
-
-  void look_at_method(std::size_t token, const TextRange& range) {
-    const std::string name = written(range);
-    if (schema_.is_known_method(name)) {
-      return;
-    }
-    Diagnostic diagnostic = begin_unknown(token, "header.unknown_method", "method", name);
-    diagnostic.range = range;
-    diagnostic.label = "not a method";
-    offer_names(diagnostic, similar_names(name, context_.names().methods()), {"method", "methods"},
-                range, true);
-    use_(diagnostic);
-  }
-
-  void look_at_functional(std::size_t token, const TextRange& range) {
-    report_likely(token, range, "header.unknown_functional", {"functional", "functionals"},
-                  likely_functionals(written(range), context_));
-  }
-
-  void look_at_basis(std::size_t token, const TextRange& range) {
-    report_likely(token, range, "header.unknown_basis", {"basis set", "basis sets"},
-                  likely_basis_sets(written(range), context_, options_));
-  }
-
-  static std::string message(std::string_view thing, std::string_view name) {
-    return "Unknown " + std::string(thing) + " '" + core::unicode::abridged(name) +
-           "' in the header.";
-  }
-
-  bool report_likely(std::size_t token, const TextRange& range, const char* code,
-                     const NamedThing& things, std::vector<std::string> likely) {
-    if (likely.empty()) {
-      return false;
-    }
-    const std::string name = written(range);
-    Diagnostic diagnostic = begin(token, code, message(things.one, name), name);
-    diagnostic.range = range;
-    diagnostic.label = "not a " + std::string(things.one) + " that is listed";
-    offer_names(diagnostic, std::move(likely), things, range, false);
-    use_(diagnostic);
-    return true;
   }
 
   // A value behind a keyword that is not known is not told of, too.
@@ -269,13 +189,17 @@ class HeaderWordFinder {
 
   void look_at_unknown(std::size_t token) {
     const TextRange range = input_.token_ranges(token).key;
-    const std::string name = written(range);
+    const std::string name(input_.source().text_of(range));
     const std::vector<std::string> values = values_before(token);
     // A keyword that stands alone as well takes its value all the same: `SpinAdapt True`.
     if (is_value_of_unknown(token) || is_one_of(name, values)) {
       return;
     }
-    Diagnostic diagnostic = begin_unknown(token, "header.unknown_keyword", "keyword", name);
+    Diagnostic diagnostic = begin_in_header(context_, token, "header.unknown_keyword",
+                                            unknown_in_header("keyword", name), name);
+    if (options_.unknown == UnknownNames::Error) {
+      diagnostic.severity = Severity::Error;
+    }
     diagnostic.range = range;
     diagnostic.label = "not a keyword of the header";
     std::vector<std::string> near = similar_names(name, values);
@@ -290,6 +214,49 @@ class HeaderWordFinder {
     use_(diagnostic);
   }
 
+  // Tells whether a keyword says nothing without a value: where it may be right or wrong, or name a
+  // choice that has a usual one, it may stand alone.
+  bool needs_value(std::size_t token) const {
+    const auto info = schema_.easy_keyword_info(tokens_[token].key);
+    return info && info->kind != EntryValueKind::Flag && info->value_type != "bool" &&
+           !is_one_of("true", info->allowed);
+  }
+
+  void look_for_value(std::size_t token) {
+    // `group= charge=1` takes the next keyword for its value.
+    const bool has_other = tokens_[token].value.find('=') != std::string::npos;
+    if ((!tokens_[token].value.empty() && !has_other) || !needs_value(token) ||
+        (!has_other && is_value_behind(token))) {
+      return;
+    }
+    const TokenRanges ranges = input_.token_ranges(token);
+    const std::string key(input_.source().text_of(ranges.key));
+    Diagnostic diagnostic =
+        begin_in_header(context_, token, "header.value_missing",
+                        "The keyword '" + key + "' of the header has no value.", key);
+    diagnostic.range = ranges.whole;
+    diagnostic.label = "its value is missing";
+    if (const auto info = schema_.easy_keyword_info(tokens_[token].key)) {
+      const std::string expected = expected_value(*info);
+      if (!expected.empty()) {
+        diagnostic.help.push_back("expected: " + expected);
+      }
+    }
+    use_(diagnostic);
+  }
+
+  // Any word that is nothing else; on another line it is told of as one that nobody knows. Where
+  // any text may stand, so may a keyword: `xcfun scan`.
+  bool is_value_behind(std::size_t token) const {
+    if (token + 1 == tokens_.size()) {
+      return false;
+    }
+    const auto info = schema_.easy_keyword_info(tokens_[token].key);
+    const bool is_any_text = info && info->value_type == "string" && info->allowed.empty();
+    return tokens_[token + 1].category == "unknown" ||
+           (is_any_text && !is_first_on_line(token + 1) && tokens_[token + 1].value.empty());
+  }
+
   void look_for_repetition(std::size_t token) {
     const std::string key = schema_.canonical_easy_key(tokens_[token].key);
     const auto [found, is_new] = first_of_.emplace(key, token);
@@ -297,8 +264,9 @@ class HeaderWordFinder {
       return;
     }
     const TokenRanges ranges = input_.token_ranges(token);
-    Diagnostic diagnostic = begin(token, "header.keyword_twice",
-                                  "The keyword '" + key + "' is given twice in the header.", key);
+    Diagnostic diagnostic =
+        begin_in_header(context_, token, "header.keyword_twice",
+                        "The keyword '" + key + "' is given twice in the header.", key);
     diagnostic.range = ranges.key;
     diagnostic.label = "first given on line " + std::to_string(line_of(input_, found->second));
     diagnostic.related.push_back({input_.token_ranges(found->second).whole, "first given here"});
@@ -323,10 +291,11 @@ class HeaderWordFinder {
     const std::size_t last = cut.first + cut.count - 1;
     const TextRange range = {input_.token_ranges(cut.first).whole.begin,
                              input_.token_ranges(last).whole.end};
+    const std::string text(input_.source().text_of(range));
     const std::string meant = core::text::join(parts_of(tokens_, cut.first, cut.count), "/");
     Diagnostic diagnostic =
-        begin(cut.first, "header.blank_for_slash",
-              "The specification '" + written(range) + "' is cut by a blank.", written(range));
+        begin_in_header(context_, cut.first, "header.blank_for_slash",
+                        "The specification '" + text + "' is cut by a blank.", text);
     diagnostic.range = range;
     diagnostic.label = "meant to be '" + meant + "'?";
     diagnostic.help.emplace_back("method, functional and basis set are one word, parted by '/'");
@@ -341,6 +310,7 @@ class HeaderWordFinder {
   const std::vector<EasyToken>& tokens_;
   const DiagnoseOptions& options_;
   const DiagnosticSink& use_;
+  HeaderNameFinder names_;
   std::map<std::string, std::size_t> first_of_;  ///< token that bears a keyword first
 };
 

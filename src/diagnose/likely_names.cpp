@@ -3,6 +3,8 @@
 // slips, and what differs from a listed name by one stroke is one only if it is not how the names
 // of a family differ: by a plus or a star, by what stands in parentheses, by a digit or a letter
 // for the size where the family has several, by a letter at either end that no finger slips to.
+// What has the letters and digits of a listed name, and other marks between or around them, is that
+// name: `"def2-svp"`, `cc pvdz`, `6-31g[d,p]`.
 
 #include "diagnose/likely_names.hpp"
 
@@ -23,6 +25,10 @@ bool is_digit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
+bool is_letter_or_digit(char byte) {
+  return is_digit(byte) || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+
 bool is_diffuse_or_polarised(char byte) {
   return contains("+*", byte);
 }
@@ -40,6 +46,21 @@ bool is_shell(char byte) {
 bool look_alike(char left, char right) {
   return (contains("1l", left) && contains("1l", right)) ||
          (contains("0o", left) && contains("0o", right));
+}
+
+// The bytes by which names differ that are not the same: the others only part them. The Greek
+// letter of range-separated functionals is written as the letter that looks like it.
+std::string without_marks(std::string_view name) {
+  constexpr std::string_view omega = "\xCF\x89";
+  std::string bare;
+  for (std::size_t at = 0; at < name.size(); ++at) {
+    if (name.substr(at).starts_with(omega)) {
+      bare += 'w';
+    } else if (is_letter_or_digit(name[at]) || is_diffuse_or_polarised(name[at])) {
+      bare += name[at];
+    }
+  }
+  return bare;
 }
 
 bool are_neighbours_on_keyboard(char left, char right) {
@@ -185,18 +206,52 @@ bool is_among(std::string_view name, const std::vector<std::string>& names) {
   });
 }
 
+std::string without_hyphens(std::string name) {
+  name.erase(std::remove(name.begin(), name.end(), '-'), name.end());
+  return name;
+}
+
+// The listed names that differ from a name in lower case by other marks only. Of those that are
+// one name, with hyphens and without, the one with them.
+std::vector<std::string> names_with_other_marks(std::string_view name,
+                                                const std::vector<std::string>& listed) {
+  const std::string bare = without_marks(name);
+  std::vector<std::string> names;
+  for (const std::string& candidate : listed) {
+    if (bare.empty() || without_marks(core::text::to_lower(candidate)) != bare) {
+      continue;
+    }
+    const auto same = std::find_if(names.begin(), names.end(), [&](const std::string& other) {
+      return without_hyphens(other) == without_hyphens(candidate);
+    });
+    if (same == names.end()) {
+      names.push_back(candidate);
+    } else if (same->size() < candidate.size()) {
+      *same = candidate;
+    }
+  }
+  return names;
+}
+
 std::vector<std::string> likely_names(std::string_view name,
                                       const std::vector<std::string>& listed) {
   constexpr std::size_t most = 3;
   const std::string written = core::text::to_lower(name);
+  std::vector<std::string> likely = names_with_other_marks(written, listed);
+  if (!likely.empty()) {
+    return likely;
+  }
   const SlipCheck check(written, listed);
-  std::vector<std::string> likely;
   for (const std::string& candidate : listed) {
     if (likely.size() < most && check.is_slip_of(core::text::to_lower(candidate))) {
       likely.push_back(candidate);
     }
   }
   return likely;
+}
+
+bool is_file_beside(std::string_view name, const DiagnoseOptions& options) {
+  return options.folder && options.folder->has_file(name);
 }
 
 // What other programs write with a functional: `ub3lyp`, `b3lyp-d3`. Here the reference is a
@@ -226,6 +281,22 @@ std::vector<std::string> likely_methods(std::string_view name, DiagnoseContext& 
   return likely_names(name, listed);
 }
 
+bool is_method_elsewhere(std::string_view name) {
+  return is_among(name, default_knowledge().methods_elsewhere());
+}
+
+bool can_be_functional(std::string_view name) {
+  return std::all_of(name.begin(), name.end(), [](char byte) {
+    return is_letter_or_digit(byte) || contains("+-_*().", byte);
+  });
+}
+
+bool can_be_basis_set(std::string_view name) {
+  constexpr std::string_view marks = "\"'`[]{}<>;:!=";
+  return name.find_first_of(marks) == std::string_view::npos && !name.starts_with(',') &&
+         !name.ends_with(',');
+}
+
 std::vector<std::string> likely_functionals(std::string_view name, DiagnoseContext& context) {
   const std::vector<std::string>& listed = context.names().functionals();
   if (is_among(name, listed) || is_among(name, default_knowledge().functionals_elsewhere())) {
@@ -242,10 +313,19 @@ std::vector<std::string> likely_basis_sets(std::string_view name, DiagnoseContex
                                            const DiagnoseOptions& options) {
   const std::vector<std::string>& listed = context.names().basis_sets();
   if (is_among(name, listed) || is_among(name, default_knowledge().basis_sets_elsewhere()) ||
-      (options.folder && options.folder->has_file(name))) {
+      is_file_beside(name, options)) {
     return {};
   }
   return likely_names(name, listed);
+}
+
+std::vector<std::string> basis_sets_with_other_marks(std::string_view name,
+                                                     DiagnoseContext& context,
+                                                     const DiagnoseOptions& options) {
+  if (context.input.schema().is_known_basis(name) || is_file_beside(name, options)) {
+    return {};
+  }
+  return names_with_other_marks(core::text::to_lower(name), context.names().basis_sets());
 }
 
 }  // namespace kelp::input::bdf

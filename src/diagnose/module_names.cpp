@@ -44,7 +44,17 @@ class ModuleNameFinder {
  private:
   void look_at_words(const TextRange& range, const RecordId& record, ListedNames holds) const {
     const std::string_view text = input_.source().text_of(range);
-    for (const std::string_view word : words_of(text)) {
+    const std::vector<std::string_view> words = words_of(text);
+    if (words.size() > 1 && holds != ListedNames::Functionals) {
+      const TextRange whole = input_.source().trimmed(range);
+      std::vector<std::string> likely =
+          basis_sets_with_other_marks(input_.source().text_of(whole), context_, options_);
+      if (!likely.empty()) {
+        report(whole, record, holds, std::move(likely));
+        return;
+      }
+    }
+    for (const std::string_view word : words) {
       const std::size_t begin = range.begin + static_cast<std::size_t>(word.data() - text.data());
       look_at_name(std::string(word), {begin, begin + word.size()}, record, holds);
     }
@@ -58,12 +68,18 @@ class ModuleNameFinder {
     if (is_functional ? schema.is_known_functional(name) : schema.is_known_basis(name)) {
       return;
     }
-    const std::string thing = is_functional ? "functional" : "basis set";
     std::vector<std::string> likely = is_functional ? likely_functionals(name, context_)
                                                     : likely_basis_sets(name, context_, options_);
-    if (likely.empty()) {
-      return;
+    if (!likely.empty() || !(is_functional ? can_be_functional(name) : can_be_basis_set(name))) {
+      report(range, record, holds, std::move(likely));
     }
+  }
+
+  void report(const TextRange& range, const RecordId& record, ListedNames holds,
+              std::vector<std::string> likely) const {
+    const bool is_functional = holds == ListedNames::Functionals;
+    const std::string thing = is_functional ? "functional" : "basis set";
+    const std::string name(input_.source().text_of(range));
     const std::string& module = module_of(input_.data(), record)->name;
     Diagnostic diagnostic = begin_diagnostic(
         {is_functional ? "names.unknown_functional" : "names.unknown_basis",

@@ -6,10 +6,22 @@ namespace kelp::input::bdf {
 
 namespace {
 
+constexpr auto note = Severity::Note;
 constexpr auto warning = Severity::Warning;
 constexpr auto error = Severity::Error;
 
 constexpr auto texts = std::to_array<FindingText>({
+    {"functional.functional_unlisted",
+     "The functional is none of those that the manual lists. BDF is built on a library that has "
+     "more of them, so that the name can be right; what the manual says of functionals is not "
+     "known of it.",
+     "A functional of another program, or a slip in the name.",
+     "Make sure that BDF takes the name, or choose a listed one.",
+     "$compass\nbasis\n  cc-pVDZ\ngeometry\n  O 0 0 0.369\n  H 0 -0.784 -0.185\n  H 0 "
+     "0.784 -0.185\nend geometry\n$end\n$xuanyuan\n$end\n$scf\nrks\ndft\n  m06\n$end\n",
+     "$compass\nbasis\n  cc-pVDZ\ngeometry\n  O 0 0 0.369\n  H 0 -0.784 -0.185\n  H 0 "
+     "0.784 -0.185\nend geometry\n$end\n$xuanyuan\n$end\n$scf\nrks\ndft\n  m06l\n$end\n",
+     note},
     {"functional.double_hybrid_needs_mp2",
      "The energy of a double hybrid has a part that $mp2 computes.", "The block was forgotten.",
      "Add $mp2 behind $scf.",

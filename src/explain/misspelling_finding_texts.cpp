@@ -10,21 +10,23 @@ constexpr auto error = Severity::Error;
 
 constexpr auto texts = std::to_array<FindingText>({
     {"header.unknown_method",
-     "The first part of the method specification is no method, or a slip of one where it may be a "
-     "functional as well.",
+     "The first part of the method specification is no method; where it may be a functional as "
+     "well, it is a slip of a method or a method of other programs.",
      "A slip, or a method of another program.", "Write the name of a method.",
      "#! neon\ntddtf/b3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
      "#! neon\ntddft/b3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
     {"header.unknown_functional",
-     "A functional of the header is not listed, and a listed name is one slip away from it. Names "
-     "that differ by a digit, or by their first or last letter, are taken for other functionals: "
-     "BDF knows more than are listed.",
+     "A functional of the header is not listed, and a listed name is one slip away from it; or it "
+     "holds what no name of a functional does, a comma for one. Names that differ by a digit, or "
+     "by their first or last letter, are taken for other functionals: BDF knows more than are "
+     "listed.",
      "A slip, or another program's way to write the name.", "Write the name as it is listed.",
      "#! neon\nb3lpy/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
      "#! neon\nb3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
     {"header.unknown_basis",
-     "The basis set of the header is not listed, and a listed name is one slip away from it. Names "
-     "that differ by a digit, or by their first or last letter, are taken for other basis sets.",
+     "The basis set of the header is not listed, and a listed name is one slip away from it; or it "
+     "has quotes, brackets or a comma at its end. Names that differ by a digit, or by their first "
+     "or last letter, are taken for other basis sets.",
      "A slip.", "Write the name as it is listed.",
      "#! neon\nhf/def2-spv\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
      "#! neon\nhf/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
@@ -33,6 +35,24 @@ constexpr auto texts = std::to_array<FindingText>({
      "Correct the word, or move it to the module that it belongs to.",
      "#! neon\nhf/sto-3g spinmlti=3\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
      "#! neon\nhf/sto-3g spinmulti=3\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.value_missing",
+     "A keyword of the header that says nothing without a value has none: neither behind '=' nor "
+     "behind a blank.",
+     "The value was forgotten, or lost when the line was cut.",
+     "Write the value, or take the keyword away.",
+     "#! neon\nhf/sto-3g charge=\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g charge=0\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
+    {"header.empty_part",
+     "A method specification begins or ends with a slash, or has two of them side by side.",
+     "A name was lost, or a slash written twice.", "Write the name that is missing, or one slash.",
+     "#! neon\npbe0//sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\npbe0/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.second_specification",
+     "The header has a second word with slashes, though one specification says all: method, "
+     "functional and basis set. Which of the two counts is not documented.",
+     "An old one was left when the new one was written.", "Keep the one that is meant.",
+     "#! neon\npbe0/sto-3g\nb3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nb3lyp/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
     {"header.keyword_twice",
      "A keyword of the header is given twice, perhaps in both of the ways to write it, 'charge=1' "
      "and 'charge 1'. The manual does not say which of the two counts.",
@@ -46,13 +66,15 @@ constexpr auto texts = std::to_array<FindingText>({
      "#! neon\nb3lyp def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
      "#! neon\nb3lyp/def2-svp\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
     {"names.unknown_functional",
-     "The functional of an entry is not listed, and a listed name is one slip away from it. In a "
-     "module any name of the library of functionals can be right, so that this is a finding of its "
+     "The functional of an entry is not listed, and a listed name is one slip away from it; or it "
+     "holds what no name of a functional does, a comma for one. In a module any other name of the "
+     "library of functionals can be right, so that this is a finding of its "
      "own, beside header.unknown_functional.",
      "A slip, or another program's way to write the name.", "Write the name as it is listed.",
      "$scf\nrks\ndft\n  b3lpy\n$end\n", "$scf\nrks\ndft\n  b3lyp\n$end\n"},
     {"names.unknown_basis",
-     "The basis set of an entry is not listed, and a listed name is one slip away from it. In a "
+     "The basis set of an entry is not listed, and a listed name is one slip away from it; or it "
+     "has quotes, brackets or a comma at its end. In a "
      "module the name can also be that of a file of your own, so that this is a finding of its "
      "own, beside header.unknown_basis.",
      "A slip, or a basis set file with a name like a listed one.",

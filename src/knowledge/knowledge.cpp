@@ -121,6 +121,10 @@ std::vector<std::string> Knowledge::basis_set_names() const {
   return impl_->basis_order;
 }
 
+const std::vector<std::string>& Knowledge::methods_elsewhere() const {
+  return impl_->methods_elsewhere;
+}
+
 const std::vector<std::string>& Knowledge::functionals_elsewhere() const {
   return impl_->functionals_elsewhere;
 }

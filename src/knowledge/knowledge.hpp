@@ -72,8 +72,9 @@ class Knowledge {
   bool knows_basis_sets() const;
   /// Returns the names of all basis sets, as the manual spells them, in the document's order.
   std::vector<std::string> basis_set_names() const;
-  /// Return the names of functionals and of basis sets that are known in the field, and that the
-  /// program's manual does not list; in the document's order and case.
+  /// Return the names of methods, functionals and basis sets that are known in the field, and that
+  /// the program's manual does not list; in the document's order and case.
+  const std::vector<std::string>& methods_elsewhere() const;
   const std::vector<std::string>& functionals_elsewhere() const;
   const std::vector<std::string>& basis_sets_elsewhere() const;
   /// Returns the names of the irreducible representations of a point group in BDF's order, `D(2h)`
@@ -110,6 +111,7 @@ struct Knowledge::Impl {
 
   std::vector<std::string> basis_order;
   NameMap<std::shared_ptr<const BasisSet>> basis_sets;
+  std::vector<std::string> methods_elsewhere;
   std::vector<std::string> functionals_elsewhere;
   std::vector<std::string> basis_sets_elsewhere;
   NameMap<std::vector<std::string>> point_groups;

@@ -17,7 +17,8 @@ inline constexpr std::array<std::string_view, 8> basis_set_keys = {
     "names", "elements",   "kind",       "all_electron",
     "core",  "spin_orbit", "relativity", "finite_nucleus"};
 
-inline constexpr std::array<std::string_view, 2> elsewhere_keys = {"functionals", "basis_sets"};
+inline constexpr std::array<std::string_view, 3> elsewhere_keys = {"methods", "functionals",
+                                                                   "basis_sets"};
 
 inline constexpr std::array<std::string_view, 2> axial_group_keys = {"odd", "even"};
 

@@ -73,6 +73,7 @@ class KnowledgeReader {
   void read_elsewhere(const YAML::Node& node) {
     if (node.IsMap()) {
       const Fields fields(node, elsewhere_keys, budget_);
+      impl_->methods_elsewhere = text_list(fields["methods"], budget_);
       impl_->functionals_elsewhere = text_list(fields["functionals"], budget_);
       impl_->basis_sets_elsewhere = text_list(fields["basis_sets"], budget_);
     }

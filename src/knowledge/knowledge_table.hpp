@@ -38,10 +38,10 @@ void transfer(Archive& archive, typename Archive::template Ref<Knowledge::Impl::
 
 template <typename Archive>
 void transfer(Archive& archive, typename Archive::template Ref<Knowledge::Impl> impl) {
-  auto& [basis_order, basis_sets, functionals_elsewhere, basis_sets_elsewhere, point_groups,
-         axial_groups, functional_classes, uses, solvents, modules, radii] = impl;
-  archive(basis_order, basis_sets, functionals_elsewhere, basis_sets_elsewhere, point_groups,
-          axial_groups, functional_classes, uses, solvents, modules, radii);
+  auto& [basis_order, basis_sets, methods_elsewhere, functionals_elsewhere, basis_sets_elsewhere,
+         point_groups, axial_groups, functional_classes, uses, solvents, modules, radii] = impl;
+  archive(basis_order, basis_sets, methods_elsewhere, functionals_elsewhere, basis_sets_elsewhere,
+          point_groups, axial_groups, functional_classes, uses, solvents, modules, radii);
 }
 
 }  // namespace kelp::input::bdf

@@ -44,7 +44,8 @@ constexpr std::array<KeyRule, 8> basis_set_rules = {{
     {"relativity", Form::Text},
     {"finite_nucleus", Form::Bool},
 }};
-constexpr std::array<KeyRule, 2> elsewhere_rules = {{
+constexpr std::array<KeyRule, 3> elsewhere_rules = {{
+    {"methods", Form::TextList},
     {"functionals", Form::TextList},
     {"basis_sets", Form::TextList},
 }};

@@ -74,6 +74,84 @@ const Row rows[] = {
       "2:16 'bhor': not a keyword of the header\n"
       "help: a similar value exists: 'bohr'\n"
       "meant: bohr\n"}},
+    {"a method of other programs, of two parts",
+     "CCSD/def2-SVP",
+     {"warning header.unknown_method [CCSD]\n"
+      "2:1 'CCSD': not a method that is listed\n"}},
+    {"two letters, which name no functional",
+     "h/def2-SVP",
+     {"warning header.unknown_method [h]\n"
+      "2:1 'h': not a method that is listed\n"}},
+    {"names with marks that are none of theirs",
+     "pbe0,/\"def2-SVP\"",
+     {"warning header.unknown_functional [pbe0,]\n"
+      "2:1 'pbe0,': not a functional that is listed\n"
+      "help: a similar functional exists: 'pbe0'\n"
+      "meant: pbe0\n",
+      "warning header.unknown_basis [\"def2-SVP\"]\n"
+      "2:7 '\"def2-SVP\"': not a basis set that is listed\n"
+      "help: similar basis sets exist: 'def2-sv(p)' or 'def2-svp'\n"
+      "meant: def2-sv(p)\n"
+      "meant: def2-svp\n"}},
+    {"brackets, and a Greek letter",
+     "\xCF\x89"
+     "B97X/6-31+g[d,p]",
+     {"warning header.unknown_functional [\xCF\x89"
+      "B97X]\n"
+      "2:1 '\xCF\x89"
+      "B97X': not a functional that is listed\n"
+      "help: a similar functional exists: 'wb97x'\n"
+      "meant: wb97x\n",
+      "warning header.unknown_basis [6-31+g[d,p]]\n"
+      "2:7 '6-31+g[d,p]': not a basis set that is listed\n"
+      "help: a similar basis set exists: '6-31+g(d,p)'\n"
+      "meant: 6-31+g(d,p)\n"}},
+    {"what is no name at all",
+     "b3lyp!/gen{x}",
+     {"warning header.unknown_functional [b3lyp!]\n"
+      "2:1 'b3lyp!': not a functional that is listed\n"
+      "help: a similar functional exists: 'b3lyp'\n"
+      "meant: b3lyp\n",
+      "warning header.unknown_basis [gen{x}]\n"
+      "2:8 'gen{x}': not a basis set that is listed\n"}},
+    {"an empty part",
+     "pbe0//ccpvdz opt",
+     {"warning header.empty_part [pbe0//ccpvdz]\n"
+      "2:1 'pbe0//ccpvdz': method/functional/basis\n"
+      "help: write the part that is missing, or one slash\n"}},
+    {"a second specification",
+     "pbe0/cc-pvdz\nb3lpy/cc-pvdz",
+     {"warning header.second_specification [b3lpy/cc-pvdz]\n"
+      "3:1 'b3lpy/cc-pvdz': a second one\n"
+      "2:1 'pbe0/cc-pvdz' is related: the first one\n"
+      "help: keep the one that is meant\n"}},
+    {"a comment with the sign of another language",
+     "pbe0/cc-pvdz //note",
+     {"warning header.second_specification [//note]\n"
+      "2:14 '//note': a second one\n"
+      "2:1 'pbe0/cc-pvdz' is related: the first one\n"
+      "help: a comment begins with '#'\n"}},
+    {"a keyword without its value",
+     "hf/sto-3g charge= # 1\nunit",
+     {"error header.value_missing of easy.charge [charge]\n"
+      "2:11 'charge=': its value is missing\n"
+      "help: expected: an integer\n",
+      "error header.value_missing of easy.unit [unit]\n"
+      "3:1 'unit': its value is missing\n"
+      "help: expected: 'angstrom', 'bohr' or 'ang'\n"}},
+    {"a keyword where a value is wanted",
+     "hf/sto-3g charge spinmulti=1",
+     {"error header.value_missing of easy.charge [charge]\n"
+      "2:11 'charge': its value is missing\n"
+      "help: expected: an integer\n"}},
+    {"a keyword that is taken for a value",
+     "hf/sto-3g group= charge=1",
+     {"error header.value_missing of easy.group [group]\n"
+      "2:11 'group= charge=1': its value is missing\n"}},
+    {"a value on the next line",
+     "hf/sto-3g charge\n1",
+     {"warning header.unknown_keyword of easy.1 [1]\n"
+      "3:1 '1': not a keyword of the header\n"}},
     {"a keyword in both of its forms",
      "hf/sto-3g charge=1 # charge=2\ncharge 0",
      {"warning header.keyword_twice of easy.charge [charge]\n"
@@ -112,6 +190,7 @@ TEST(HeaderWords, OfRightInputsAreNotToldOf) {
   for (const char* const header :
        {"hf/sto-3g", "HF/3-21g scan", "scan/def2-svp scan", "tddft/b3lyp/6-31g(d,p) SpinAdapt True",
         "b3lyp/genbas\ncharge 1 # charge 2\nspinflip 0,1", "b3lyp/MYBAS-1", "hf/6-31g opt+freq",
+        "hf/6-31g soc nac\nxcfun scan\ngroup C(1)\nSpinAdapt",
         "x-tddft/b3lyp/aug-cc-pvtz group=D(2h) charge=1 spinmulti=2 iroot=5"}) {
     EXPECT_THAT(texts_of(with_header(header)), testing::IsEmpty()) << header;
   }
@@ -311,6 +390,51 @@ TEST(NamesAmongValues, AreToldOf) {
   }
   options.unknown = UnknownNames::Ignore;
   EXPECT_THAT(diagnose(input, options), testing::IsEmpty());
+}
+
+// Of a name in several words, no word is a name.
+TEST(NamesAmongValues, AreToldOfAsAWhole) {
+  const ParsedInput input(
+      "$compass\nbasis\n cc pVDZ\n$end\n$compass\nbasis-block\n 'sto-3g'\n C = def2 tzvp\n"
+      " H = 6-31g(d, p)\nend basis\n$end\n$scf\ndft\n b3lyp/g\n$end\n",
+      shipped_schema());
+  EXPECT_EQ(texts_of(input),
+            (std::vector<std::string>{
+                "warning names.unknown_basis of compass.basis [cc pVDZ] [compass]\n"
+                "3:2 'cc pVDZ': not a basis set that is listed\n"
+                "help: a similar basis set exists: 'cc-pvdz'\n"
+                "meant: cc-pvdz\n",
+                "warning names.unknown_basis of compass#2.basis-block ['sto-3g'] [compass]\n"
+                "7:2 ''sto-3g'': not a basis set that is listed\n"
+                "help: a similar basis set exists: 'sto-3g'\n"
+                "meant: sto-3g\n",
+                "warning names.unknown_basis of compass#2.basis-block [def2 tzvp] [compass]\n"
+                "8:6 'def2 tzvp': not a basis set that is listed\n"
+                "help: a similar basis set exists: 'def2-tzvp'\n"
+                "meant: def2-tzvp\n",
+                "warning names.unknown_basis of compass#2.basis-block [6-31g(d, p)] [compass]\n"
+                "9:6 '6-31g(d, p)': not a basis set that is listed\n"
+                "help: a similar basis set exists: '6-31g(d,p)'\n"
+                "meant: 6-31g(d,p)\n",
+                "warning names.unknown_functional of scf.dft [b3lyp/g] [scf]\n"
+                "14:2 'b3lyp/g': not a functional that is listed\n"}));
+}
+
+// What is told of as a slip is not told of as unlisted, too; what is not, is.
+TEST(NamesAmongValues, AreToldOfOnce) {
+  InputFolder folder;
+  folder.has_file = [](std::string_view) { return false; };
+  DiagnoseOptions options;
+  options.folder = folder;
+  const auto codes = [&](const std::string& functional, const std::string& basis) {
+    return codes_of(diagnose(with_header("uks/" + functional + "/" + basis), options));
+  };
+  EXPECT_THAT(codes("b3lpy", "cc-pvzd"),
+              testing::ElementsAre("header.unknown_functional", "header.unknown_basis"));
+  EXPECT_THAT(codes("b3lyl", "cc-pvd2"),
+              testing::ElementsAre("functional.functional_unlisted", "basis.basis_unknown"));
+  EXPECT_THAT(codes("b3lyp", "tzvp"), testing::ElementsAre("basis.basis_unknown"));
+  EXPECT_THAT(codes("b3lyp", "cc-pvdz"), testing::IsEmpty());
 }
 
 }  // namespace

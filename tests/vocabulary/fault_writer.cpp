@@ -93,6 +93,10 @@ std::vector<std::string> strokes_of(const std::string& word) {
   return all;
 }
 
+std::vector<std::string> with_marks(const std::string& word) {
+  return {'"' + word + '"', word + ',', word + '.'};
+}
+
 std::vector<Fault> faults_of(std::string_view text) {
   FaultWriter writer(text);
   break_modules(writer);

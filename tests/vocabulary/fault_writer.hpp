@@ -44,6 +44,9 @@ std::string misspelt(std::string word);
 /// dropped, or written twice.
 std::vector<std::string> misspellings_of(const std::string& word);
 
+/// Returns a word with marks that are in no name: quotes around it, a comma or a period behind it.
+std::vector<std::string> with_marks(const std::string& word);
+
 /// Returns a word with each of its letters dropped, written twice, swapped with the next.
 std::vector<std::string> strokes_of(const std::string& word);
 

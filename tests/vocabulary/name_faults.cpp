@@ -1,5 +1,6 @@
 // Misspelt names: the words of the header, functionals and basis sets wherever they stand.
 
+#include <algorithm>
 #include <functional>
 
 #include "fault_writer.hpp"
@@ -28,6 +29,7 @@ class NameBreaker {
       } else if (tokens[i].known) {
         misspell("misspelt header keyword", writer_.input().token_ranges(i).key,
                  [this](const std::string& name) { return schema_.is_known_easy_token(name); });
+        drop_value(i);
       }
     }
   }
@@ -66,6 +68,33 @@ class NameBreaker {
     }
   }
 
+  void mark(std::string_view kind, const TextRange& range, const IsKnown& is_known) {
+    const std::string name = writer_.text_of(range);
+    if (!name.empty() && is_known(name)) {
+      replace_by(kind, range, with_marks(name), is_known);
+    }
+  }
+
+  // Of `charge=1` and `charge 1` the value is lost.
+  void drop_value(std::size_t token) {
+    const TextRange key = writer_.input().token_ranges(token).key;
+    const TextRange value = writer_.input().token_ranges(token).value;
+    const std::vector<EasyToken>& tokens = writer_.input().data().easy_tokens;
+    const auto info = schema_.easy_keyword_info(tokens[token].key);
+    if (!info ||
+        std::find(info->allowed.begin(), info->allowed.end(), "true") != info->allowed.end()) {
+      return;  // `SpinAdapt True`
+    }
+    if (!value.empty()) {
+      writer_.replace("header keyword without value", value, "");
+    } else if (token + 1 < tokens.size() && tokens[token + 1].category == "unknown") {
+      const TextRange behind = writer_.input().token_ranges(token + 1).whole;
+      if (writer_.text_of({key.begin, behind.end}).find('\n') == std::string::npos) {
+        writer_.replace("header keyword without value", behind, "");
+      }
+    }
+  }
+
   void replace_by(std::string_view kind, const TextRange& range,
                   const std::vector<std::string>& wrong, const IsKnown& is_known) {
     for (const std::string& text : wrong) {
@@ -81,12 +110,14 @@ class NameBreaker {
     };
     misspell(kind, range, is_known);
     try_strokes("wrong stroke in a functional", range, is_known);
+    mark("mark in a functional", range, is_known);
   }
 
   void break_basis(std::string_view kind, const TextRange& range) {
     const auto is_known = [this](const std::string& name) { return schema_.is_known_basis(name); };
     misspell(kind, range, is_known);
     try_strokes("wrong stroke in a basis set", range, is_known);
+    mark("mark in a basis set", range, is_known);
   }
 
   void break_specification(std::size_t token) {
