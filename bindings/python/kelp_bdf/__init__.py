@@ -8,12 +8,13 @@
 """
 
 from ._core import version as __version__
-from ._input import Block, Input, default_schema, parse, read
+from ._block import Block
+from ._input import Input, parse, read
 from ._many import Checked, check_many, sweep
 from ._molecule import Molecule
 from ._records import (Calculation, EditError, EntryInfo, FileChangedError, Finding, Fix,
                        OutlineItem, Range, Related, Scf, System, Task, TextEdit)
-from ._schema import Schema
+from ._schema import Schema, default_schema
 
 __all__ = [
     "Block", "Calculation", "Checked", "EditError", "EntryInfo", "FileChangedError", "Finding", "Fix",

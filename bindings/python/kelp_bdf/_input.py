@@ -8,132 +8,16 @@ from typing import (Any, Dict, Iterable, Iterator, List, Mapping, Optional,
                     Sequence, Tuple, Union)
 
 from . import _core
+from ._block import Block
 from ._molecule import Molecule
 from ._records import (Calculation, CharacterRanges, EditError, FileChangedError, Finding, Fix,
-                       OutlineItem, calculation_from, findings_from, outline_from)
-from ._schema import Schema
+                       OutlineItem, calculation_from, findings_from, in_short, outline_from)
+from ._schema import Schema, default_schema
+from ._values import Value, lines_of, value_of
 
 PathLike = Union[str, "os.PathLike[str]"]
-Value = Any  # a number, a text, a tuple of them, a list of lines, True, or a block
 
 _UNKNOWN = {"ignore": 0, "warn": 1, "error": 2}
-_default_schema: Optional[Schema] = None
-
-
-def default_schema() -> Schema:
-    """Returns the schema that inputs are read with unless another one is named."""
-    global _default_schema
-    if _default_schema is None:
-        _default_schema = Schema.default()
-    return _default_schema
-
-
-def _number(text: str, kind: str) -> Value:
-    """A field as its type has it; the text itself where it does not."""
-    try:
-        if kind == "integer":
-            return int(text)
-        if kind in ("float", "number"):
-            plain = text.lower().replace("d", "e")
-            return int(plain) if kind == "number" and plain.lstrip("+-").isdigit() else float(plain)
-    except ValueError:
-        pass
-    return text
-
-
-def lines_of(value: Value) -> List[str]:
-    """The lines that write a value."""
-    if value is True or value is None:
-        return []
-    if value is False:
-        raise TypeError("False is no value; take a keyword out with del")
-    if isinstance(value, str):
-        return value.splitlines()
-    if isinstance(value, float):
-        return [repr(value)]
-    if isinstance(value, tuple):
-        return [" ".join(line for field in value for line in lines_of(field))]
-    if isinstance(value, (list, set)) or hasattr(value, "__iter__"):
-        return [line for item in value for line in lines_of(item)]
-    return [str(value)]
-
-
-class Block(Mapping[str, Value]):
-    """A module, a nested block or the header: its entries by their names.
-
-    A block stands for a part of an input and keeps nothing: it tells what the input holds now.
-    Names may be aliases, in any case. What is no name of Python's is asked for with brackets.
-
-    >>> import kelp_bdf
-    >>> scf = kelp_bdf.read("examples/water-mixed.inp").scf
-    >>> scf.maxiter, scf["vshift"]
-    (60, 0.3)
-    >>> list(scf)
-    ['vshift', 'maxiter']
-    >>> "charge" in scf, scf.get("charge")
-    (False, None)
-    """
-
-    _input: "Input"
-    _path: str
-
-    def __init__(self, owner: "Input", path: str) -> None:
-        object.__setattr__(self, "_input", owner)
-        object.__setattr__(self, "_path", path)
-
-    def __getitem__(self, name: str) -> Value:
-        return self._input[f"{self._path}.{name}"]
-
-    def __setitem__(self, name: str, value: Value) -> None:
-        self._input[f"{self._path}.{name}"] = value
-
-    def __delitem__(self, name: str) -> None:
-        del self._input[f"{self._path}.{name}"]
-
-    def __getattr__(self, name: str) -> Value:
-        if name.startswith("_"):
-            raise AttributeError(name)
-        try:
-            return self[name]
-        except KeyError as error:
-            raise AttributeError(error.args[0]) from None
-
-    def __setattr__(self, name: str, value: Value) -> None:
-        self[name] = value
-
-    def __delattr__(self, name: str) -> None:
-        try:
-            del self[name]
-        except KeyError as error:
-            raise AttributeError(error.args[0]) from None
-
-    def __contains__(self, name: object) -> bool:
-        return f"{self._path}.{name}" in self._input
-
-    def __iter__(self) -> Iterator[str]:
-        seen: Dict[str, None] = {}
-        for name in self._names():
-            seen.setdefault(name)
-        return iter(seen)
-
-    def __len__(self) -> int:
-        return len(set(self._names()))
-
-    def _names(self) -> List[str]:
-        core = self._input._core
-        return core.easy_keys() if self._path == "easy" else core.entry_names(self._path)
-
-    def __dir__(self) -> List[str]:
-        return [*super().__dir__(), *(name for name in self if name.isidentifier())]
-
-    def __eq__(self, other: object) -> bool:
-        if isinstance(other, Mapping):
-            return dict(self.items()) == dict(other.items())
-        return NotImplemented
-
-    def __repr__(self) -> str:
-        entries = ", ".join(f"{name}: {value!r}" for name, value in self.items())
-        return f"<{self._path} {{{entries}}}>"
 
 
 class Input:
@@ -275,20 +159,9 @@ class Input:
             return Block(self, path)
         if self._core.kind_at(path) == "nested_block":
             return Block(self, path)
-        return self._converted(path, self.lines(path))
+        lines = self.lines(path)
+        return lines if path == "geometry" else value_of(lines, self._schema.info(path))
 
-    def _converted(self, path: str, lines: List[str]) -> Value:
-        info = self._schema.info(path) if path != "geometry" else None
-        if info is None:
-            return lines if path == "geometry" or len(lines) > 1 else lines[0] if lines else True
-        if info.kind == "flag" or not lines:
-            return True
-        if info.kind == "scalar":
-            return _number(lines[0], info.type)
-        if info.kind == "tuple":
-            fields = lines[0].replace(",", " ").split()
-            return tuple(_number(field, info.type) for field in fields)
-        return lines
 
     def __setitem__(self, key: Union[str, Tuple[str, int]], value: Value) -> None:
         self.edit({self._path_of(key): value})
@@ -500,28 +373,8 @@ class Input:
         return self.text
 
     def __repr__(self) -> str:
-        return f"<Input {self.path or 'of ' + str(len(self.data)) + ' bytes'}: {self._in_short()}>"
-
-    def _in_short(self) -> str:
-        told = self.calculation()
-        parts = []
-        formulas = list(dict.fromkeys(s.formula for s in told.systems if s.formula))
-        if formulas:
-            parts.append(" and ".join(formulas))
-        if told.scfs:
-            scf = told.scfs[0]
-            if scf.charge is not None:
-                parts.append(f"charge {scf.charge}")
-            if scf.multiplicity is not None:
-                parts.append(f"multiplicity {scf.multiplicity}")
-            level = [scf.functional or scf.reference]
-            level += told.systems[scf.system].basis_sets[:1]
-            if any(level):
-                parts.append("/".join(name for name in level if name))
-        tasks = ", ".join(dict.fromkeys(task.kind for task in told.tasks))
-        short = ", ".join(parts) or self.mode + " input"
-        return f"{short}; {tasks}" if tasks else short
-
+        name = self.path or f"of {len(self.data)} bytes"
+        return f"<Input {name}: {in_short(self.calculation(), self.mode)}>"
 
 def _restored(data: bytes, schema: Optional[Schema], path: Optional[str],
               read_bytes: Optional[bytes]) -> Input:

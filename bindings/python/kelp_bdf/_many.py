@@ -9,9 +9,10 @@ from dataclasses import dataclass
 from typing import Any, Deque, Dict, Iterable, Iterator, List, Mapping, Optional, Tuple
 
 from . import _core
-from ._input import Input, PathLike, Value, lines_of, read
+from ._input import Input, PathLike, read
 from ._records import Finding
 from ._schema import Schema
+from ._values import Value, lines_of
 
 
 def sweep(given: Input, axes: Mapping[str, Iterable[Value]], *,

@@ -239,3 +239,24 @@ def calculation_from(told: Tuple[Any, ...]) -> Calculation:
         is_complete, method,
         tuple(System(formula, atoms, tuple(sets), line) for formula, atoms, sets, line in systems),
         tuple(Scf(*scf) for scf in scfs), tuple(Task(*task) for task in tasks))
+
+
+def in_short(calculation: Calculation, mode: str) -> str:
+    """Returns what is computed, for a line: formula, charge, level of theory, tasks."""
+    parts = []
+    formulas = list(dict.fromkeys(s.formula for s in calculation.systems if s.formula))
+    if formulas:
+        parts.append(" and ".join(formulas))
+    if calculation.scfs:
+        scf = calculation.scfs[0]
+        if scf.charge is not None:
+            parts.append(f"charge {scf.charge}")
+        if scf.multiplicity is not None:
+            parts.append(f"multiplicity {scf.multiplicity}")
+        level = [scf.functional or scf.reference]
+        level += calculation.systems[scf.system].basis_sets[:1]
+        if any(level):
+            parts.append("/".join(name for name in level if name))
+    tasks = ", ".join(dict.fromkeys(task.kind for task in calculation.tasks))
+    short = ", ".join(parts) or mode + " input"
+    return f"{short}; {tasks}" if tasks else short

@@ -111,3 +111,14 @@ class Schema:
     def __reduce__(self) -> Any:
         kind, text = self._source
         return (Schema.default, ()) if kind == "default" else (Schema.parse, (text,))
+
+
+_default_schema: Optional[Schema] = None
+
+
+def default_schema() -> Schema:
+    """Returns the schema that inputs are read with unless another one is named."""
+    global _default_schema
+    if _default_schema is None:
+        _default_schema = Schema.default()
+    return _default_schema

@@ -9,8 +9,8 @@ FLAGS = doctest.ELLIPSIS | doctest.NORMALIZE_WHITESPACE
 
 def main():
     failed = tried = 0
-    for name in ("kelp_bdf", "kelp_bdf._input", "kelp_bdf._many", "kelp_bdf._molecule",
-                 "kelp_bdf._records", "kelp_bdf._schema"):
+    for name in ("kelp_bdf", "kelp_bdf._block", "kelp_bdf._input", "kelp_bdf._many",
+                 "kelp_bdf._molecule", "kelp_bdf._records", "kelp_bdf._schema"):
         result = doctest.testmod(importlib.import_module(name), optionflags=FLAGS)
         failed, tried = failed + result.failed, tried + result.attempted
     for guide in sys.argv[1:]:

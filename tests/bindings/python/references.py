@@ -11,8 +11,8 @@ import io
 import sys
 
 FLAGS = doctest.ELLIPSIS | doctest.NORMALIZE_WHITESPACE
-MODULES = ("kelp_bdf._input", "kelp_bdf._many", "kelp_bdf._molecule", "kelp_bdf._records",
-           "kelp_bdf._schema", "kelp_bdf")
+MODULES = ("kelp_bdf._block", "kelp_bdf._input", "kelp_bdf._many", "kelp_bdf._molecule",
+           "kelp_bdf._records", "kelp_bdf._schema", "kelp_bdf")
 WARM_UP, ROUNDS = 3, 3
 
 
