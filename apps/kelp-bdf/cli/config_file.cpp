@@ -157,6 +157,16 @@ class Reader {
   ConfigFile config_;
 };
 
+// In a folder where everybody may write, such as /tmp, anybody could hide findings of all who work
+// below it.
+bool is_trusted(const std::string& file) {
+  if (!core::resource::belongs_to_stranger(file)) {
+    return true;
+  }
+  complain(fmt::format("'{}' does not hold: it belongs to another user", file));
+  return false;
+}
+
 }  // namespace
 
 ConfigFile read_config_file(const std::string& path) {
@@ -189,7 +199,7 @@ ConfigFiles::Loaded* ConfigFiles::loaded_of_folder(const std::string& folder) {
   const std::string file = core::resource::path_beside(folder + "/.", std::string(config_name));
   const std::string parent = core::resource::folder_of(folder);
   Loaded* loaded = nullptr;
-  if (core::resource::is_regular_file_path(file)) {
+  if (core::resource::is_regular_file_path(file) && is_trusted(file)) {
     loaded = &load(file);
   } else if (!parent.empty() && parent != folder) {
     loaded = loaded_of_folder(parent);

@@ -259,7 +259,9 @@ std::string manual_page(const CLI::App& app) {
       ".SH ENVIRONMENT\n"
       ".TP\n.B KELP_BDF_INP_SCHEMA_YAML\nThe vocabulary to use.\n"
       ".TP\n.B LC_ALL, LC_MESSAGES, LANG\nThe language of what names and values mean.\n"
-      ".TP\n.B NO_COLOR, CLICOLOR_FORCE, TERM\nWhether colours are used.\n";
+      ".TP\n.B NO_COLOR, CLICOLOR_FORCE, TERM\nWhether colours are used.\n"
+      ".TP\n.B FORCE_HYPERLINK\nWhether codes are links to what is said of them, where there are "
+      "colours: 1 or 0; else where the terminal is known to show links.\n";
   return text;
 }
 

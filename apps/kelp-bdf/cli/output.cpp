@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 
+#include "cli/file_uri.hpp"
 #include "kelp/core/resource.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/names.hpp"
@@ -96,6 +97,31 @@ bool output_failed() {
   return state == OutputState::Failed;
 }
 
+namespace {
+
+// There is no way to ask a terminal. These are the marks of those that are known to show links; a
+// multiplexer hides what is behind it and names itself in TERM.
+bool shows_links(core::console::Stream stream) {
+  using core::resource::getenv_string;
+  const std::string forced = getenv_string("FORCE_HYPERLINK");
+  if (!forced.empty()) {
+    return forced != "0";
+  }
+  const std::string term = getenv_string("TERM");
+  if (!core::console::is_terminal(stream) || term == "dumb" || term == "linux" ||
+      term.starts_with("screen") || term.starts_with("tmux")) {
+    return false;
+  }
+  constexpr std::size_t digits = 4;  // VTE 0.50 is 5000
+  const std::string program = getenv_string("TERM_PROGRAM");
+  return getenv_string("VTE_VERSION").size() >= digits ||
+         !getenv_string("KITTY_WINDOW_ID").empty() || !getenv_string("KONSOLE_VERSION").empty() ||
+         !getenv_string("WT_SESSION").empty() || program == "iTerm.app" || program == "WezTerm" ||
+         program == "vscode" || term == "alacritty" || term.starts_with("foot");
+}
+
+}  // namespace
+
 bool use_colour(std::string_view when, core::console::Stream stream) {
   if (when != "auto") {
     return when == "always";
@@ -104,6 +130,13 @@ bool use_colour(std::string_view when, core::console::Stream stream) {
   return core::resource::getenv_string("NO_COLOR").empty() &&
          ((!forced.empty() && forced != "0") ||
           (core::resource::getenv_string("TERM") != "dumb" && core::console::is_terminal(stream)));
+}
+
+ReportForm human_form(std::string_view when, core::console::Stream stream) {
+  ReportForm form;
+  form.colour = use_colour(when, stream);
+  form.code_page = form.colour && shows_links(stream) ? findings_page() : "";
+  return form;
 }
 
 }  // namespace kelp::app

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "kelp/core/console.hpp"
+#include "report/findings.hpp"
 
 namespace kelp::app {
 
@@ -38,5 +39,10 @@ bool output_failed();
 /// Decides whether a stream gets colours; `when` is auto, always or never.
 bool use_colour(std::string_view when,
                 core::console::Stream stream = core::console::Stream::Output);
+
+/// Returns how findings are written for people on a stream: with colours as above, and with links
+/// where the stream is a terminal that is known to show them.
+ReportForm human_form(std::string_view when,
+                      core::console::Stream stream = core::console::Stream::Output);
 
 }  // namespace kelp::app

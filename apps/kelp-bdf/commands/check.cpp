@@ -113,7 +113,7 @@ class Check {
       : options_(options),
         session_(session),
         wanted_(diagnose_options(options)),
-        report_(make_findings_report(options.format, use_colour(session.options.colour))),
+        report_(make_findings_report(options.format, human_form(session.options.colour))),
         sources_(expand_sources(options, session)),
         settings_(settings_of(sources_, session)),
         progress_(sources_.list.size(), !session.options.quiet) {}

@@ -19,8 +19,8 @@ using input::bdf::Rewrite;
 // Standard output belongs to the new text, and so do the ranges of what would be lost.
 void report_losses(const Source& source, const Rewrite& rewrite, const DeliverOptions& options,
                    const Session& session) {
-  const ReportForm form = {options.format == "human",
-                           use_colour(session.options.colour, core::console::Stream::Error)};
+  ReportForm form = human_form(session.options.colour, core::console::Stream::Error);
+  form.human = options.format == "human";
   const input::bdf::SourceText text(rewrite.text);
   for (input::bdf::Diagnostic loss : rewrite.losses) {
     if (options.force) {

@@ -192,7 +192,7 @@ ExitStatus run_schema_lint(const SchemaLintOptions& options, Session& session) {
   const Source source = source_of(options.file, session.options);
   const SourceText text(read_source(source, session.options));
   const std::vector<SchemaProblem> problems = input::bdf::lint_schema(text.text());
-  const auto report = make_findings_report(options.format, use_colour(session.options.colour));
+  const auto report = make_findings_report(options.format, human_form(session.options.colour));
   const auto show = [&](const std::string& words) {
     if (!session.options.quiet) {
       (report->is_data() ? print_contents : print)(words);

@@ -2,7 +2,7 @@
 #include <array>
 #include <string_view>
 
-#include "kelp/core/resource.hpp"
+#include "cli/file_uri.hpp"
 #include "lsp/features.hpp"
 
 namespace kelp::app::lsp {
@@ -36,16 +36,6 @@ int severity_number(Severity severity) {
   return 3;
 }
 
-// The document that comes with the program; empty where it was not installed.
-const std::string& findings_document() {
-  static const std::string uri = [] {
-    constexpr int levels = 6;
-    const std::string path = core::resource::locate_file("docs/findings.md", {}, {}, levels);
-    return path.empty() ? path : uri_of_path(path);
-  }();
-  return uri;
-}
-
 // The help has no field of its own.
 std::string message_of(const Diagnostic& diagnostic) {
   std::string text = diagnostic.message;
@@ -76,8 +66,8 @@ Json diagnostic_json(const View& view, const Diagnostic& diagnostic) {
   if (view.client.related_information && !diagnostic.related.empty()) {
     json["relatedInformation"] = related_json(view, diagnostic);
   }
-  if (view.client.links_codes && !findings_document().empty()) {
-    json["codeDescription"] = {{"href", findings_document() + '#' + diagnostic.code}};
+  if (view.client.links_codes && !findings_page().empty()) {
+    json["codeDescription"] = {{"href", findings_page() + '#' + diagnostic.code}};
   }
   if (view.client.has_tags &&
       std::find(unnecessary.begin(), unnecessary.end(), diagnostic.code) != unnecessary.end()) {

@@ -14,12 +14,6 @@
 
 namespace kelp::app::lsp {
 
-/// Returns the UTF-8 path of a `file:` URI; unset for any other.
-std::optional<std::string> path_of_uri(std::string_view uri);
-
-/// Returns the `file:` URI of an absolute UTF-8 path.
-std::string uri_of_path(std::string_view path);
-
 /// An input that is open in the editor. It is read when somebody asks for the first time after a
 /// change, and what was found is kept until the next one.
 class Document {

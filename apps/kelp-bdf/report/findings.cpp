@@ -47,6 +47,11 @@ class Painter {
   bool colour_;
 };
 
+// A terminal that knows these sequences opens the page at the code; others show the code alone.
+std::string linked(const std::string& code, const std::string& page) {
+  return page.empty() ? code : fmt::format("\x1B]8;;{}#{}\x1B\\{}\x1B]8;;\x1B\\", page, code, code);
+}
+
 /// The part of a long line around what is at fault.
 struct Excerpt {
   std::string before;
@@ -79,7 +84,11 @@ class HumanReport {
  public:
   HumanReport(const Diagnostic& diagnostic, const input::bdf::SourceText& source,
               const ReportForm& form)
-      : diagnostic_(diagnostic), source_(source), painter_(form.colour), width_(form.width) {
+      : diagnostic_(diagnostic),
+        source_(source),
+        painter_(form.colour),
+        code_(linked(diagnostic.code, form.code_page)),
+        width_(form.width) {
     if (diagnostic.range) {
       start_ = source.position(diagnostic.range->begin);
     }
@@ -89,8 +98,7 @@ class HumanReport {
   std::string text(std::string_view file) const {
     const std::string_view severity = to_string(diagnostic_.severity);
     std::string text = fmt::format(
-        "{}{}\n",
-        painter_.severity(diagnostic_.severity, fmt::format("{}[{}]", severity, diagnostic_.code)),
+        "{}{}\n", painter_.severity(diagnostic_.severity, fmt::format("{}[{}]", severity, code_)),
         painter_.strong(": " +
                         core::unicode::displayable(core::unicode::abridged(diagnostic_.message))));
     text += fmt::format("{:{}}{} {}", "", gutter_, painter_.frame("-->"),
@@ -128,6 +136,7 @@ class HumanReport {
   const Diagnostic& diagnostic_;
   const input::bdf::SourceText& source_;
   Painter painter_;
+  std::string code_;
   std::size_t width_;
   input::bdf::TextPosition start_;
   std::size_t gutter_;

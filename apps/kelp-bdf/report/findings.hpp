@@ -27,6 +27,7 @@ struct ReportForm {
   bool human = true;  ///< with the line at fault, as people like to read it; else on one line
   bool colour = false;
   std::size_t width = 160;  ///< the most of a line that is shown, in bytes
+  std::string code_page{};  ///< the URI of the page that codes are linked to; empty for no links
 };
 
 /// Returns a diagnostic about a text in such a form.

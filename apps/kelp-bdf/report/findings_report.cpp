@@ -9,7 +9,7 @@ namespace {
 /// The line at fault and what to do about it, and at last how much there was.
 class HumanForm : public FindingsReport {
  public:
-  explicit HumanForm(bool colour) : form_{true, colour} {}
+  explicit HumanForm(ReportForm form) : form_(std::move(form)) {}
 
   WrittenFinding write(const Finding& finding) const override {
     ReportForm form = form_;
@@ -29,7 +29,7 @@ class HumanForm : public FindingsReport {
 class ConciseForm : public FindingsReport {
  public:
   WrittenFinding write(const Finding& finding) const override {
-    return {report_text(finding.diagnostic, finding.source, finding.file, {false, false}),
+    return {report_text(finding.diagnostic, finding.source, finding.file, {.human = false}),
             {},
             {},
             false};
@@ -67,13 +67,14 @@ const std::vector<std::string>& findings_forms() {
   return names;
 }
 
-std::unique_ptr<FindingsReport> make_findings_report(std::string_view form, bool colour) {
+std::unique_ptr<FindingsReport> make_findings_report(std::string_view form,
+                                                     const ReportForm& human_form) {
   for (const auto& [name, make] : makers) {
     if (name == form) {
       return make();
     }
   }
-  return std::make_unique<HumanForm>(colour);
+  return std::make_unique<HumanForm>(human_form);
 }
 
 }  // namespace kelp::app

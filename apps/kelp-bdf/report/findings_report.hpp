@@ -64,8 +64,9 @@ class FindingsReport {
 /// Returns the names of all forms, the first being the one that people like to read.
 const std::vector<std::string>& findings_forms();
 
-/// Begins a report in a form, by its name; only that for people has colours.
-std::unique_ptr<FindingsReport> make_findings_report(std::string_view form, bool colour);
+/// Begins a report in a form, by its name. Only that for people can look in different ways.
+std::unique_ptr<FindingsReport> make_findings_report(std::string_view form,
+                                                     const ReportForm& human_form);
 
 // The forms, a file for each kind of reader.
 std::unique_ptr<FindingsReport> make_json_report();

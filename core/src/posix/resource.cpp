@@ -1,6 +1,8 @@
 #include "kelp/core/resource.hpp"
 
 #include <dlfcn.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -22,6 +24,20 @@ std::string canonical_or_empty(const std::filesystem::path& path) {
 std::string getenv_string(const char* name) {
   const char* const value = ::getenv(name);
   return value == nullptr ? std::string() : std::string(value);
+}
+
+bool belongs_to_stranger(const std::string& file) {
+  struct stat link {};
+  struct stat target {};
+  struct stat folder {};
+  if (::lstat(file.c_str(), &link) != 0 || ::stat(file.c_str(), &target) != 0 ||
+      ::stat(folder_of(full_path(file)).c_str(), &folder) != 0) {
+    return true;
+  }
+  const auto is_trusted = [&folder](const struct stat& owned) {
+    return owned.st_uid == ::geteuid() || owned.st_uid == 0 || owned.st_uid == folder.st_uid;
+  };
+  return !is_trusted(link) || !is_trusted(target);
 }
 
 std::string running_module_path() {

@@ -37,6 +37,10 @@ std::string module_path(HMODULE module) {
 
 }  // namespace
 
+bool belongs_to_stranger(const std::string& /*file*/) {
+  return false;
+}
+
 std::string getenv_string(const char* name) {
   const std::wstring wide_name = wide_from_utf8(name);
   std::wstring value;

@@ -1,6 +1,9 @@
 // What a finding looks like to people, byte for byte. What is said of each finding is the
 // library's; how it is laid out is the command's.
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <string>
 
 #include "check/check_fixture.hpp"
@@ -8,6 +11,9 @@
 
 namespace kelp::test {
 namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 TEST(HumanForm, ShowsWordsLabelAndHelp) {
   EXPECT_EQ(human_reports("$scf\nguess\n  huckle # c\n$end\n"),
@@ -82,6 +88,15 @@ TEST(HumanForm, HasColoursWhereTheyAreAskedFor) {
   EXPECT_EQ(colours, "\x1B[1m\x1B[36mnote\x1B[1m\x1B[33mwarning\x1B[1m\x1B[31merror");
 }
 
+TEST(HumanForm, LinksCodesWhereTheTerminalCan) {
+  const input::bdf::SourceText source("word\n");
+  input::bdf::Diagnostic diagnostic;
+  diagnostic.code = "some.code";
+  EXPECT_EQ(
+      app::report_text(diagnostic, source, "a", {.code_page = "file:///b%20c.md"}),
+      "warning[\x1B]8;;file:///b%20c.md#some.code\x1B\\some.code\x1B]8;;\x1B\\]: \n --> a\n\n");
+}
+
 using CheckInHumanForm = Check;
 
 TEST_F(CheckInHumanForm, PrintsTheReportsAndThenASummary) {
@@ -89,6 +104,37 @@ TEST_F(CheckInHumanForm, PrintsTheReportsAndThenASummary) {
   EXPECT_EQ(outcome.out, human_reports(error_input) + "1 error in 1 file (1 checked)\n");
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(CheckInHumanForm, LinksCodesToTheirPageWhereThatIsAskedFor) {
+  const std::string link =
+      "docs/findings.md#bdf.unknown_entry\x1B\\bdf.unknown_entry\x1B]8;;\x1B\\]";
+  EXPECT_THAT(check(warning_input, {"--color=always"}).out, Not(HasSubstr("\x1B]8")));
+  program.set_variable("FORCE_HYPERLINK", "1");
+  const std::string linked = check(warning_input, {"--color=always"}).out;
+  EXPECT_THAT(linked, HasSubstr("[\x1B]8;;file:///"));
+  EXPECT_THAT(linked, HasSubstr(link));
+  EXPECT_THAT(check(warning_input).out, Not(HasSubstr("\x1B")));
+  program.set_variable("FORCE_HYPERLINK", "0");
+  EXPECT_THAT(check(warning_input, {"--color=always"}).out, Not(HasSubstr("\x1B]8")));
+}
+
+TEST(HumanFormOnATerminal, HasLinksWhereTheTerminalIsKnownToShowThem) {
+  Program program;
+  program.write("a.inp", warning_input);
+  const Outcome outcome = program.run_in_shell(
+      "command -v script >/dev/null || exit 77\n"
+      "for setting in TERM=xterm 'TERM=xterm VTE_VERSION=6800' 'TERM=tmux VTE_VERSION=6800'; do\n"
+      "  echo \"== $setting\"; env -u KITTY_WINDOW_ID -u KONSOLE_VERSION -u WT_SESSION \\\n"
+      "    -u TERM_PROGRAM -u VTE_VERSION $setting \\\n"
+      "    script -qefc '\"$KELP_BDF\" check a.inp' out </dev/null | grep -c ']8;;file'\n"
+      "done; true");
+  if (outcome.status == 77) {
+    GTEST_SKIP() << "there is no terminal to be had";
+  }
+  EXPECT_EQ(outcome.out,
+            "== TERM=xterm\n0\n== TERM=xterm VTE_VERSION=6800\n1\n"
+            "== TERM=tmux VTE_VERSION=6800\n0\n");
 }
 
 }  // namespace

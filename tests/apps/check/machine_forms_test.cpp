@@ -31,7 +31,7 @@ struct Written {
   }
 
   std::string in(const std::string& form, const std::string& file, bool fails = false) const {
-    const auto report = make_findings_report(form, false);
+    const auto report = make_findings_report(form, {});
     std::string text = report->begin();
     text += report->begin_file(file);
     text += report->add(report->write({diagnostic, source, file, fails}));
@@ -80,7 +80,7 @@ TEST(JunitForm, FailsWhatMakesTheCommandFail) {
 }
 
 TEST(JunitForm, HasATestForAFileWithoutFindingsAndAnErrorForOneThatCannotBeRead) {
-  const auto report = make_findings_report("junit", false);
+  const auto report = make_findings_report("junit", {});
   report->begin_file("good");
   EXPECT_THAT(report->end_file(),
               HasSubstr("name=\"good\" tests=\"1\" failures=\"0\" errors=\"0\""));
@@ -133,7 +133,7 @@ TEST(SarifForm, FingerprintsStayWhenLinesComeAndGo) {
 }
 
 TEST(SarifForm, TellsWhatKeptAFileFromBeingChecked) {
-  const auto report = make_findings_report("sarif", false);
+  const auto report = make_findings_report("sarif", {});
   std::string text = report->begin();
   text += report->fail("cannot read 'a'");
   text += report->end({});

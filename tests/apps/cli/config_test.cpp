@@ -178,5 +178,26 @@ TEST_F(Config, ThatIsAFolderIsNone) {
   EXPECT_THAT(run({"config"}).out, StartsWith("configuration  none\n"));
 }
 
+// As in /tmp: the folder is somebody else's, and everybody may write there.
+TEST(ConfigOfAStranger, HoldsOnlyInAFolderOfTheirOwn) {
+  Program program;
+  program.write("d/.kelp-bdf.toml", "[severities]\n\"bdf.unknown_entry\" = \"error\"\n");
+  program.write("d/x/a.inp", warning_input);
+  const Outcome outcome = program.run_in_shell(
+      "[ \"$(id -u)\" = 0 ] || exit 77\n"
+      "check() { \"$KELP_BDF\" check --quiet d/x/a.inp; echo $?; }\n"
+      "check; chown 12345 d/.kelp-bdf.toml; check; chown 12345 d; check\n"
+      "mv d/.kelp-bdf.toml mine; chown 0 mine; ln -s ../mine d/.kelp-bdf.toml; check\n"
+      "chown -h 54321 d/.kelp-bdf.toml; check");
+  if (outcome.status == 77) {
+    GTEST_SKIP() << "only root can give files away";
+  }
+  EXPECT_EQ(outcome.out, "1\n0\n1\n1\n0\n");
+  EXPECT_THAT(outcome.err, StartsWith("kelp-bdf: '/"));
+  EXPECT_THAT(
+      outcome.err,
+      HasSubstr("/d/.kelp-bdf.toml' does not hold: it belongs to another user\nkelp-bdf: '"));
+}
+
 }  // namespace
 }  // namespace kelp::test

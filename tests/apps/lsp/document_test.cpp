@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/file_uri.hpp"
 #include "lsp/client.hpp"
 #include "support/schema.hpp"
 

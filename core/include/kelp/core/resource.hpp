@@ -28,6 +28,11 @@ std::string folder_of(const std::string& full_path);
 /// followed.
 bool lies_in(const std::string& file, const std::string& folder);
 
+/// Tells whether a file belongs to somebody whom its reader has no reason to trust: neither to the
+/// user who runs the program, nor to the administrator, nor to the owner of the folder that it lies
+/// in. A symbolic link and what it leads to must both be trusted. Always false on Windows.
+bool belongs_to_stranger(const std::string& file);
+
 /// Returns a file's name without its folder and its last ending: `a` of `b/a.inp`.
 std::string stem_of(const std::string& file);
 
