@@ -177,6 +177,21 @@ void check_basis_for_absent_element(const Job& job, Report& report) {
   }
 }
 
+void check_basis_assigned_twice(const Job& job, Report& report) {
+  for (const System& system : job.systems) {
+    const std::vector<BasisChoice::Assignment>& all = system.basis.assignments;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const auto first = system.basis.by_label.find(core::text::to_lower(all[i].label));
+      if (first != system.basis.by_label.end() && first->second < i) {
+        report.add("'{}' is given a basis set twice.", {all[i].label})
+            .at(all[i].label, "given another one before")
+            .related(range_of(job.input, all[first->second].label), "the first one")
+            .help("keep the one that is meant; which of them counts is not said");
+      }
+    }
+  }
+}
+
 void check_basis_for_unknown_element(const Job& job, Report& report) {
   for (const System& system : job.systems) {
     for (const BasisChoice::Assignment& it : system.basis.assignments) {
@@ -332,6 +347,7 @@ constexpr auto rules = std::to_array<Rule>({
     {"basis.label_basis_missing", check_label_basis_missing},
     {"basis.basis_missing_for_element", check_basis_missing_for_element},
     {"basis.basis_for_absent_element", check_basis_for_absent_element},
+    {"basis.basis_assigned_twice", check_basis_assigned_twice},
     {"basis.basis_for_unknown_element", check_basis_for_unknown_element},
     {"basis.basis_element_not_covered", check_basis_element_not_covered},
     {"basis.basis_unknown", check_basis_unknown},

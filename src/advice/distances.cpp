@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 
 #include "advice/neighbours.hpp"
 #include "advice/report.hpp"
@@ -155,6 +156,53 @@ void check_atoms_too_close(const Job& job, Report& report) {
   }
 }
 
+/// An atom at one end of an axis, and the gap before the next one.
+struct Outlier {
+  std::size_t atom;
+  double gap;  ///< in angstrom
+};
+
+// The atom that the widest gap along an axis parts from all others. Of two atoms, the one that is
+// farther from the origin.
+std::optional<Outlier> outlier_along(const Atoms& atoms, std::size_t axis) {
+  const auto at = [&](std::size_t atom) { return atoms.positions[atom][axis]; };
+  std::vector<std::size_t> order(atoms.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::sort(order.begin(), order.end(),
+            [&](std::size_t left, std::size_t right) { return at(left) < at(right); });
+  if (order.size() < 2) {
+    return std::nullopt;
+  }
+  const Outlier low = {order.front(), at(order[1]) - at(order[0])};
+  const Outlier high = {order.back(), at(order.back()) - at(order[order.size() - 2])};
+  const bool is_low_farther = std::abs(at(low.atom)) > std::abs(at(high.atom));
+  return low.gap > high.gap || (low.gap == high.gap && is_low_farther) ? low : high;
+}
+
+// Who pulls molecules apart stops long before this.
+void check_atom_far_away(const Job& job, Report& report) {
+  constexpr double least = 100;
+  constexpr double certain = 1000;
+  for (const System& system : job.systems) {
+    const Geometry& geometry = system.geometry;
+    const Atoms atoms = atoms_of(job, system);
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      const auto outlier = outlier_along(atoms, axis);
+      if (!outlier || outlier->gap < least) {
+        continue;
+      }
+      const std::size_t centre = atoms.centres[outlier->atom];
+      report
+          .add("The atom {} is {} angstrom away from all others.",
+               {name_of(geometry, centre), core::number::to_text(std::round(outlier->gap))})
+          .as(outlier->gap < certain ? Severity::Note : Severity::Warning)
+          .at(geometry.centres[centre].label, "far away")
+          .help("a decimal point may be missing");
+      break;
+    }
+  }
+}
+
 // Noble gases are not bound, and hydrogen is drawn out at will in models.
 bool has_bonds(const Geometry& geometry) {
   constexpr std::array<int, 7> noble = {2, 10, 18, 36, 54, 86, 118};
@@ -247,6 +295,7 @@ void check_unit_suspected(const Job& job, Report& report) {
 constexpr auto rules = std::to_array<Rule>({
     {"geometry.atoms_coincide", check_atoms_coincide},
     {"geometry.atoms_too_close", check_atoms_too_close},
+    {"geometry.atom_far_away", check_atom_far_away},
     {"geometry.unit_suspected", check_unit_suspected},
 });
 

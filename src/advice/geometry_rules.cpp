@@ -28,23 +28,19 @@ void check_geometry_missing(const Job& job, Report& report) {
 }
 
 bool has_any_line(const Job& job, const RecordId& record) {
-  const std::size_t end = job.input.end_line(record);
-  for (std::size_t line = job.input.first_line(record) + 1; line < end; ++line) {
-    if (!job.input.source().content(line).empty()) {
-      return true;
-    }
-  }
-  return false;
+  return job.input.end_line(record) > job.input.first_line(record) + 1;
 }
 
 void check_geometry_empty(const Job& job, Report& report) {
   for (const System& system : job.systems) {
     const Geometry& geometry = system.geometry;
-    if (geometry.record.kind == RecordKind::Entry && geometry.form == GeometryForm::None &&
-        geometry.is_certain && has_any_line(job, geometry.record)) {
-      report.add("The geometry holds comments alone.")
+    if (geometry.record && geometry.form == GeometryForm::None && geometry.is_certain &&
+        has_any_line(job, geometry.record)) {
+      report.add("The geometry has no atoms.")
           .at(job.input.keyword_range(geometry.record), "no atoms")
-          .help("a line that begins with '#' or '*' is a comment");
+          .help(
+              "put the atoms between this line and the next; what begins with '#' or '*' is a "
+              "comment");
     }
   }
 }

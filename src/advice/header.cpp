@@ -29,11 +29,32 @@ std::size_t script_line_of(const ParsedInput& input) {
   return 0;
 }
 
+// `# name.bdf` on the first line: the name of an input behind the mark of comments.
+TextRange name_in_comment(const ParsedInput& input) {
+  const TextRange line = input.source().content(1);
+  const std::string_view text = input.source().text_of(line);
+  if (!text.starts_with('#')) {
+    return {};
+  }
+  const std::string_view name = core::text::trim_view(text.substr(1));
+  const bool is_name = name.find_first_of(" \t/") == std::string_view::npos &&
+                       (name.ends_with(".bdf") || name.ends_with(".inp") || name.ends_with(".sh"));
+  return is_name ? line : TextRange{};
+}
+
 void check_shebang_missing(const Job& job, Report& report) {
   const ParsedInput& input = job.input;
-  // Who begins with comments has cut the input out of something else.
   if (!job.specification() || !job.data().has_geometry || !job.data().geometry_terminated ||
-      !job.data().leading_lines.empty() || script_line_of(input) != 0) {
+      script_line_of(input) != 0) {
+    return;
+  }
+  // Who begins with comments has cut the input out of something else, or lost one byte.
+  if (!job.data().leading_lines.empty()) {
+    if (const TextRange name = name_in_comment(input); !name.empty()) {
+      report.add("The line '#!' is missing, without which the header is not read.")
+          .at(name, "a comment")
+          .fix("write '#!'", {{name.begin, name.begin + 1}, "#!"});
+    }
     return;
   }
   const std::size_t begin = input.source().full_line_range(1).begin;

@@ -58,6 +58,10 @@ std::vector<List> lists_of(const Job& job, const System& system) {
       }
       add_pairs(job, *block, block->get("hpalpha"), all);
       add_pairs(job, *block, block->get("hpbeta"), all);
+    } else if (block->name == "mcscf") {
+      for (const char* const name : {"core", "delete", "close", "active"}) {
+        add_list(job, block, block->get(name), all);
+      }
     } else if (block->name == "tddft" && !(may_fall_back && is_open(shell_of(job, *block)))) {
       for (const char* const name : {"nroot", "frzcore", "frzvirt"}) {
         add_list(job, block, block->get(name), all);

@@ -10,6 +10,7 @@
 
 #include "diagnose/atom_repair.hpp"
 #include "diagnose/finders.hpp"
+#include "diagnose/likely_elements.hpp"
 #include "diagnose/offers.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
@@ -28,48 +29,6 @@ struct GeometryLines {
   bool has_end = true;
   RecordId entry;  ///< none for the geometry block of the document
 };
-
-// The symbol itself, where something else is wrong about the label; two letters in the wrong order;
-// or else a letter too many, or another one behind the first.
-std::vector<std::string> similar_elements(std::string_view letters) {
-  std::vector<std::string> names;
-  const auto add = [&](std::string_view text) {
-    const std::string name(find_element(text));
-    if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end() &&
-        names.size() < 3) {
-      names.push_back(name);
-    }
-  };
-  add(letters);
-  if (letters.size() == 2) {
-    add(std::string{letters[1], letters[0]});
-  }
-  if (!names.empty()) {
-    return names;
-  }
-  if (letters.size() >= 2) {
-    add(letters.substr(0, 1));
-    add(letters.substr(0, 2));
-  }
-  for (const std::string_view symbol : element_symbols()) {
-    if (letters.size() == 2 && symbol.size() == 2 &&
-        core::text::to_lower(symbol[0]) == core::text::to_lower(letters[0])) {
-      add(symbol);
-    }
-  }
-  return names;
-}
-
-std::vector<std::string> elements_of_number(std::string_view label) {
-  const auto number = core::number::parse_integer(label);
-  if (number == 0) {
-    return {"O"};
-  }
-  const auto symbols = element_symbols();
-  return number && *number > 0 && *number <= static_cast<std::int64_t>(symbols.size())
-             ? std::vector<std::string>{std::string(symbols[static_cast<std::size_t>(*number) - 1])}
-             : std::vector<std::string>{};
-}
 
 class AtomLineFinder {
  public:
@@ -149,6 +108,8 @@ class AtomLineFinder {
         reader.pass_row();
         return;
       case GeometryLineKind::Atom:
+        check_surplus(lines, number);
+        return check_element(lines, number);
       case GeometryLineKind::Internal:
         return check_element(lines, number);
       default:
@@ -209,7 +170,7 @@ class AtomLineFinder {
     const std::string_view text = text_of(number);
     const std::string_view label = words_of(text)[0];
     if (is_atom_label(label)) {
-      return;
+      return check_label(lines, number, label);
     }
     // Where the letters are right, what follows them is not.
     const std::string_view letters = letters_of_label(label);
@@ -230,6 +191,49 @@ class AtomLineFinder {
                 : letters.empty() ? elements_of_number(label)
                                   : similar_elements(letters),
                 {"element", "elements"}, *diagnostic.range, false);
+    use_(diagnostic);
+  }
+
+  // A symbol and digits; other marks are those of other programs.
+  void check_label(const GeometryLines& lines, std::size_t number, std::string_view label) const {
+    const std::size_t end = label.find_first_not_of("0123456789", letters_of_label(label).size());
+    if (end == std::string_view::npos) {
+      return;
+    }
+    Diagnostic diagnostic = begin(
+        lines, number, "geometry.label_marks",
+        "The label '" + core::unicode::abridged(label) + "' is more than a symbol with digits.",
+        std::string(label));
+    const std::size_t at = source_.content(number).begin;
+    diagnostic.range = {at, at + label.size()};
+    diagnostic.label = "a symbol, or a symbol and digits";
+    const std::string meant(label.substr(0, end));
+    offer_fix(diagnostic, "write '" + meant + "'", *diagnostic.range, meant);
+    use_(diagnostic);
+  }
+
+  // Behind the coordinates stands the mark of an atom of a fragment, or nothing.
+  void check_surplus(const GeometryLines& lines, std::size_t number) const {
+    constexpr std::size_t usual = 4;
+    const std::string_view text = text_of(number);
+    const std::vector<std::string_view> words = words_of(text);
+    const bool has_mark =
+        words.size() == usual + 1 && (core::text::equals_ignoring_case(words.back(), "B") ||
+                                      core::text::equals_ignoring_case(words.back(), "L"));
+    if (words.size() <= usual || has_mark) {
+      return;
+    }
+    const auto begins = static_cast<std::size_t>(words[usual].data() - text.data());
+    const std::string surplus(text.substr(begins));
+    Diagnostic diagnostic = begin(
+        lines, number, "geometry.surplus_word",
+        "'" + core::unicode::abridged(surplus) + "' stands behind the coordinates of an atom.",
+        surplus);
+    const std::size_t at = source_.content(number).begin + begins;
+    diagnostic.range = {at, at + surplus.size()};
+    diagnostic.label = "neither 'B' nor 'L' of a fragment";
+    diagnostic.help.emplace_back("remove it; a comment begins with '#'");
+    offer_fix(diagnostic, "make it a comment", {at, at}, "# ");
     use_(diagnostic);
   }
 

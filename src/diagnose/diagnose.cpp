@@ -11,6 +11,7 @@
 #include "diagnose/finders.hpp"
 #include "diagnose/frame_faults.hpp"
 #include "diagnose/in_order.hpp"
+#include "diagnose/loose_borders.hpp"
 #include "diagnose/missing_lines.hpp"
 #include "diagnose/offers.hpp"
 #include "diagnose/outside_lines.hpp"
@@ -186,6 +187,7 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     }
   };
   tell_misspelt_borders(context, add);
+  tell_loose_borders(context, add);
   tell_stray_lines(input, add);
   tell_settings(input, add);
   Consequences consequences(context);
@@ -207,6 +209,7 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     find_header_words(context, options, add_name);
   }
   find_module_names(context, options, add_name);
+  find_surplus_words(context, add);
   find_atom_lines(context, add);
   if (options.advice && is_certain) {
     advise(input, options.folder ? &*options.folder : nullptr, [&](const Diagnostic& found) {

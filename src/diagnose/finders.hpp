@@ -24,6 +24,9 @@ bool is_cut_specification(const Fault& fault, const ParsedInput& input);
 void find_module_names(DiagnoseContext& context, const DiagnoseOptions& options,
                        const DiagnosticSink& use);
 
+/// Looks for words behind keywords that are not read, and that can be no comment.
+void find_surplus_words(DiagnoseContext& context, const DiagnosticSink& use);
+
 /// Looks for lines of geometries that cannot be read, and for unknown elements.
 void find_atom_lines(DiagnoseContext& context, const DiagnosticSink& use);
 

@@ -1,11 +1,13 @@
 // Functionals and basis sets that stand among the values of entries.
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "diagnose/basis_rows.hpp"
 #include "diagnose/finders.hpp"
 #include "diagnose/likely_names.hpp"
 #include "diagnose/offers.hpp"
@@ -25,6 +27,7 @@ class ModuleNameFinder {
 
   void look_at(const ModuleEntry& entry, const RecordId& record, ListedNames holds) const {
     bool is_inline = false;
+    bool has_name = false;
     for (std::size_t i = 0; i < entry.values.size(); ++i) {
       const TextRange range = input_.value_range(record, i);
       const std::string_view text = input_.source().text_of(range);
@@ -36,25 +39,93 @@ class ModuleNameFinder {
         is_inline = !core::text::equals_ignoring_case(text, "end line");
       } else {
         const std::size_t skipped = equals == std::string_view::npos ? 0 : equals + 1;
-        look_at_words({range.begin + skipped, range.end}, record, holds);
+        const TextRange name = {range.begin + skipped, range.end};
+        if (holds == ListedNames::BasisSets && has_name && !text.empty()) {
+          report_second(range, record);
+          return;
+        }
+        has_name = has_name || says_something(text);
+        if (!is_told_as_whole(name, record, holds) && !is_malformed(entry, range, record)) {
+          look_at_words(name, record, holds);
+        }
       }
     }
   }
 
  private:
+  // A line may hold nothing but wide blanks.
+  static bool says_something(std::string_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char byte) { return byte > ' ' && byte <= '~'; });
+  }
+
+  // A name with a blank in it.
+  bool is_told_as_whole(const TextRange& range, const RecordId& record, ListedNames holds) const {
+    const TextRange whole = input_.source().trimmed(range);
+    const std::string_view text = input_.source().text_of(whole);
+    if (holds == ListedNames::Functionals || words_of(text).size() < 2 ||
+        text.find('=') != std::string_view::npos) {
+      return false;
+    }
+    std::vector<std::string> likely = basis_sets_with_other_marks(text, context_, options_);
+    if (likely.empty()) {
+      return false;
+    }
+    report(whole, record, holds, std::move(likely));
+    return true;
+  }
+
+  // What a block that has no end takes along is none of its rows.
+  bool is_malformed(const ModuleEntry& entry, const TextRange& range,
+                    const RecordId& record) const {
+    const std::string_view text = input_.source().text_of(range);
+    if (entry.kind != EntryValueKind::TerminatedBlock || !entry.terminated || text.empty() ||
+        GeometryReader(false).kind_of(text) == GeometryLineKind::Elided) {
+      return false;
+    }
+    const auto fault = fault_of_basis_row(text, input_.schema());
+    if (!fault) {
+      return false;
+    }
+    Diagnostic diagnostic = begin_diagnostic({"names.basis_row_malformed",
+                                              "The line '" + core::unicode::abridged(text) +
+                                                  "' is not laid out as basis-block wants it.",
+                                              {std::string(text)},
+                                              record},
+                                             context_.paths);
+    diagnostic.severity = fault->severity;
+    diagnostic.range = range;
+    diagnostic.label = fault->label;
+    diagnostic.help.emplace_back("write 'O,H=def2-svp', or one name for all other elements");
+    if (!fault->meant.empty()) {
+      offer_fix(diagnostic, "write '" + fault->meant + "'", range, fault->meant,
+                fault->severity == Severity::Error);
+    }
+    use_(diagnostic);
+    return true;
+  }
+
+  // The vocabulary allows two words for one name, `6-31G(d, p)`, but not two lines.
+  void report_second(const TextRange& range, const RecordId& record) const {
+    const std::string keyword(input_.source().text_of(input_.keyword_range(record)));
+    const std::string text(input_.source().text_of(range));
+    Diagnostic diagnostic =
+        begin_diagnostic({"names.second_value",
+                          "'" + keyword + "' takes one name, and '" +
+                              core::unicode::abridged(text) + "' is on a second line.",
+                          {keyword, text},
+                          record},
+                         context_.paths);
+    diagnostic.range = range;
+    diagnostic.label = "neither a keyword nor a value";
+    diagnostic.related.push_back({input_.value_ranges(record).front(), "the name"});
+    diagnostic.help.emplace_back("remove it, or write the keyword that is meant");
+    use_(diagnostic);
+  }
+
   void look_at_words(const TextRange& range, const RecordId& record, ListedNames holds) const {
     const std::string_view text = input_.source().text_of(range);
-    const std::vector<std::string_view> words = words_of(text);
-    if (words.size() > 1 && holds != ListedNames::Functionals) {
-      const TextRange whole = input_.source().trimmed(range);
-      std::vector<std::string> likely =
-          basis_sets_with_other_marks(input_.source().text_of(whole), context_, options_);
-      if (!likely.empty()) {
-        report(whole, record, holds, std::move(likely));
-        return;
-      }
-    }
-    for (const std::string_view word : words) {
+    for (const std::string_view word : words_of(text)) {
       const std::size_t begin = range.begin + static_cast<std::size_t>(word.data() - text.data());
       look_at_name(std::string(word), {begin, begin + word.size()}, record, holds);
     }

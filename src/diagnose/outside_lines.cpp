@@ -73,6 +73,16 @@ Diagnostic missing_setting_end(const ParsedInput& input, std::size_t line) {
   return diagnostic;
 }
 
+Diagnostic missing_setting_begin(const ParsedInput& input, std::size_t line) {
+  Diagnostic diagnostic = frame_finding("frame.missing_setting_begin",
+                                        "No line 'Module Setting' stands before 'End Setting'.");
+  diagnostic.range = statement_on(input, line);
+  diagnostic.label = "ends nothing";
+  diagnostic.record = input.line(line).record;
+  diagnostic.help = {"add a line 'Module Setting' before the first module, or remove this one"};
+  return diagnostic;
+}
+
 Diagnostic stray_lines_outside(const ParsedInput& input, std::size_t line) {
   const TextRange range = statement_on(input, line);
   const std::string text = core::unicode::abridged(input.source().text_of(range));
@@ -133,6 +143,9 @@ void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink) {
 void tell_settings(const ParsedInput& input, const DiagnosticSink& sink) {
   std::size_t open = 0;
   bool is_elided = false;
+  // What begins the settings may be among lines that are told of.
+  bool is_doubtful = false;
+  const bool has_header = input.data().mode != InputMode::Module;
   for (const Statement& statement : input.data().statements) {
     const auto [what, is_misspelt] = outside_of(statement);
     const std::size_t line = line_of(statement);
@@ -140,10 +153,14 @@ void tell_settings(const ParsedInput& input, const DiagnosticSink& sink) {
     if (is_misspelt && line != 0) {
       sink(misspelt_setting(input, line, is_begin ? setting_begin : setting_end));
     }
+    if (what == Outside::SettingEnd && open == 0 && !is_doubtful && has_header && line != 0) {
+      sink(missing_setting_begin(input, line));
+    }
     if (is_begin || what == Outside::SettingEnd) {
       open = is_begin ? line : 0;
     }
     is_elided = is_elided || what == Outside::Elided;
+    is_doubtful = is_doubtful || is_elided || what == Outside::Stray;
   }
   if (open != 0 && !is_elided) {
     sink(missing_setting_end(input, open));

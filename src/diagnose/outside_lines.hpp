@@ -24,7 +24,7 @@ std::size_t line_of(const Statement& statement);
 /// for each run of them. Dots for lines that are left out may.
 void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink);
 
-/// Tells of misspelt lines around the settings of modules, and of settings that have no end.
+/// Tells of misspelt lines around the settings of modules, and of settings without begin or end.
 void tell_settings(const ParsedInput& input, const DiagnosticSink& sink);
 
 /// Returns the first line of a text that has no header and no module, though it says something that

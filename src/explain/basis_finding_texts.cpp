@@ -103,6 +103,17 @@ constexpr auto texts = std::to_array<FindingText>({
      "$compass\nbasis\n  Def2-SVP\ngeometry\n  Au 0 0 0\n  H 0 0 1.52\nend geometry\n$end"
      "\n$xuanyuan\n$end\n$scf\nrhf\n$end\n",
      warning},
+    {"basis.basis_assigned_twice",
+     "An element or a label is given a basis set on two lines; which of them counts is not "
+     "documented.",
+     "A line was copied and its element was not changed.", "Keep one of the lines.",
+     "$compass\nbasis-block\n  sto-3g\n  O=cc-pvdz\n  O=cc-pvtz\nend basis\ngeometry\n  O 0 0 "
+     "0.369\n  H 0 -0.784 -0.185\n  H 0 0.784 -0.185\nend geometry\n$end\n$xuanyuan\n$end\n$scf"
+     "\nrhf\n$end\n",
+     "$compass\nbasis-block\n  sto-3g\n  O=cc-pvtz\nend basis\ngeometry\n  O 0 0 "
+     "0.369\n  H 0 -0.784 -0.185\n  H 0 0.784 -0.185\nend geometry\n$end\n$xuanyuan\n$end\n$scf"
+     "\nrhf\n$end\n",
+     warning},
     {"basis.basis_unknown",
      "The name is none of the sets that the manual lists, and no file beside the input "
      "has it. Looked at only where the folder of the input is known.",

@@ -30,8 +30,8 @@ constexpr auto texts = std::to_array<FindingText>({
      "The keyword that opens a block is misspelt: the line that ends the block stands behind it. "
      "The block is read as if it were right.",
      "A slip in the keyword.", "Write the keyword that the message names.",
-     "$compass\nbasis-blcok\n  Ne sto-3g\nend basis\n$end\n",
-     "$compass\nbasis-block\n  Ne sto-3g\nend basis\n$end\n", error},
+     "$compass\nbasis-blcok\n  Ne=sto-3g\nend basis\n$end\n",
+     "$compass\nbasis-block\n  Ne=sto-3g\nend basis\n$end\n", error},
     {"frame.missing_dollar",
      "The name of a module stands alone on a line, and its entries or its end follow, but it lacks "
      "the dollar sign that makes it a header.",
@@ -42,6 +42,15 @@ constexpr auto texts = std::to_array<FindingText>({
      "one, of another code.",
      "It was typed with an input method for Chinese or Japanese, or copied from a formatted page.",
      "Type '$' as plain ASCII.", "\xEF\xBC\x84scf\nrhf\n$end\n", "$scf\nrhf\n$end\n", error},
+    {"frame.spaced_header",
+     "A blank or a second sign stands between the dollar sign and the name of a module.",
+     "A slip, or the prompt of a shell before the line.", "Write '$' and the name without a blank.",
+     "$ scf\nrhf\n$end\n", "$scf\nrhf\n$end\n"},
+    {"frame.missing_database_end",
+     "The data behind '&database' have no line '&end' behind them, or one that is misspelt.",
+     "The line was forgotten, or written as another program has it.", "Write '&end'.",
+     "$compass\nnfragment\n  1\n$end\n&database\nfragment 1 2\n1 2\n$end\n",
+     "$compass\nnfragment\n  1\n$end\n&database\nfragment 1 2\n1 2\n&end\n"},
     {"frame.stray_end", "A line '$end' stands outside the modules.",
      "The line stands there twice, or the header of its module is missing.",
      "Remove it, or write the header.", "$scf\nrhf\n$end\n$end\n", "$scf\nrhf\n$end\n"},
@@ -81,6 +90,14 @@ constexpr auto texts = std::to_array<FindingText>({
      "The line was forgotten.", "Add a line 'End Setting' behind the last module.",
      "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
      "50\n$end\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
+     "50\n$end\nEnd Setting\n"},
+    {"frame.missing_setting_begin",
+     "The settings of modules end with a line 'End Setting', but no 'Module Setting' begins them.",
+     "The line was forgotten, or the other one was left.",
+     "Add a line 'Module Setting' before the first module.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\n$scf\nmaxiter\n  50\n$end\nEnd "
+     "Setting\n",
      "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n\nModule Setting\n$scf\nmaxiter\n  "
      "50\n$end\nEnd Setting\n"},
     {"frame.shell_script", "The text is a script for a shell, perhaps with an input inside.",

@@ -17,13 +17,23 @@ constexpr auto texts = std::to_array<FindingText>({
      "$compass\nbasis\n  cc-pvdz\ngeometry\n  Ne 0 0 0\nend geometry\n$end\n"
      "$xuanyuan\n$end\n$scf\nrhf\n$end\n",
      error},
-    {"geometry.geometry_empty", "The geometry holds comments alone.",
-     "All lines of atoms begin with a mark of comments.", "Add the atoms.",
+    {"geometry.geometry_empty", "The geometry holds nothing but comments and blank lines.",
+     "All lines of atoms begin with a mark of comments, or the atoms were to be pasted.",
+     "Add the atoms.",
      "$compass\nbasis\n  cc-pvdz\ngeometry\n# Ne 0 0 0\nend geometry\n$end\n"
      "$xuanyuan\n$end\n$scf\nrhf\n$end\n",
      "$compass\nbasis\n  cc-pvdz\ngeometry\n  Ne 0 0 0\nend geometry\n$end\n"
      "$xuanyuan\n$end\n$scf\nrhf\n$end\n",
      error},
+    {"geometry.atom_far_away",
+     "An atom is more than 100 angstrom away from all others; beyond 1000 angstrom this is a "
+     "warning.",
+     "The decimal point of a coordinate was lost.", "Correct the coordinate.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 110\nend geometry\n$end\n"
+     "$xuanyuan\n$end\n$scf\nrhf\n$end\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.10\nend geometry\n$end\n"
+     "$xuanyuan\n$end\n$scf\nrhf\n$end\n",
+     note},
     {"geometry.geometry_file_and_atoms",
      "A geometry is a list of atoms or one line 'file=name', not both.",
      "Atoms were left when the file was named, or the other way round.", "Keep one of them.",

@@ -80,6 +80,37 @@ constexpr auto texts = std::to_array<FindingText>({
      "A slip, or a basis set file with a name like a listed one.",
      "Write the name as it is listed.", "$compass\nbasis\n  cc-pvzd\n$end\n",
      "$compass\nbasis\n  cc-pvdz\n$end\n"},
+    {"names.basis_row_malformed",
+     "A line of basis-block is no assignment, 'O,H=def2-svp', and no name alone; or, as a warning, "
+     "its elements are not parted by commas.",
+     "The equals sign was left out or written twice, or a word was lost.",
+     "Write the elements, '=' and the name of one basis set.",
+     "$compass\nbasis-block\n  sto-3g\n  O cc-pvdz\nend basis\n$end\n",
+     "$compass\nbasis-block\n  sto-3g\n  O=cc-pvdz\nend basis\n$end\n", error},
+    {"names.second_value",
+     "An entry with one value has two: one behind its keyword and one on the next line, or two "
+     "names "
+     "of basis sets. Which of them counts is not documented.",
+     "The value was changed in one of the two ways to write it; or a line that was to be a keyword "
+     "is none.",
+     "Keep the one that is meant.", "$scf\nrhf\nmaxiter 100\n  200\n$end\n",
+     "$scf\nrhf\nmaxiter\n  200\n$end\n"},
+    {"names.word_behind_flag",
+     "A keyword that takes no value has a number or another keyword behind it on its line, where "
+     "neither is read.",
+     "Two keywords were written on one line.", "Give each keyword a line of its own.",
+     "$scf\nrks d3\ndft\n  b3lyp\n$end\n", "$scf\nrks\nd3\ndft\n  b3lyp\n$end\n"},
+    {"geometry.label_marks", "The label of an atom is more than a symbol with digits behind it.",
+     "A charge or a mark of another program.", "Write the symbol, and digits where atoms differ.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne_1 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne1 0 0 0\nEnd Geometry\n"},
+    {"geometry.surplus_word",
+     "A word stands behind the coordinates of an atom that is not 'B' or 'L', the marks of atoms "
+     "of "
+     "fragments.",
+     "A comment of another program, or a column of one.", "Remove it, or begin it with '#'.",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0 ! fixed\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0 # fixed\nEnd Geometry\n"},
     {"geometry.geometry_line_malformed",
      "A line of a geometry is no atom with three coordinates; nor a row of internal coordinates, a "
      "variable or its scan, where there are such; nor 'file=NAME', dots or a comment.",

@@ -134,6 +134,38 @@ TEST(AtomLines, WithoutAnEndGoOnForAsLongAsTheyAreAtoms) {
   }
 }
 
+struct LooseRow {
+  std::string line;
+  const char* found;  ///< the code, and what is marked
+  const char* fixed;  ///< the line after the fix
+};
+
+// What can be read as an atom, though more stands there than an atom has.
+TEST(AtomLines, WithWordsOrMarksOfOtherProgramsAreToldOf) {
+  for (const LooseRow& row : {
+           LooseRow{"C 0 0 0 Q", "geometry.surplus_word 'Q'", "C 0 0 0 # Q"},
+           LooseRow{"C 0 0 0 H1 # c", "geometry.surplus_word 'H1'", "C 0 0 0 # H1 # c"},
+           LooseRow{"C 0 0 0  ! at the end", "geometry.surplus_word '! at the end'",
+                    "C 0 0 0  # ! at the end"},
+           LooseRow{"C 0 0 0 B x", "geometry.surplus_word 'B x'", "C 0 0 0 # B x"},
+           LooseRow{"Cl- 0 0 0", "geometry.label_marks 'Cl-'", "Cl 0 0 0"},
+           LooseRow{"H_12 0 0 0 L", "geometry.label_marks 'H_12'", "H 0 0 0 L"},
+           LooseRow{"C12A 0 0 0", "geometry.label_marks 'C12A'", "C12 0 0 0"},
+       }) {
+    const ParsedInput input = with_lines(row.line);
+    const auto found = diagnose(input);
+    ASSERT_EQ(found.size(), 1U) << row.line;
+    EXPECT_EQ(found[0].severity, Severity::Warning);
+    EXPECT_EQ(found[0].code + " '" + std::string(input.source().text_of(*found[0].range)) + "'",
+              row.found);
+    ASSERT_EQ(found[0].fixes.size(), 1U);
+    EXPECT_FALSE(found[0].fixes[0].is_safe);
+    const std::string fixed = apply_edits(input.source().text(), found[0].fixes[0].edits);
+    EXPECT_EQ(fixed, with_lines(row.fixed).source().text());
+    EXPECT_THAT(texts_of(ParsedInput(fixed, shipped_schema())), testing::IsEmpty());
+  }
+}
+
 TEST(Elements, ThatAreNoneAreToldOf) {
   struct Label {
     const char* label;

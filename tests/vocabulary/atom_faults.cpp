@@ -102,6 +102,8 @@ class AtomBreaker {
     }
     writer_.replace("atom: no-break space", {atom.label.end, atom.label.end + 1}, "\xC2\xA0");
     writer_.replace("atom: missing number", {numbers[1].end, numbers[2].end}, "");
+    writer_.replace("atom: word behind", {numbers[2].end, numbers[2].end}, " ! fixed");
+    writer_.replace("atom: mark in the label", {atom.label.end, atom.label.end}, "-");
     writer_.replace("atom: surplus number", {numbers[2].end, numbers[2].end}, "  0.5");
     writer_.replace("atom: glued label", {atom.label.end, numbers[0].begin}, "");
     writer_.replace("atom: glued numbers", {numbers[0].end, numbers[1].begin}, "");

@@ -57,6 +57,13 @@ inline constexpr FaultKind fault_kinds[] = {
     {"atom: glued numbers", true},
     {"atom: XYZ head", true},
     {"misspelt element", true},
+    {"atom: word behind", true},
+    {"atom: mark in the label", true},
+    {"word behind a flag", true},
+    {"second value", true},
+    {"blank behind the dollar", true},
+    {"row of basis sets without =", true},
+    {"misspelt end of a database", true},
 };
 
 /// Returns a text in as many variants as there are places for a mistake.

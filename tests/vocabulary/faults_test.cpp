@@ -166,6 +166,10 @@ TEST(Faults, AreMadeInEveryPlaceThereIs) {
       {"atom: glued numbers", {3}},
       {"atom: XYZ head", {3}},
       {"misspelt element", {3, 3}},
+      {"atom: word behind", {3}},
+      {"atom: mark in the label", {3}},
+      {"blank behind the dollar", {1, 6}},
+      {"second value", {9}},
   };
   EXPECT_EQ(places, expected);
 }
@@ -196,12 +200,12 @@ TEST(Faults, ChangeOneThing) {
   for (const Fault& fault : faults_of(text)) {
     variants.push_back(fault.text);
   }
-  EXPECT_EQ(
-      variants,
-      (std::vector<std::string>{
-          "$csf\nguess\n  atom\n$end\n", "$scf\nguess\n  atom\n", "$scf\ngeuss\n  atom\n$end\n",
-          "$scf\nguess\n  atom\nguess\n  atom\n$end\n", "$scf\nguess\n  nonesuch\n$end\n",
-          "$scf\nguess\n  atom\n$edn\n", "$scf\nguess\n  atom\nend\n"}));
+  EXPECT_EQ(variants,
+            (std::vector<std::string>{
+                "$csf\nguess\n  atom\n$end\n", "$scf\nguess\n  atom\n",
+                "$ scf\nguess\n  atom\n$end\n", "$scf\ngeuss\n  atom\n$end\n",
+                "$scf\nguess\n  atom\nguess\n  atom\n$end\n", "$scf\nguess\n  nonesuch\n$end\n",
+                "$scf\nguess\n  atom\n$edn\n", "$scf\nguess\n  atom\nend\n"}));
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ class ModuleBreaker {
       }
     }
     writer_.remove_end("missing end geometry", RecordId::of(RecordKind::Geometry, 0));
+    break_databases();
   }
 
  private:
@@ -46,9 +47,22 @@ class ModuleBreaker {
       writer_.replace("misspelt module", input_.keyword_range(record), "$" + name);
     }
     writer_.remove_end("missing $end", record);
+    const std::size_t sign = input_.keyword_range(record).begin + 1;
+    writer_.replace("blank behind the dollar", {sign, sign}, " ");
     for (std::size_t i = 0; i < module.entries.size(); ++i) {
       if (module.entries[i].known) {
         break_entry(module, i, RecordId::of_entry(index, i));
+      }
+    }
+  }
+
+  void break_databases() {
+    for (std::size_t number = 1; number <= input_.source().line_count(); ++number) {
+      const TextRange line = input_.source().content(number);
+      if (core::text::equals_ignoring_case(input_.source().text_of(line), "&end")) {
+        for (const char* const wrong : {"&edn", "$end", "end", "/"}) {
+          writer_.replace("misspelt end of a database", line, wrong);
+        }
       }
     }
   }
@@ -65,6 +79,14 @@ class ModuleBreaker {
       const bool is_behind_lines = index > 0 && has_lines(module.entries[index - 1]);
       writer_.replace(is_behind_lines ? "misspelt keyword behind lines" : "misspelt keyword",
                       keyword, name);
+    }
+    if (info->kind == EntryValueKind::Flag && input_.behind_keyword(record).empty()) {
+      writer_.replace("word behind a flag", {keyword.end, keyword.end},
+                      " " + module.entries[0].name);
+    }
+    if (info->kind == EntryValueKind::Scalar && info->value_type == "integer" &&
+        input_.value_ranges(record).size() == 1 && input_.behind_keyword(record).empty()) {
+      writer_.replace("second value", {keyword.end, keyword.end}, " 7");
     }
     if (!info->repeatable) {
       writer_.repeat("repeated singular entry", record);

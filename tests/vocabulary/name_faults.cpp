@@ -140,6 +140,11 @@ class NameBreaker {
         return;
       }
       if (const std::size_t equals = text.find('='); equals != std::string::npos) {
+        const std::string name(core::text::trim_view(std::string_view(text).substr(equals + 1)));
+        if (text.find(',') == std::string::npos && schema_.is_known_basis(name)) {
+          writer_.replace(
+              "row of basis sets without =", {range.begin + equals, range.begin + equals + 1}, " ");
+        }
         range = writer_.input().source().trimmed({range.begin + equals + 1, range.end});
       }
       break_basis("misspelt basis set of a module", range);
