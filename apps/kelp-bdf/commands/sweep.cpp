@@ -1,6 +1,6 @@
-// Every variant is made twice: once to see whether it can be made, what is wrong with it and what
-// is in its way, and again to be written. So nothing is written when one of them is refused, and
-// only one is held at a time, however many there are.
+// All variants are made before one is written, to see whether they can be made, what is wrong with
+// them and what is in their way: nothing is written when one of them is refused. Where the texts
+// are more than should be held, those that are left are made once more when they are written.
 
 #include <fmt/format.h>
 
@@ -56,6 +56,8 @@ std::string in_folder(const std::string& folder, const std::string& name) {
 // Lines move from variant to variant, so that findings are told by what they say.
 using FindingCounts = std::map<std::pair<std::string, std::string>, std::size_t>;
 
+constexpr std::size_t most_held = 64'000'000;  // bytes
+
 /// One run of the command.
 class Sweeping {
  public:
@@ -80,8 +82,8 @@ class Sweeping {
       complain("nothing is written");
       return ExitStatus::Failure;
     }
-    for (const SweepVariant& variant : plan.variants) {
-      deliver(variant);
+    for (std::size_t i = 0; i < plan.variants.size(); ++i) {
+      deliver(i, plan.variants[i]);
     }
     if (unchanged_ > 0 && !session_.options.quiet) {
       complain(fmt::format("{} of {} files were there already, with their texts", unchanged_,
@@ -130,7 +132,7 @@ class Sweeping {
 
   void look_at(const SweepVariant& variant) {
     const std::string path = path_of(variant);
-    const Rewrite made = make(variant);
+    Rewrite made = make(variant);
     if (!made.error.empty()) {
       throw std::runtime_error(fmt::format("{}: {}", path, made.error));
     }
@@ -147,6 +149,14 @@ class Sweeping {
       report_new_findings(made, path);
     }
     look_for_file(path, made.text);
+    hold(std::move(made.text));
+  }
+
+  void hold(std::string text) {
+    held_bytes_ += text.size();
+    if (held_bytes_ <= most_held) {
+      held_.push_back(std::move(text));
+    }
   }
 
   // What the input has, each variant has, and needs to be told once.
@@ -187,10 +197,10 @@ class Sweeping {
 
   // --- writing
 
-  void deliver(const SweepVariant& variant) {
+  void deliver(std::size_t index, const SweepVariant& variant) {
     const std::string path = path_of(variant);
     if (!options_.dry_run) {
-      const std::string text = make(variant).text;
+      const std::string text = index < held_.size() ? std::move(held_[index]) : make(variant).text;
       if (core::fs::file_holds(path, text)) {
         ++unchanged_;
         return;
@@ -236,6 +246,8 @@ class Sweeping {
   const std::vector<SweepAxis> axes_;
   const ParsedInput input_;
   FindingCounts known_;
+  std::vector<std::string> held_;  // the texts of the first variants
+  std::size_t held_bytes_ = 0;
   std::size_t unchanged_ = 0;
   bool has_errors_ = false;
   bool is_refused_ = false;
