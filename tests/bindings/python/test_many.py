@@ -1,5 +1,8 @@
 """Variants of an input, and checks of many."""
 
+import os
+import subprocess
+
 import pytest
 
 import kelp_bdf
@@ -23,6 +26,21 @@ def test_names_of_a_sweep_are_made_of_values_as_they_are_written(water):
     assert names([10, "20"], "{#}-{scf.maxiter}.inp") == ["1-10.inp", "2-20.inp"]
     with pytest.raises(ValueError, match="below the folder"):
         names([10], "../{maxiter}.inp")
+
+
+def test_a_sweep_makes_what_the_command_writes(water_file, tmp_path):
+    command = os.environ.get("KELP_BDF_COMMAND")
+    if not command:
+        pytest.skip("there is no command")
+    axes = {"easy.basis": ["6-31G(d,p)", "3-21G"], "scf.maxiter": ["10", "20"]}
+    pattern = "{basis}/{#}-{maxiter}.inp"
+    told = subprocess.run(
+        [command, "sweep", water_file, *(f"{path}={','.join(values)}" for path, values in axes.items()),
+         "--name", pattern, "-o", tmp_path / "out"], check=True, capture_output=True, text=True)
+    made = dict(kelp_bdf.sweep(kelp_bdf.read(water_file), axes, name=pattern))
+    assert told.stdout.splitlines() == [str(tmp_path / "out" / name) for name in made]
+    for name, variant in made.items():
+        assert (tmp_path / "out" / name).read_bytes() == variant.data
 
 
 def test_a_sweep_is_refused_before_anything_is_made(water):
