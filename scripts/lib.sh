@@ -23,6 +23,10 @@ editor_packages=(neovim emacs-nox elpa-eglot)
 # shellcheck disable=SC2034
 package_packages=(dpkg-dev file rpm gzip python3)
 
+# For the pages of the guide and the reference.
+# shellcheck disable=SC2034
+guide_packages=(git mkdocs doxygen)
+
 say() {
     printf '%s\n' "$*" >&2
 }
