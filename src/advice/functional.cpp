@@ -64,10 +64,17 @@ void check_double_hybrid_needs_mp2(const Job& job, Report& report) {
     if (scf.block != nullptr && job.is_advanced() && job.is_complete() &&
         is_double_hybrid(job, scf) && job.all_after(*scf.block, "mp2").empty()) {
       const std::string name(functional_word(job, scf));
-      report.add("'{}' is a double hybrid, and $mp2 is missing.", {name})
-          .at(scf.functional_word, "a part of the energy is that of $mp2")
-          .help("add $mp2 behind $scf")
-          .fix("add $mp2 behind $scf", block_added(job, *scf.block, "mp2"));
+      Finding& finding = report.add("'{}' is a double hybrid, and $mp2 is missing.", {name})
+                             .at(scf.functional_word, "a part of the energy is that of $mp2");
+      if (const Block* const early = job.last_before(*scf.block, "mp2")) {
+        finding.related(*early, "comes too early")
+            .help("move $mp2 behind $scf")
+            .ask_all("move $mp2 behind $scf",
+                     moved_behind(job, early->record(), scf.block->record()));
+      } else {
+        finding.help("add $mp2 behind $scf")
+            .fix("add $mp2 behind $scf", block_added(job, *scf.block, "mp2"));
+      }
     }
   }
 }

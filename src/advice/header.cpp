@@ -42,6 +42,21 @@ TextRange name_in_comment(const ParsedInput& input) {
   return is_name ? line : TextRange{};
 }
 
+// A first line that was to be '#! name': `! name`, `!# name`, `# ! name`, in wide letters. Returns
+// where what comes before the name stands; empty for any other line.
+TextRange misspelt_shebang(const SourceText& source) {
+  constexpr std::array<std::string_view, 4> signs = {"#", "!", "\xEF\xBC\x83", "\xEF\xBC\x81"};
+  const TextRange content = source.content(1);
+  std::string_view rest = source.text_of(content);
+  const std::size_t size = rest.size();
+  const auto is_sign_before = [&rest](std::string_view sign) { return rest.starts_with(sign); };
+  for (auto sign = signs.begin(); sign != signs.end();) {
+    sign = std::find_if(signs.begin(), signs.end(), is_sign_before);
+    rest.remove_prefix(sign == signs.end() ? 0 : sign->size());
+  }
+  return {content.begin, content.begin + size - core::text::trim_view(rest).size()};
+}
+
 void check_shebang_missing(const Job& job, Report& report) {
   const ParsedInput& input = job.input;
   if (!job.specification() || !job.data().has_geometry || !job.data().geometry_terminated ||
@@ -60,8 +75,13 @@ void check_shebang_missing(const Job& job, Report& report) {
   const std::size_t begin = input.source().full_line_range(1).begin;
   const std::string_view line_end = input.source().line_end(1);
   const std::string name = job.folder == nullptr ? "job" : job.folder->job_name;
-  report.add("The line '#!' is missing, without which the header is not read.")
-      .at(input.token_ranges(job.specification().value_or(0)).whole, "passed over")
+  Finding& finding = report.add("The line '#!' is missing, without which the header is not read.");
+  const TextRange sign = misspelt_shebang(input.source());
+  if (!sign.empty() && input.line(1).role == LineRole::Header) {
+    finding.at(sign, "meant to be '#!'?").fix("write '#!'", {sign, "#! "});
+    return;
+  }
+  finding.at(input.token_ranges(job.specification().value_or(0)).whole, "passed over")
       .fix("insert '#! " + name + ".bdf'",
            {{begin, begin}, "#! " + name + ".bdf" + std::string(line_end)});
 }

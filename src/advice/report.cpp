@@ -187,7 +187,13 @@ std::vector<Diagnostic> Report::take() {
   return kept;
 }
 
+// A keyword whose value is not there stays.
 TextEdit value_replaced(const Setting& setting, std::string text) {
+  if (setting.words().empty()) {
+    const std::size_t end = setting.keyword().end;
+    const bool is_in_header = setting.record().kind == RecordKind::EasyToken;
+    return {{end, end}, (is_in_header ? "=" : "\n  ") + text};
+  }
   return {setting.range(), std::move(text)};
 }
 
@@ -226,7 +232,10 @@ TextEdit entry_added(const Job& job, const Block& block, const std::string& name
       break;
     }
   }
-  std::string text = indent + name;
+  const std::size_t last = input.last_line(block.record());
+  const bool is_open = end == 0 && input.source().line_end(last).empty();
+  std::string text(is_open ? line_end_of(job) : std::string_view());
+  text += indent + name;
   text += line_end_of(job);
   if (!value.empty()) {
     text += value_indent + value;

@@ -84,7 +84,9 @@ void check_scf_needs_xuanyuan(const Job& job, Report& report) {
           .ask_all("move $scf behind $xuanyuan",
                    moved_behind(job, scf->record(), later.front()->record()));
     } else if (compass != nullptr && compass->index < scf->index) {
-      finding.fix("add $xuanyuan behind $compass", block_added(job, *compass, "xuanyuan"));
+      const TextEdit edit = block_added(job, *compass, "xuanyuan");
+      const std::string title = "add $xuanyuan behind $compass";
+      job.has("xuanyuan") ? finding.ask(title, edit) : finding.fix(title, edit);
     }
   }
 }

@@ -220,6 +220,16 @@ void check_database_fragment_count(const Job& job, Report& report) {
   }
 }
 
+// Otherwise a number may be missing in a list.
+bool lists_all_atoms(const Job& job, const Database& database) {
+  const auto atoms = job.systems.front().geometry.size();
+  std::int64_t listed = 0;
+  for (const Fragment& fragment : database.fragments) {
+    listed += fragment.listed;
+  }
+  return atoms && static_cast<std::int64_t>(*atoms) == listed;
+}
+
 void check_database_atom_count(const Job& job, Report& report) {
   for (const Database& database : databases_of(job)) {
     for (const Fragment& fragment : database.fragments) {
@@ -232,8 +242,10 @@ void check_database_atom_count(const Job& job, Report& report) {
                                   {fragment.head[1], fragment.head[2], listed})
                              .at(fragment.head[2], "atoms")
                              .help("correct the number, or the list");
+      const TextEdit edit = {range_of(job.input, fragment.head[2]), listed};
       if (fragment.listed > 0) {
-        finding.fix("write " + listed, {range_of(job.input, fragment.head[2]), listed});
+        lists_all_atoms(job, database) ? finding.fix("write " + listed, edit)
+                                       : finding.ask("write " + listed, edit);
       }
     }
   }

@@ -7,11 +7,14 @@
 #include <utility>
 #include <vector>
 
+#include "diagnose/certain_names.hpp"
 #include "diagnose/draft.hpp"
 #include "diagnose/offers.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
+#include "source/lines.hpp"
+#include "validate/value_check.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -85,8 +88,12 @@ void complete_unknown_module(Draft& draft) {
   }
   const TextRange header = draft.statement_on(draft.line);
   draft.mark(header, "not a module");
-  draft.suggest(similar_names(draft.module->name, draft.context.names().modules()), "module",
-                "modules", {std::min(header.begin + 1, header.end), header.end});
+  auto names = similar_names(draft.module->name, draft.context.names().modules());
+  const std::string& name_of_module = draft.module->name;
+  const bool is_certain = names.size() == 1 && is_certain_slip(name_of_module, names.front()) &&
+                          draft.context.names().modules_with_entry(name_of_module).empty();
+  draft.suggest(std::move(names), "module", "modules",
+                {std::min(header.begin + 1, header.end), header.end}, is_certain);
 }
 
 // "charge=1" in a module, as one would write it in the header.
@@ -118,7 +125,7 @@ bool explain_number(Draft& draft) {
   return true;
 }
 
-void name_other_modules(Draft& draft) {
+bool name_other_modules(Draft& draft) {
   std::vector<std::string> others = draft.context.names().modules_with_entry(draft.entry->name);
   for (std::string& other : others) {
     other.insert(0, "$");
@@ -126,6 +133,35 @@ void name_other_modules(Draft& draft) {
   if (!others.empty()) {
     draft.help("it is an entry of " + quoted_choice(others));
   }
+  return !others.empty();
+}
+
+// A value before its keyword, or without one.
+bool explain_value(Draft& draft) {
+  if (!draft.context.is_listed_value(draft.entry->name)) {
+    return false;
+  }
+  draft.help("it is a value, which stands behind its keyword");
+  return true;
+}
+
+// "istore2"
+bool explain_glued_number(Draft& draft, const std::optional<EntrySchemaInfo>& info,
+                          const GluedNumber& glued, const std::vector<ModuleEntry>& siblings,
+                          const ModuleEntry& entry) {
+  if (!info || info->kind == EntryValueKind::Flag || !lines_match({glued.number}, *info)) {
+    return false;
+  }
+  const std::string keyword(glued.keyword);
+  draft.help("write '" + keyword + "' and on the next line its value");
+  draft.diagnostic.suggestions = {keyword};
+  const auto behind = value_behind(siblings, entry);
+  const bool has_value = !behind.empty() && core::number::parse_float(first_word(behind.front()));
+  const bool is_alone = behind.empty() || draft.statement_on(draft.line) == *draft.diagnostic.range;
+  draft.fix("write the value on the next line", draft.diagnostic.range.value_or(TextRange{}),
+            keyword + std::string(draft.line_end()) + "  " + std::string(glued.number),
+            is_alone && !has_value);
+  return true;
 }
 
 // A line that is none of an entry's can be a title, or a row of a block whose first line is
@@ -146,20 +182,37 @@ void complete_unknown_entry(Draft& draft) {
       explain_number(draft)) {
     return;
   }
-  draft.suggest(similar_names(draft.entry->name, draft.context.names().entries(module)), "entry",
-                "entries", draft.diagnostic.range.value_or(TextRange{}), is_slip_of_entry(draft));
-  if (draft.diagnostic.suggestions.empty()) {
-    name_other_modules(draft);
+  const InputSchema& schema = draft.input.schema();
+  const std::string_view word = draft.source.text_of(*draft.diagnostic.range);
+  const auto glued = glued_number(word);
+  if (glued && explain_glued_number(draft, schema.entry_info(module, std::string(glued->keyword)),
+                                    *glued, draft.module->entries, *draft.entry)) {
+    return;
   }
+  if (name_other_modules(draft) || explain_value(draft)) {
+    return;
+  }
+  auto names = similar_names(draft.entry->name, draft.context.names().entries(module));
+  const bool is_certain = names.size() == 1 && is_certain_slip(word, names.front()) &&
+                          is_slip_of_entry(draft) &&
+                          takes_value(*schema.entry_info(module, names.front()),
+                                      value_behind(draft.module->entries, *draft.entry));
+  draft.suggest(std::move(names), "entry", "entries", *draft.diagnostic.range, is_certain);
 }
 
 void complete_unknown_nested_entry(Draft& draft) {
+  const std::string& module = draft.module->name;
   const std::string& block = draft.entry->name;
   draft.mark_word("not an entry of the block '" + block + "'");
-  draft.suggest(similar_names(draft.child->name,
-                              draft.context.names().nested_entries(draft.module->name, block)),
-                "entry", "entries", draft.diagnostic.range.value_or(TextRange{}),
-                is_slip_of_entry(draft));
+  const TextRange range = draft.diagnostic.range.value_or(TextRange{});
+  auto names =
+      similar_names(draft.child->name, draft.context.names().nested_entries(module, block));
+  const bool is_certain =
+      names.size() == 1 && is_certain_slip(draft.source.text_of(range), names.front()) &&
+      is_slip_of_entry(draft) &&
+      takes_value(*draft.input.schema().nested_entry_info(module, block, names.front()),
+                  value_behind(draft.entry->children, *draft.child));
+  draft.suggest(std::move(names), "entry", "entries", range, is_certain);
 }
 
 // -- how modules, entries and blocks stand together

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "advice/advice.hpp"
+#include "diagnose/causes.hpp"
 #include "diagnose/consequences.hpp"
 #include "diagnose/draft.hpp"
 #include "diagnose/finders.hpp"
@@ -15,6 +16,7 @@
 #include "diagnose/missing_lines.hpp"
 #include "diagnose/offers.hpp"
 #include "diagnose/outside_lines.hpp"
+#include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/explain.hpp"
@@ -99,6 +101,26 @@ Draft::Draft(const Fault& about, DiagnoseContext& known)
   diagnostic.path = context.paths.path_of(fault.record);
 }
 
+bool DiagnoseContext::is_listed_value(std::string_view word) {
+  if (!values_) {
+    values_.emplace();
+    const auto add = [this](const std::optional<EntrySchemaInfo>& info) {
+      for (const std::string& value : info ? info->allowed : std::vector<std::string>()) {
+        values_->insert(core::text::to_lower(value));
+      }
+    };
+    for (const std::string& module : names().modules()) {
+      for (const std::string& entry : names().entries(module)) {
+        add(input.schema().entry_info(module, entry));
+      }
+    }
+    for (const std::string& keyword : names().easy_keywords()) {
+      add(input.schema().easy_keyword_info(keyword));
+    }
+  }
+  return values_->count(core::text::to_lower(word)) > 0;
+}
+
 TextRange Draft::statement_on(std::size_t number) const {
   return source.trimmed({source.content(number).begin, input.comment_range(number).begin});
 }
@@ -180,9 +202,11 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
   }
   missing.tell([&](const Diagnostic& found) { in_order.add(found); });
   bool is_certain = missing.empty();
+  Causes causes(input);
   const auto add = [&](const Diagnostic& found) {
     if (!missing.cover(found)) {
       is_certain = is_certain && !hides_parts(found.code);
+      causes.note(found);
       in_order.add(found);
     }
   };
@@ -216,8 +240,8 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
       const bool is_left_out =
           is_about_unlisted_name(found.code) &&
           (options.unknown == UnknownNames::Ignore || is_within(told, found.range));
-      if (!is_left_out) {
-        add(found);
+      if (!is_left_out && !causes.explain(found)) {
+        add(causes.settled(found));
       }
     });
   }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,9 +32,12 @@ class DiagnoseContext {
     }
     return *names_;
   }
+  /// Tells whether some entry or keyword of the header lists a word as one of its values.
+  bool is_listed_value(std::string_view word);
 
  private:
   std::optional<NameLists> names_;
+  std::optional<std::set<std::string>> values_;  ///< in lower case
 };
 
 /// A diagnostic in the making.

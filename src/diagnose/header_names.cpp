@@ -3,6 +3,7 @@
 // told of here, or what can be no name at all.
 
 #include "diagnose/header_names.hpp"
+#include "diagnose/certain_names.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -122,8 +123,9 @@ void HeaderNameFinder::look_at_method(std::size_t token, const TextRange& range)
   }
   diagnostic.range = range;
   diagnostic.label = "not a method";
-  offer_names(diagnostic, similar_names(name, context_.names().methods()), {"method", "methods"},
-              range, true);
+  std::vector<std::string> near = similar_names(name, context_.names().methods());
+  const bool is_certain = near.size() == 1 && is_certain_slip(name, near.front());
+  offer_names(diagnostic, std::move(near), {"method", "methods"}, range, is_certain);
   use_(diagnostic);
 }
 

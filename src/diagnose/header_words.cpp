@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "diagnose/certain_names.hpp"
 #include "diagnose/finders.hpp"
 #include "diagnose/header_names.hpp"
 #include "diagnose/offers.hpp"
@@ -21,6 +22,7 @@
 #include "model/method_specification.hpp"
 #include "schema/easy_token_syntax.hpp"
 #include "source/geometry_line.hpp"
+#include "validate/value_check.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -206,10 +208,9 @@ class HeaderWordFinder {
     if (!near.empty()) {
       offer_names(diagnostic, std::move(near), {"value", "values"}, range, false);
     } else {
-      // Without a method the lines may be no header at all.
-      offer_names(diagnostic, names_near(token), {"keyword", "keywords"}, range,
-                  has_method_specification(input_.data()) &&
-                      can_be_slip(context_.input.source().text_of(range)));
+      near = names_near(token);
+      const bool is_certain = near.size() == 1 && is_certain_keyword(token, name, near.front());
+      offer_names(diagnostic, std::move(near), {"keyword", "keywords"}, range, is_certain);
     }
     use_(diagnostic);
   }
@@ -255,6 +256,20 @@ class HeaderWordFinder {
     const bool is_any_text = info && info->value_type == "string" && info->allowed.empty();
     return tokens_[token + 1].category == "unknown" ||
            (is_any_text && !is_first_on_line(token + 1) && tokens_[token + 1].value.empty());
+  }
+
+  // Without a method the lines may be no header at all. A value must be one that the keyword asks
+  // for; any word would be right of one that asks for none, so that its name must not be short.
+  bool is_certain_keyword(std::size_t token, const std::string& name, const std::string& meant) {
+    const auto info = schema_.easy_keyword_info(meant);
+    const std::string& value = tokens_[token].value;
+    constexpr std::size_t long_enough = 5;
+    const bool takes_any =
+        info && info->allowed.empty() && info->value_type == "string" && meant.size() < long_enough;
+    return has_method_specification(input_.data()) && can_be_slip(name) &&
+           is_certain_slip(name, meant) && context_.names().modules_with_entry(name).empty() &&
+           !context_.is_listed_value(name) &&
+           (value.empty() || (info && !takes_any && value_matches(value, *info)));
   }
 
   void look_for_repetition(std::size_t token) {

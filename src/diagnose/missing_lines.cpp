@@ -16,6 +16,7 @@
 #include "kelp/core/unicode.hpp"
 #include "model/method_specification.hpp"
 #include "model/molecule_names.hpp"
+#include "source/elements.hpp"
 #include "source/geometry_line.hpp"
 #include "source/lines.hpp"
 
@@ -194,7 +195,11 @@ void MissingLines::find_opening_between(const Span& lines, std::string_view term
   for (std::size_t line = lines.first; line <= lines.last; ++line) {
     const std::string_view text = text_on(line);
     if (is_same_line(text, terminator) && input_.line(line).role != LineRole::BlockEnd) {
-      first = first == 0 ? first_internal_coordinate({lines.first, line}) : first;
+      // What looks like an atom of no element is the variable of a scan.
+      if (first == 0 || !is_atom_label(first_word(text_on(first)))) {
+        const std::size_t row = first_internal_coordinate({lines.first, line});
+        first = row == 0 ? first : row;
+      }
       return first == 0 ? void() : add_opening({first, line});
     }
     const GeometryLineKind kind = geometry.kind_of(text);
@@ -230,7 +235,65 @@ std::string_view MissingLines::text_on(std::size_t line) const {
   return input_.source().text_of(statement_on(input_, line));
 }
 
+// `begin geometry`, `geo`, `atoms`: words of their own that nothing else takes. A first value of an
+// entry, or what stands in the header for something, is none.
+bool MissingLines::is_misspelt_opening(std::size_t line) const {
+  const std::string_view text = text_on(line);
+  const LineInfo info = input_.line(line);
+  constexpr std::size_t most_words = 2;
+  std::size_t words = 0;
+  for (std::string_view rest = text; !is_blank(rest); ++words) {
+    core::text::take_word(rest);
+  }
+  if (words == 0 || words > most_words || text.find_first_of("=/$") != std::string_view::npos) {
+    return false;
+  }
+  switch (info.role) {
+    case LineRole::UnknownLine:
+      return true;
+    case LineRole::Value:
+      return input_.value_line(info.record, 0) < line;
+    case LineRole::Header: {
+      const std::size_t byte = input_.source().content(line).begin;
+      const RecordId token = input_.record_at(byte);
+      return token && input_.data().easy_tokens[token.index].category == "unknown";
+    }
+    default:
+      return false;
+  }
+}
+
+// Says what is written of a geometry, whatever else; in wide letters, the first one may be lost.
+bool says_geometry(std::string_view line) {
+  std::string letters;
+  for (const char byte : core::text::to_lower(line)) {
+    letters += core::text::is_space(byte) ? "" : std::string(1, byte);
+  }
+  return letters.find("eomet") != std::string::npos;
+}
+
+void MissingLines::add_misspelt_opening(const Span& lines) {
+  const std::size_t line = lines.first - 1;
+  const TextRange range = statement_on(input_, line);
+  const std::string written = core::unicode::abridged(input_.source().text_of(range));
+  Diagnostic diagnostic = frame_finding(
+      "frame.missing_opening", "'" + written + "' stands where the line 'geometry' is missing.");
+  diagnostic.range = range;
+  diagnostic.label = "meant to be 'geometry'?";
+  diagnostic.record = input_.line(line).record;
+  diagnostic.related.push_back({statement_on(input_, lines.first), "the first atom"});
+  diagnostic.suggestions = {"geometry"};
+  offer_fix(diagnostic, "write 'geometry'", range, "geometry", says_geometry(written));
+  found_.push_back(std::move(diagnostic));
+  spans_.push_back({line, lines.last});
+}
+
 void MissingLines::add_opening(const Span& lines) {
+  lacks_opening_ = true;
+  if (lines.first > 1 && is_misspelt_opening(lines.first - 1)) {
+    add_misspelt_opening(lines);
+    return;
+  }
   const SourceText& source = input_.source();
   Diagnostic diagnostic =
       frame_finding("frame.missing_opening", "The line 'geometry' is missing before these atoms.");
@@ -243,7 +306,6 @@ void MissingLines::add_opening(const Span& lines) {
             "geometry" + std::string(source.line_end(lines.first)), true);
   found_.push_back(std::move(diagnostic));
   spans_.push_back(lines);
-  lacks_opening_ = true;
 }
 
 }  // namespace kelp::input::bdf

@@ -38,6 +38,8 @@ class MissingLines {
   std::size_t first_internal_coordinate(const Span& lines) const;
   std::string_view text_on(std::size_t line) const;
   void add_header(const Span& lines);
+  bool is_misspelt_opening(std::size_t line) const;
+  void add_misspelt_opening(const Span& lines);
   void add_opening(const Span& lines);
   std::vector<std::string> modules_of(const Span& lines);
 
