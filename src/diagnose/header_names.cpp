@@ -3,11 +3,11 @@
 // told of here, or what can be no name at all.
 
 #include "diagnose/header_names.hpp"
-#include "diagnose/certain_names.hpp"
 
 #include <algorithm>
 #include <utility>
 
+#include "diagnose/certain_names.hpp"
 #include "diagnose/likely_names.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/core/unicode.hpp"

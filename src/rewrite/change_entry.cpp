@@ -105,8 +105,7 @@ Problem find_surplus_of_unknown(const std::vector<ModuleEntry>& entries, const M
     return {};
   }
   return refusal(path, unknown + core::text::trim(next->raw_line) + "', if it is one, on " +
-                           line_number(next->location) +
-                           " is not indented; indent it, or change it there");
+                           line_number(next->location) + " is not read with it; change it there");
 }
 
 // The name that a line begins with, whatever is glued to it: `maxiter=50`, `maxiter:`.

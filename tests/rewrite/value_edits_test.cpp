@@ -366,7 +366,8 @@ TEST(RefusedEdits, NameTheLineOfAValueThatIsNotReadAsOne) {
     return edited("$scf\nrhf\n" + lines + "$end\n", edit_of({"scf.oddity=4"})).error;
   };
   EXPECT_THAT(error("oddity 3\n"), ::testing::HasSubstr("line 3; change it there"));
-  EXPECT_THAT(error("oddity\n3\n"), ::testing::HasSubstr("line 4 is not indented"));
+  EXPECT_THAT(error("  oddity\n    3\n"), ::testing::HasSubstr("line 4 is not read with it"));
+  EXPECT_THAT(error("oddity\n3\n"), ::testing::HasSubstr("line 4 is not read with it"));
 }
 
 TEST(RefusedEdits, UnknownNamesAreWrittenWhenAllowed) {

@@ -103,10 +103,6 @@ const Row doubtful[] = {
      "$compass\n$end\n",
      "[bdf.edit_value]"},
     {"a value that is a keyword", {"scf.charge=rhf"}, "$scf\n$end\n", "[bdf.edit_value]"},
-    {"an unknown keyword whose old values cannot be told",
-     {"scf.nosuch=2"},
-     "$scf\n  nosuch\n    1\n$end\n",
-     "[bdf.edit_value]"},
 };
 
 TEST(SetRefuses, WhatWouldDoHarm) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,12 +10,13 @@
 
 namespace kelp::test {
 
-/// A change that is made without a word.
+/// A change that is made, as a rule without a word.
 struct SetRow {
   const char* what;
   std::vector<std::string> arguments;
   const char* from;
   const char* to;
+  const char* told = "";  ///< a part of what is said of it
 };
 
 /// Runs `kelp-bdf set` for a row, and expects what it prints; the file itself stays as it is.
@@ -26,7 +28,8 @@ inline void expect_set(const SetRow& row) {
   const Outcome outcome = program.run(arguments);
   EXPECT_EQ(outcome.status, 0) << row.what << '\n' << outcome.err;
   EXPECT_EQ(outcome.out, row.to) << row.what;
-  EXPECT_EQ(outcome.err, "") << row.what;
+  EXPECT_THAT(outcome.err, ::testing::HasSubstr(row.told)) << row.what;
+  EXPECT_EQ(outcome.err.empty(), *row.told == '\0') << row.what << '\n' << outcome.err;
   EXPECT_EQ(program.read("a.inp"), row.from) << row.what;
 }
 
