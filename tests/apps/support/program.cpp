@@ -28,8 +28,8 @@ Program::Program() : folder_(root_ / "work") {
   setup_.input = root_ / "input";
   setup_.output = root_ / "output";
   setup_.errors = root_ / "errors";
-  for (const char* const name : {"NO_COLOR", "CLICOLOR_FORCE", "FORCE_HYPERLINK", "TERM", "KELP_BDF_INP_SCHEMA_YAML",
-                                 "LC_ALL", "LC_MESSAGES", "LANG"}) {
+  for (const char* const name : {"NO_COLOR", "CLICOLOR_FORCE", "FORCE_HYPERLINK", "TERM",
+                                 "KELP_BDF_INP_SCHEMA_YAML", "LC_ALL", "LC_MESSAGES", "LANG"}) {
     set_variable(name, std::nullopt);
   }
 }
