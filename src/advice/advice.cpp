@@ -22,6 +22,7 @@ std::vector<std::span<const Rule>> all_rules() {
   return {
       atom_number_rules(),           //
       basis_rules(),                 //
+      database_line_rules(),         //
       distance_rules(),              //
       electrons_rules(),             //
       excited_solvation_rules(),     //
@@ -34,6 +35,7 @@ std::vector<std::span<const Rule>> all_rules() {
       header_rules(),                //
       internal_coordinate_rules(),   //
       irrep_rules(),                 //
+      line_between_rules(),          //
       mixed_input_rules(),           //
       optimisation_hessian_rules(),  //
       optimisation_paths_rules(),    //

@@ -44,7 +44,9 @@ class AtomNumbers {
         until_equals(block->get("constrain").rows(), 1);
         scan(block->get("scan").rows());
       } else if (block->name == "nmr") {
+        from_one_ = false;
         first_of_rows(block->get("igatom").rows(), 0);
+        from_one_ = true;
       } else if (block->name == "xuanyuan") {
         first_of_rows(block->get("nuclearradii").rows(), 1);
       } else if (block->name == "autofrag") {
@@ -71,7 +73,8 @@ class AtomNumbers {
   void look_at(Word word) {
     const std::size_t atoms = system_.geometry.size().value_or(0);
     const auto number = core::number::parse_integer(word);
-    if (number && *number > static_cast<std::int64_t>(atoms)) {
+    const bool is_below = number && *number < 1 && from_one_;
+    if (is_below || (number && *number > static_cast<std::int64_t>(atoms))) {
       report_
           .add("There is no atom {}: the molecule has {}.",
                {text_of(*number), text_of(static_cast<std::int64_t>(atoms))})
@@ -148,6 +151,7 @@ class AtomNumbers {
   const Job& job_;
   const System& system_;
   Report& report_;
+  bool from_one_ = true;  ///< no number below 1 has a meaning of its own
 };
 
 void check_atom_number_out_of_range(const Job& job, Report& report) {

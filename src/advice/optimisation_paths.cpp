@@ -117,6 +117,32 @@ Coordinate coordinate_from(const Job& job, const std::vector<Word>& row) {
   return coordinate;
 }
 
+bool are_numbers(const std::vector<Word>& words) {
+  return std::all_of(words.begin(), words.end(),
+                     [](Word word) { return core::number::parse_float(word).has_value(); });
+}
+
+// Atoms, and behind '=' as many numbers as there must be.
+void check_coordinate(const Job& job, const std::vector<Word>& row, std::size_t wanted,
+                      std::string_view help, Report& report) {
+  constexpr std::size_t most = 4;
+  const Coordinate coordinate = coordinate_from(job, row);
+  const std::string_view text = job.input.source().text_of(range_of(job.input, row));
+  const bool has_values = text.find('=') != std::string_view::npos;
+  const bool are_atoms =
+      coordinate.atoms.size() <= most && !coordinate.atoms.empty() &&
+      std::all_of(coordinate.atoms.begin(), coordinate.atoms.end(),
+                  [](Word word) { return core::number::parse_integer(word).has_value(); });
+  const bool has_right_values =
+      has_values && coordinate.values.size() == wanted && are_numbers(coordinate.values);
+  if (are_atoms && (has_right_values || (!has_values && wanted == 1))) {
+    return;
+  }
+  report.add("The line '{}' is no coordinate.", {text})
+      .at(range_of(job.input, row), are_atoms ? "which values?" : "which atoms?")
+      .help(std::string(help));
+}
+
 // A scan: the coordinates, and where their number has a second one beside it, the points.
 struct Scan {
   Setting setting;
@@ -181,6 +207,26 @@ void check_scan_row_count(const Job& job, Report& report) {
                {text_of(scan.coordinates), text_of(lines)})
           .at(range_of(job.input, scan.head), "coordinates")
           .help("each line has the atoms of a coordinate, '=', and start, end and step");
+    }
+  }
+}
+
+void check_coordinate_malformed(const Job& job, Report& report) {
+  constexpr std::size_t start_end_step = 3;
+  for (const Block* const block : job.all("bdfopt")) {
+    const std::vector<std::vector<Word>> rows = block->get("constrain").rows();
+    const auto count = rows.empty() ? std::nullopt : core::number::parse_integer(rows[0].front());
+    for (std::size_t i = 1; !block->is_elided && count && i < rows.size(); ++i) {
+      check_coordinate(job, rows[i], 1,
+                       "write one to four atoms, and '= VALUE' where it is to change", report);
+    }
+  }
+  for (const Scan& scan : scans_of(job)) {
+    for (const std::vector<Word>& row : scan.rows) {
+      if (!scan.points && static_cast<std::int64_t>(scan.rows.size()) == scan.coordinates) {
+        check_coordinate(job, row, start_end_step, "write the atoms, '=', and start, end and step",
+                         report);
+      }
     }
   }
 }
@@ -267,6 +313,7 @@ constexpr auto rules = std::to_array<Rule>({
     {"optimisation.geometry2_without_neb", check_geometry2_without_neb},
     {"optimisation.nframe_before_geometry2", check_nframe_before_geometry2},
     {"optimisation.scan_row_count", check_scan_row_count},
+    {"optimisation.coordinate_malformed", check_coordinate_malformed},
     {"optimisation.scan_interval_sign", check_scan_interval_sign},
     {"optimisation.constraint_repeated_atom", check_constraint_repeated_atom},
 });

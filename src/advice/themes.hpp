@@ -10,6 +10,7 @@ namespace kelp::input::bdf {
 
 std::span<const Rule> atom_number_rules();
 std::span<const Rule> basis_rules();
+std::span<const Rule> database_line_rules();
 std::span<const Rule> distance_rules();
 std::span<const Rule> electrons_rules();
 std::span<const Rule> excited_solvation_rules();
@@ -22,6 +23,7 @@ std::span<const Rule> hamiltonian_rules();
 std::span<const Rule> header_rules();
 std::span<const Rule> internal_coordinate_rules();
 std::span<const Rule> irrep_rules();
+std::span<const Rule> line_between_rules();
 std::span<const Rule> mixed_input_rules();
 std::span<const Rule> optimisation_hessian_rules();
 std::span<const Rule> optimisation_paths_rules();

@@ -62,6 +62,8 @@ bool HeaderNameFinder::is_told_as_whole(std::size_t token) {
     report_second(token);
   } else if (has_empty_part(token)) {
     report_empty_part(token);
+  } else if (are_swapped(token)) {
+    report_swapped(token);
   } else {
     return false;
   }
@@ -89,6 +91,29 @@ void HeaderNameFinder::report_empty_part(std::size_t token) {
     const std::string meant = core::text::join(parts, "/");
     offer_fix(diagnostic, "write '" + meant + "'", *diagnostic.range, meant);
   }
+  use_(diagnostic);
+}
+
+// `cc-pvdz/b3lyp`
+bool HeaderNameFinder::are_swapped(std::size_t token) const {
+  const InputSchema& schema = context_.input.schema();
+  const std::vector<std::string_view> parts =
+      split_at_slashes(context_.input.data().easy_tokens[token].text);
+  return parts.size() == 2 && schema.is_known_basis(parts[0]) && !schema.is_known_basis(parts[1]) &&
+         (schema.is_known_method(parts[1]) || schema.is_known_functional(parts[1]));
+}
+
+void HeaderNameFinder::report_swapped(std::size_t token) {
+  const std::string& text = context_.input.data().easy_tokens[token].text;
+  const std::vector<std::string_view> parts = split_at_slashes(text);
+  const std::string meant = std::string(parts[1]) + "/" + std::string(parts[0]);
+  Diagnostic diagnostic = begin_in_header(
+      context_, token, "header.parts_swapped",
+      "The basis set stands first in the method specification '" + text + "'.", text);
+  diagnostic.range = context_.input.token_ranges(token).whole;
+  diagnostic.label = "the basis set is the last part";
+  diagnostic.suggestions = {meant};
+  offer_fix(diagnostic, "write '" + meant + "'", *diagnostic.range, meant, true);
   use_(diagnostic);
 }
 
@@ -138,11 +163,12 @@ bool HeaderNameFinder::is_method_of_two_parts(std::size_t token, const TextRange
     return false;
   }
   std::vector<std::string> likely = likely_methods(name, context_);
+  const bool is_other = likely_functionals(name, context_).empty();
+  if (likely.empty() && is_other && is_near_to_methods_alone(name, context_)) {
+    likely = similar_names(name, context_.names().methods());
+  }
   const bool is_method = !likely.empty() || name.size() < shortest || is_method_elsewhere(name);
   if (is_method) {
-    if (likely.empty()) {
-      likely = similar_names(name, context_.names().methods());
-    }
     report_unlisted(token, range, "header.unknown_method", {"method", "methods"},
                     std::move(likely));
   }

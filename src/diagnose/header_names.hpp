@@ -34,6 +34,8 @@ class HeaderNameFinder {
   bool is_told_as_whole(std::size_t token);
   bool has_empty_part(std::size_t token) const;
   void report_empty_part(std::size_t token);
+  bool are_swapped(std::size_t token) const;
+  void report_swapped(std::size_t token);
   void report_second(std::size_t token);
   void look_at_method(std::size_t token, const TextRange& range);
   bool is_method_of_two_parts(std::size_t token, const TextRange& range);

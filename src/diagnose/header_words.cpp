@@ -227,7 +227,7 @@ class HeaderWordFinder {
     // `group= charge=1` takes the next keyword for its value.
     const bool has_other = tokens_[token].value.find('=') != std::string::npos;
     if ((!tokens_[token].value.empty() && !has_other) || !needs_value(token) ||
-        (!has_other && is_value_behind(token))) {
+        (!has_other && is_value_behind(token)) || !has_method_specification(input_.data())) {
       return;
     }
     const TokenRanges ranges = input_.token_ranges(token);

@@ -281,6 +281,12 @@ std::vector<std::string> likely_methods(std::string_view name, DiagnoseContext& 
   return likely_names(name, listed);
 }
 
+bool is_near_to_methods_alone(std::string_view name, DiagnoseContext& context) {
+  return !is_among(name, default_knowledge().functionals_elsewhere()) &&
+         similar_names(name, context.names().functionals()).empty() &&
+         !similar_names(name, context.names().methods()).empty();
+}
+
 bool is_method_elsewhere(std::string_view name) {
   return is_among(name, default_knowledge().methods_elsewhere());
 }

@@ -125,14 +125,17 @@ class ModuleNameFinder {
 
   void look_at_words(const TextRange& range, const RecordId& record, ListedNames holds) const {
     const std::string_view text = input_.source().text_of(range);
-    for (const std::string_view word : words_of(text)) {
+    const std::vector<std::string_view> words = words_of(text);
+    for (const std::string_view word : words) {
       const std::size_t begin = range.begin + static_cast<std::size_t>(word.data() - text.data());
-      look_at_name(std::string(word), {begin, begin + word.size()}, record, holds);
+      look_at_name({begin, begin + word.size()}, record, holds, words.size() == 1);
     }
   }
 
-  void look_at_name(const std::string& name, const TextRange& range, const RecordId& record,
-                    ListedNames holds) const {
+  // One of several words may be no name, as the validator has told.
+  void look_at_name(const TextRange& range, const RecordId& record, ListedNames holds,
+                    bool is_alone) const {
+    const std::string name(input_.source().text_of(range));
     const bool is_functional = holds == ListedNames::Functionals;
     const InputSchema& schema = input_.schema();
     // Whole lists are made only for what is not listed.
@@ -141,7 +144,8 @@ class ModuleNameFinder {
     }
     std::vector<std::string> likely = is_functional ? likely_functionals(name, context_)
                                                     : likely_basis_sets(name, context_, options_);
-    if (!likely.empty() || !(is_functional ? can_be_functional(name) : can_be_basis_set(name))) {
+    const bool can_be = is_functional ? can_be_functional(name) : can_be_basis_set(name);
+    if (!likely.empty() || (is_alone && !can_be)) {
       report(range, record, holds, std::move(likely));
     }
   }

@@ -160,7 +160,9 @@ void tell_settings(const ParsedInput& input, const DiagnosticSink& sink) {
       open = is_begin ? line : 0;
     }
     is_elided = is_elided || what == Outside::Elided;
-    is_doubtful = is_doubtful || is_elided || what == Outside::Stray;
+    const bool is_unknown_module = statement.kind == StatementKind::Module &&
+                                   !input.data().modules[statement.module_index].known;
+    is_doubtful = is_doubtful || is_elided || is_unknown_module || what == Outside::Stray;
   }
   if (open != 0 && !is_elided) {
     sink(missing_setting_end(input, open));

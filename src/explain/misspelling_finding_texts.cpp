@@ -47,6 +47,12 @@ constexpr auto texts = std::to_array<FindingText>({
      "A name was lost, or a slash written twice.", "Write the name that is missing, or one slash.",
      "#! neon\npbe0//sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
      "#! neon\npbe0/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n"},
+    {"header.parts_swapped",
+     "A method specification of two parts names a basis set first, and then a method or a "
+     "functional.",
+     "A slip.", "Write the basis set last.",
+     "#! neon\nsto-3g/hf\nGeometry\n  Ne 0 0 0\nEnd Geometry\n",
+     "#! neon\nhf/sto-3g\nGeometry\n  Ne 0 0 0\nEnd Geometry\n", error},
     {"header.second_specification",
      "The header has a second word with slashes, though one specification says all: method, "
      "functional and basis set. Which of the two counts is not documented.",

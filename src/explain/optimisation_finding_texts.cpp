@@ -11,6 +11,19 @@ constexpr auto warning = Severity::Warning;
 constexpr auto error = Severity::Error;
 
 constexpr auto texts = std::to_array<FindingText>({
+    {"optimisation.coordinate_malformed",
+     ""
+     "A line of 'constrain' or 'scan' does not name one to four atoms; or has other than one value "
+     "behind '=', or for a scan other than start, end and step.",
+     "A number was left out, or a word stands in its place.",
+     "Write the atoms, '=' and the values.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\n$end\n"
+     "$bdfopt\nsolver\n  1\nconstrain\n  1\n  1 2 = long\n$end\n$xuanyuan\n$end\n$scf\nrhf"
+     "\n$end\n$resp\ngeom\n$end\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\n$end\n"
+     "$bdfopt\nsolver\n  1\nconstrain\n  1\n  1 2 = 1.2\n$end\n$xuanyuan\n$end\n$scf\nrhf\n"
+     "$end\n$resp\ngeom\n$end\n",
+     warning},
     {"optimisation.bdfopt_needs_gradient",
      "$bdfopt runs the other modules in each step, and one of them must compute the "
      "gradient: $resp with geom, or $grad.",

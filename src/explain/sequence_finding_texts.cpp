@@ -11,6 +11,53 @@ constexpr auto warning = Severity::Warning;
 constexpr auto error = Severity::Error;
 
 constexpr auto texts = std::to_array<FindingText>({
+    {"sequence.database_head",
+     ""
+     "A line of &database looks like the head of a fragment and is none, so that its atoms count "
+     "for the fragment before.",
+     "A slip, or a blank that was left out.", "Write 'fragment NUMBER ATOMS'.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\nnfragment"
+     "\n  1\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n&database\nfragment1 2\n  1 2\n&end\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\nnfragment"
+     "\n  1\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n&database\nfragment 1 2\n  1 2\n&end\n",
+     error},
+    {"sequence.database_atom_twice", "An atom is listed twice in one fragment of &database.",
+     "A slip; then another atom is missing.", "Correct the number.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\nnfragment"
+     "\n  1\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n&database\nfragment 1 2\n  1 1\n&end\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\nnfragment"
+     "\n  1\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n&database\nfragment 1 2\n  1 2\n&end\n",
+     warning},
+    {"sequence.database_fragment_twice", "Two fragments of &database have the same number.",
+     "A head was copied and its number was not changed.", "Give each fragment a number of its own.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\nnfragment"
+     "\n  2\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n&database\nfragment 1 1\n  1\n"
+     "fragment 1 1\n  2\n&end\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\nnfragment"
+     "\n  2\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n&database\nfragment 1 1\n  1\n"
+     "fragment 2 1\n  2\n&end\n",
+     warning},
+    {"sequence.shell_variable",
+     ""
+     "A command between modules names a variable that BDF does not set, but for its case or a "
+     "slip; or has a blank behind the dollar sign, or an open brace. Commands know BDFHOME, "
+     "BDF_TMPDIR, BDF_WORKDIR and BDFTASK.",
+     "A slip: shells tell upper from lower case.", "Write the variable as BDF sets it.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\n$end\n"
+     "$xuanyuan\n$end\n$scf\nrhf\n$end\n"
+     "% cp $BDF_WORKDIR/$BDFTASK.scforb $BDF_TEMPDIR/$BDFTASK.inporb\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\n$end\n"
+     "$xuanyuan\n$end\n$scf\nrhf\n$end\n"
+     "% cp $BDF_WORKDIR/$BDFTASK.scforb $BDF_TMPDIR/$BDFTASK.inporb\n",
+     warning},
+    {"sequence.module_repeated",
+     "A module stands twice, one behind the other, with the same lines.", "It was pasted twice.",
+     "Remove one of them.",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\n$end\n"
+     "$xuanyuan\n$end\n$xuanyuan\n$end\n$scf\nrhf\n$end\n",
+     "$compass\nbasis\n  cc-pvdz\ngeometry\n  N 0 0 0\n  N 0 0 1.1\nend geometry\n$end\n"
+     "$xuanyuan\n$end\n$scf\nrhf\n$end\n",
+     note},
     {"sequence.compass_missing",
      "$compass gives the basis set and the geometry, and no other module has them.",
      "Only a part of an input was copied.", "Begin the input with $compass.",

@@ -82,6 +82,19 @@ const Row rows[] = {
      "h/def2-SVP",
      {"warning header.unknown_method [h]\n"
       "2:1 'h': not a method that is listed\n"}},
+    {"what is near to a method alone",
+     "HHF/def2-SVP",
+     {"warning header.unknown_method [HHF]\n"
+      "2:1 'HHF': not a method that is listed\n"
+      "help: similar methods exist: 'hf', 'rhf' or 'uhf'\n"
+      "meant: hf\n"
+      "meant: rhf\n"
+      "meant: uhf\n"}},
+    {"a basis set that stands first",
+     "def2-SVP/B3LYP opt",
+     {"error header.parts_swapped [def2-SVP/B3LYP]\n"
+      "2:1 'def2-SVP/B3LYP': the basis set is the last part\n"
+      "meant: B3LYP/def2-SVP\n"}},
     {"names with marks that are none of theirs",
      "pbe0,/\"def2-SVP\"",
      {"warning header.unknown_functional [pbe0,]\n"
