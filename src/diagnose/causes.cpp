@@ -88,7 +88,8 @@ bool is_insertion(const TextEdit& edit) {
 
 void Causes::note(const Diagnostic& diagnostic) {
   const std::string_view code = diagnostic.code;
-  const bool is_entry = code == "bdf.unknown_entry" || code == "bdf.unknown_nested_entry";
+  const bool is_entry = code == "bdf.unknown_entry" || code == "bdf.unknown_nested_entry" ||
+                        code == "names.word_behind_flag";
   const bool is_in_header = code == "header.unknown_keyword" || code == "header.unknown_method";
   if (is_entry || code == "bdf.missing_entry_value") {
     blocks_.insert(diagnostic.record.index);

@@ -86,6 +86,15 @@ TEST(SurplusWords, GetALineOfTheirOwn) {
   EXPECT_EQ(apply_edits(text, found[0].fixes[0].edits), "$scf\r\n  rks\r\n  d3 # c\r\n$end\r\n");
 }
 
+// The word may be what the block lacks.
+TEST(SurplusWords, AreToldOfBeforeWhatFollowsFromThem) {
+  const ParsedInput input(
+      "$compass\nbasis\n cc-pvdz\ngeometry\n N 0 0 0\n N 0 0 1.1\nend geometry\n$end\n"
+      "$xuanyuan\n$end\n$scf\nrks dft\n$end\n",
+      shipped_schema());
+  EXPECT_THAT(codes_of(diagnose(input, {})), testing::ElementsAre("names.word_behind_flag"));
+}
+
 // -- rows of basis-block
 
 struct BasisRow {
