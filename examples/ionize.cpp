@@ -30,4 +30,5 @@ int main(int count, char** arguments) {
     editor.set_module_entry("scf", "maxiter", {"200"});
     std::cout << editor.render();
   }
+  return 0;
 }
