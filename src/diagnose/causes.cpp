@@ -75,6 +75,24 @@ constexpr std::array lacks_of_input = {
     "tddft.needs_scf",
 };
 
+// Rules that miss a word, which may stand where it does not belong.
+struct MissedWord {
+  std::string_view code;
+  std::string_view word;
+};
+
+constexpr std::array<MissedWord, 9> missed_words = {{
+    {"basis.basis_missing", "basis"},
+    {"electrons.ks_without_functional", "dft"},
+    {"electrons.method_missing", "rhf"},
+    {"electrons.method_missing", "uhf"},
+    {"electrons.method_missing", "rohf"},
+    {"electrons.method_missing", "rks"},
+    {"electrons.method_missing", "uks"},
+    {"electrons.method_missing", "roks"},
+    {"geometry.geometry_missing", "geometry"},
+}};
+
 template <typename Codes>
 bool holds(const Codes& codes, std::string_view code) {
   return std::find(codes.begin(), codes.end(), code) != codes.end();
@@ -139,6 +157,11 @@ bool Causes::explain(const Diagnostic& advice) const {
   const bool is_unknown_there = is_in_module ? blocks_.count(advice.record.index) > 0 : in_header_;
   if ((is_unknown_there && holds(lacks_of_block, advice.code)) ||
       (between_modules_ && holds(lacks_of_input, advice.code))) {
+    return true;
+  }
+  if (std::any_of(missed_words.begin(), missed_words.end(), [&](const MissedWord& missed) {
+        return missed.code == advice.code && words_.count(std::string(missed.word)) > 0;
+      })) {
     return true;
   }
   if (advice.code.starts_with("electrons.") &&

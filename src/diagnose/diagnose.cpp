@@ -189,6 +189,10 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
     use(empty_input());
     return;
   }
+  if (const auto prefixed = find_prefixed_lines(input.source(), input.schema())) {
+    use(*prefixed);
+    return;
+  }
   DiagnoseContext context(input);
   const MissingLines missing(context);
   const auto start = missing.empty() ? find_strange_start(input) : std::nullopt;

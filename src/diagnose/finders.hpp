@@ -12,6 +12,10 @@ using DiagnosticSink = std::function<void(const Diagnostic&)>;
 
 // Each finder hands over what it finds in the order of the text.
 
+/// Returns the finding that every line of a text begins with the same sign, of a terminal or of a
+/// mail, behind which an input stands.
+std::optional<Diagnostic> find_prefixed_lines(const SourceText& source, const InputSchema& schema);
+
 /// Looks for words of the header that are misspelt, cut or given twice.
 void find_header_words(DiagnoseContext& context, const DiagnoseOptions& options,
                        const DiagnosticSink& use);

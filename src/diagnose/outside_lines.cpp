@@ -3,6 +3,7 @@
 
 #include "diagnose/outside_lines.hpp"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,14 @@ bool is_near_word(std::string_view word, std::string_view wanted) {
   return core::spelling::slips_if_near(word, wanted).has_value();
 }
 
+// `EndSetting`, `End-Setting`
+bool is_joined(std::string_view word, std::string_view first, std::string_view second) {
+  const std::string_view tail = word.substr(std::min(word.size(), first.size()));
+  const bool has_sign = tail.starts_with('-') || tail.starts_with('_');
+  return core::text::equals_ignoring_case(word.substr(0, first.size()), first) &&
+         core::text::equals_ignoring_case(tail.substr(has_sign ? 1 : 0), second);
+}
+
 // `End Settings`, `Modul Setting`, `EndSetting`. What a line is exactly is asked before.
 bool is_near_setting(std::string_view text, std::string_view wanted) {
   std::string_view rest = text;
@@ -31,11 +40,16 @@ bool is_near_setting(std::string_view text, std::string_view wanted) {
   std::string_view wanted_rest = wanted;
   const std::string_view wanted_first = core::text::take_word(wanted_rest);
   const std::string_view wanted_second = core::text::trim_view(wanted_rest);
+  // `End Module`, `End Module Setting`: what ends is named otherwise.
+  const bool ends_module =
+      is_same_line(first, "end") && is_same_line(second, "module") && wanted == setting_end;
+  if (ends_module && (is_blank(rest) || is_same_line(rest, "setting"))) {
+    return true;
+  }
   if (!is_blank(rest)) {
     return false;
   }
-  return second.empty() ? core::text::equals_ignoring_case(
-                              first, std::string(wanted_first) + std::string(wanted_second))
+  return second.empty() ? is_joined(first, wanted_first, wanted_second)
                         : is_near_word(first, wanted_first) && is_near_word(second, wanted_second);
 }
 

@@ -3,9 +3,13 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <utility>
 
-#include "diagnose/draft.hpp"
+#include "diagnose/finders.hpp"
+#include "kelp/core/text.hpp"
+#include "source/lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -44,7 +48,76 @@ Diagnostic text_fault(std::string code, std::string message, TextRange range, st
   return diagnostic;
 }
 
+// The signs that a terminal, a mail or a listing puts before each line.
+bool is_sign_before_lines(char byte) {
+  return byte == '>' || byte == '|' || byte == '$' || byte == '~' || byte == ' ';
+}
+
+// What all lines that say something begin with; empty where that is blanks alone.
+std::string_view common_prefix(const SourceText& source) {
+  constexpr std::size_t least_lines = 4;
+  std::string_view prefix;
+  std::size_t lines = 0;
+  for (std::size_t number = 1; number <= source.line_count(); ++number) {
+    const std::string_view line = source.line(number);
+    if (source.content(number).empty()) {
+      continue;
+    }
+    prefix = lines++ == 0 ? line : prefix;
+    const auto differs = std::mismatch(prefix.begin(), prefix.end(), line.begin(), line.end());
+    prefix = prefix.substr(0, static_cast<std::size_t>(differs.first - prefix.begin()));
+    if (core::text::trim_view(prefix).empty()) {
+      return {};
+    }
+  }
+  const auto end = std::find_if_not(prefix.begin(), prefix.end(), is_sign_before_lines);
+  prefix = prefix.substr(0, static_cast<std::size_t>(end - prefix.begin()));
+  const std::size_t blank = prefix.rfind(' ');
+  prefix = prefix.substr(0, blank == std::string_view::npos ? 0 : blank + 1);
+  return lines < least_lines || core::text::trim_view(prefix).empty() ? std::string_view() : prefix;
+}
+
+bool is_header_behind(std::string_view line, std::string_view prefix, const InputSchema& schema) {
+  if (!line.starts_with(prefix)) {
+    return false;
+  }
+  const std::string_view text = core::text::trim_view(line.substr(prefix.size()));
+  return is_module_header(text) && schema.is_known_module(text.substr(1));
+}
+
 }  // namespace
+
+std::optional<Diagnostic> find_prefixed_lines(const SourceText& source, const InputSchema& schema) {
+  const std::string_view prefix = common_prefix(source);
+  bool has_module = false;
+  for (std::size_t number = 1; number <= source.line_count() && !prefix.empty(); ++number) {
+    has_module = has_module || is_header_behind(source.line(number), prefix, schema);
+  }
+  if (!has_module) {
+    return std::nullopt;
+  }
+  std::size_t first = 1;
+  while (source.content(first).empty()) {
+    ++first;
+  }
+  const std::string sign(core::text::trim_view(prefix));
+  const std::size_t begin = source.line_range(first).begin;
+  Diagnostic diagnostic = text_fault(
+      "text.prefixed_lines", "Every line begins with '" + sign + "', which is no part of an input.",
+      {begin, begin + prefix.size()}, "take it away from the lines");
+  diagnostic.arguments = {sign};
+  Fix fix;
+  fix.title = "take '" + sign + "' away from all lines";
+  fix.is_safe = true;
+  for (std::size_t number = first; number <= source.line_count(); ++number) {
+    const std::size_t at = source.line_range(number).begin;
+    if (!source.content(number).empty()) {
+      fix.edits.push_back({{at, at + prefix.size()}, {}});
+    }
+  }
+  diagnostic.fixes.push_back(std::move(fix));
+  return diagnostic;
+}
 
 std::optional<Diagnostic> find_text_fault(const SourceText& source) {
   const std::string_view text = source.text();

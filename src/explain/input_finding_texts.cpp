@@ -89,6 +89,10 @@ constexpr auto texts = std::to_array<FindingText>({
      "No line of the file ends as lines do: there are carriage returns, but no line feeds.",
      "An old editor, or a transfer between systems.",
      "Save it with Unix line ends; on Linux: tr '\\r' '\\n' < FILE.", "", "", error},
+    {"text.prefixed_lines",
+     "Every line of the file begins with a sign that is no part of an input.",
+     "Lines copied out of a terminal, a mail or a listing.", "Take the sign away from all lines.",
+     "> $scf\n> rhf\n> $end\n> $xuanyuan\n> $end\n", "$scf\nrhf\n$end\n$xuanyuan\n$end\n", error},
 });
 
 }  // namespace

@@ -25,6 +25,19 @@ std::string letters_of(std::string_view text) {
   return letters;
 }
 
+// A letter of another script is one slip, whatever bytes it has.
+std::string with_one_byte_each(std::string_view letters) {
+  std::string bytes;
+  for (const char byte : letters) {
+    constexpr unsigned continues = 0x80U;
+    constexpr unsigned mask = 0xC0U;
+    if ((static_cast<unsigned char>(byte) & mask) != continues) {
+      bytes += byte;
+    }
+  }
+  return bytes;
+}
+
 // Tells whether a line has no more letters than `end` with another sign on either side, and need
 // not be copied to be told that it is none.
 bool is_as_short_as_end(std::string_view line) {
@@ -72,7 +85,7 @@ bool is_near_module_end(std::string_view line) {
   if (core::text::equals_ignoring_case(core::text::take_word(rest), end)) {
     return true;
   }
-  const std::string letters = letters_of(line);
+  const std::string letters = with_one_byte_each(letters_of(line));
   return letters.starts_with('$') && is_near_end_word(std::string_view(letters).substr(1));
 }
 

@@ -96,11 +96,16 @@ void gather_one_line(LineReader& reader, const Keywords& keywords, ModuleEntry& 
 }
 
 // Of lines that nothing but the next keyword ends, the first is a value whatever it says. A word
-// further on that is nearly a keyword is one, unless the entry has such a value.
+// further on that is nearly a keyword is one, unless the entry has such a value; and behind as many
+// fields as an entry takes, no line is its own.
 bool is_swallowed_keyword(const LineReader& reader, const Keywords& keywords,
                           const ModuleEntry& entry) {
-  return reader.reads_as_program() && entry.kind == EntryValueKind::MultiLine &&
-         keywords.may_be_misspelt(reader.line(), entry);
+  if (!reader.reads_as_program() || entry.kind != EntryValueKind::MultiLine) {
+    return false;
+  }
+  const bool is_surplus =
+      !is_blank_or_comment(reader.line()) && keywords.are_fields_complete(entry);
+  return is_surplus || keywords.may_be_misspelt(reader.line(), entry);
 }
 
 void gather_lines(LineReader& reader, const Keywords& keywords, ModuleEntry& entry) {

@@ -74,6 +74,18 @@ bool Keywords::may_be_misspelt(std::string_view line, const ModuleEntry& entry) 
   return !fields.empty() && is_likely_keyword(word, fields.size(), *spec);
 }
 
+bool Keywords::are_fields_complete(const ModuleEntry& entry) const {
+  const EntrySpec* const spec = find(entry.name);
+  if (spec == nullptr || !spec->arity) {
+    return false;
+  }
+  std::vector<std::string_view> fields;
+  for (const std::string_view value : cleaned_lines(entry)) {
+    split_value_tokens(value, fields);
+  }
+  return fields.size() >= *spec->arity;
+}
+
 bool Keywords::has_numbers_behind(const ModuleEntry& entry, std::string_view rest,
                                   std::string_view next) const {
   const EntrySpec* const spec = find(entry.name);

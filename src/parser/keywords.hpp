@@ -25,6 +25,8 @@ class Keywords {
   }
   /// Tells whether a line's first word is such a keyword.
   bool start(std::string_view line) const { return find_start(line).entry != nullptr; }
+  /// Tells whether an entry has all the fields that the schema gives it a number of.
+  bool are_fields_complete(const ModuleEntry& entry) const;
   /// Tells whether a line is one word that is nearly such a keyword, and none of the values that
   /// the schema names for an entry.
   bool may_be_misspelt(std::string_view line, const ModuleEntry& entry) const;

@@ -36,11 +36,33 @@ bool ends_module(std::string_view line) {
   return is_module_end(line) || is_near_module_end(line);
 }
 
+// A module's name without what is written for its dollar: `[COMPASS]`, `> $compass`, another sign
+// of money, a no-break space. A name that nothing is beside stays as it is.
+std::string_view without_signs(std::string_view line) {
+  const auto is_of_name = [](char byte) {
+    const char lower = core::text::to_lower(byte);
+    return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9');
+  };
+  std::string_view name = core::text::trim_view(line);
+  // Comments, commands and databases are what they are.
+  if (name.front() == '$' || name.front() == '#' || name.front() == '*' || name.front() == '%' ||
+      name.front() == '&' || name.front() == '!') {
+    return {};
+  }
+  while (!name.empty() && !is_of_name(name.front())) {
+    name.remove_prefix(1);
+  }
+  while (!name.empty() && !is_of_name(name.back())) {
+    name.remove_suffix(1);
+  }
+  return name;
+}
+
 // A module's name alone on its line, and its end or one of its keywords on the next. A name that is
 // a word of the header, too, stands for the module when an end follows.
 bool lacks_dollar(const LineReader& reader, const InputSchema& schema, Outside where) {
-  const std::string_view name = core::text::trim_view(reader.line());
-  if (name.front() == '$' || !is_one_word(name) || !schema.is_known_module(name)) {
+  const std::string_view name = without_signs(reader.line());
+  if (name.empty() || !is_one_word(name) || !schema.is_known_module(name)) {
     return false;
   }
   const std::string_view next = reader.line_ahead(reader.next_telling(1));
@@ -109,7 +131,7 @@ void mend_opening(LineReader& reader, const InputSchema& schema, Outside where) 
     reader.amend(0, BorderFault::WideDollar,
                  '$' + std::string(behind_wide_dollar(line).value_or(line)));
   } else if (lacks_dollar(reader, schema, where)) {
-    reader.amend(0, BorderFault::MissingDollar, '$' + core::text::trim(line));
+    reader.amend(0, BorderFault::MissingDollar, '$' + std::string(without_signs(line)));
   } else if (where == Outside::Header && is_misspelt_geometry(reader, schema)) {
     reader.amend(0, BorderFault::MisspeltGeometry, "Geometry");
   }

@@ -122,7 +122,8 @@ std::string thrown_together(std::mt19937& random) {
 // Of a line that is there.
 bool is_of_frame(const Diagnostic& diagnostic) {
   return diagnostic.code.starts_with("frame.") && !diagnostic.fixes.empty() &&
-         diagnostic.code != "frame.missing_header" && diagnostic.code != "frame.missing_opening";
+         diagnostic.code != "frame.missing_header" && diagnostic.code != "frame.missing_opening" &&
+         diagnostic.code != "frame.missing_database_end";
 }
 
 // The line of each misspelt border.
