@@ -119,6 +119,7 @@ TEST_F(CheckInHumanForm, LinksCodesToTheirPageWhereThatIsAskedFor) {
   EXPECT_THAT(check(warning_input, {"--color=always"}).out, Not(HasSubstr("\x1B]8")));
 }
 
+#ifndef _WIN32
 TEST(HumanFormOnATerminal, HasLinksWhereTheTerminalIsKnownToShowThem) {
   Program program;
   program.write("a.inp", warning_input);
@@ -136,6 +137,7 @@ TEST(HumanFormOnATerminal, HasLinksWhereTheTerminalIsKnownToShowThem) {
             "== TERM=xterm\n0\n== TERM=xterm VTE_VERSION=6800\n1\n"
             "== TERM=tmux VTE_VERSION=6800\n0\n");
 }
+#endif
 
 }  // namespace
 }  // namespace kelp::test
