@@ -37,6 +37,7 @@ std::vector<std::span<const Rule>> all_rules() {
       irrep_rules(),                 //
       line_between_rules(),          //
       mixed_input_rules(),           //
+      number_rules(),                //
       optimisation_hessian_rules(),  //
       optimisation_paths_rules(),    //
       optimisation_rules(),          //

@@ -85,12 +85,14 @@ std::vector<std::string> lines_of(const Job& job, const Block& block) {
 }
 
 void check_module_repeated(const Job& job, Report& report) {
-  for (std::size_t i = 1; i < job.blocks.size(); ++i) {
+  // An excerpt shows what it likes; of a module that runs once, the vocabulary has told.
+  for (std::size_t i = 1; job.is_complete() && i < job.blocks.size(); ++i) {
     const Block& first = job.blocks[i - 1];
     const Block& second = job.blocks[i];
     const bool has_command = std::any_of(job.shell_lines.begin(), job.shell_lines.end(),
                                          [i](const ShellLine& line) { return line.before == i; });
     if (first.name == second.name && !first.is_elided && !has_command &&
+        job.schema().module_repeatable(first.name) &&
         lines_of(job, first) == lines_of(job, second)) {
       report.add("${} stands twice, one behind the other, with the same lines.", {second.name})
           .at(second, "once more")

@@ -25,6 +25,7 @@ std::span<const Rule> internal_coordinate_rules();
 std::span<const Rule> irrep_rules();
 std::span<const Rule> line_between_rules();
 std::span<const Rule> mixed_input_rules();
+std::span<const Rule> number_rules();
 std::span<const Rule> optimisation_hessian_rules();
 std::span<const Rule> optimisation_paths_rules();
 std::span<const Rule> optimisation_rules();

@@ -44,9 +44,10 @@ class ModuleNameFinder {
           report_second(range, record);
           return;
         }
+        const bool is_first = !has_name || holds == ListedNames::BasisRows;
         has_name = has_name || says_something(text);
         if (!is_told_as_whole(name, record, holds) && !is_malformed(entry, range, record)) {
-          look_at_words(name, record, holds);
+          look_at_words(name, record, holds, is_first);
         }
       }
     }
@@ -123,16 +124,18 @@ class ModuleNameFinder {
     use_(diagnostic);
   }
 
-  void look_at_words(const TextRange& range, const RecordId& record, ListedNames holds) const {
+  // A line behind the first may be no name, nor may one of several words, as the validator has
+  // told.
+  void look_at_words(const TextRange& range, const RecordId& record, ListedNames holds,
+                     bool is_first) const {
     const std::string_view text = input_.source().text_of(range);
     const std::vector<std::string_view> words = words_of(text);
     for (const std::string_view word : words) {
       const std::size_t begin = range.begin + static_cast<std::size_t>(word.data() - text.data());
-      look_at_name({begin, begin + word.size()}, record, holds, words.size() == 1);
+      look_at_name({begin, begin + word.size()}, record, holds, is_first && words.size() == 1);
     }
   }
 
-  // One of several words may be no name, as the validator has told.
   void look_at_name(const TextRange& range, const RecordId& record, ListedNames holds,
                     bool is_alone) const {
     const std::string name(input_.source().text_of(range));

@@ -21,6 +21,7 @@ std::span<const FindingText> functional_finding_texts();
 std::span<const FindingText> geometry_finding_texts();
 std::span<const FindingText> guess_finding_texts();
 std::span<const FindingText> header_finding_texts();
+std::span<const FindingText> numbers_finding_texts();
 std::span<const FindingText> optimisation_finding_texts();
 std::span<const FindingText> resp_finding_texts();
 std::span<const FindingText> sequence_finding_texts();

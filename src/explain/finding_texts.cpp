@@ -9,13 +9,13 @@ namespace kelp::input::bdf {
 namespace {
 
 constexpr auto tables = std::to_array<std::span<const FindingText> (*)()>({
-    input_finding_texts,      comment_finding_texts,      misspelling_finding_texts,
-    frame_finding_texts,      rewrite_finding_texts,      schema_finding_texts,
-    basis_finding_texts,      electrons_finding_texts,    fragments_finding_texts,
-    functional_finding_texts, geometry_finding_texts,     guess_finding_texts,
-    header_finding_texts,     optimisation_finding_texts, resp_finding_texts,
-    sequence_finding_texts,   soc_finding_texts,          solvent_finding_texts,
-    symmetry_finding_texts,   tddft_finding_texts,
+    input_finding_texts,      comment_finding_texts,   misspelling_finding_texts,
+    frame_finding_texts,      rewrite_finding_texts,   schema_finding_texts,
+    basis_finding_texts,      electrons_finding_texts, fragments_finding_texts,
+    functional_finding_texts, geometry_finding_texts,  guess_finding_texts,
+    header_finding_texts,     numbers_finding_texts,   optimisation_finding_texts,
+    resp_finding_texts,       sequence_finding_texts,  soc_finding_texts,
+    solvent_finding_texts,    symmetry_finding_texts,  tddft_finding_texts,
 });
 
 std::vector<FindingText> joined_tables() {
