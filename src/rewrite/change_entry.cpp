@@ -17,6 +17,7 @@
 #include "model/value_lines.hpp"
 #include "rewrite/edit_parts.hpp"
 #include "source/lines.hpp"
+#include "validate/value_check.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -66,6 +67,10 @@ bool says_more(const ModuleEntry& entry, const EntrySchemaInfo& info) {
   const std::string_view rest = behind_first_word(entry);
   if (takes_words_one_by_one(info) && !rest.empty() && rest != lines.front()) {
     return true;
+  }
+  // A value of several words is one: `ultra fine`.
+  if (lines_match(lines, info)) {
+    return false;
   }
   const auto most = info.kind == EntryValueKind::Scalar ? std::optional<std::uint64_t>(1)
                     : info.arity                        ? info.arity
