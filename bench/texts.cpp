@@ -11,7 +11,7 @@ constexpr std::array<std::string_view, 4> modules = {
     "$scf\n  charge\n    0\n  spinmulti\n    1\n  guess\n    atom\n  facex\n    0.25\n"
     "  facco\n    0.8\n  rsomega\n    0.33\n  nptrad\n    75\n  grid\n    fine\n"
     "  maxiter\n    100\n  threne\n    1.0d-8\n$end\n\n",
-    "$tddft\n  imethod\n    1\n  isf\n    0\n  itda\n    1\n  ialda\n    0\n  iroot\n    20\n"
+    "$tddft\n  imethod\n    1\n  isf\n    0\n  itda\n    1\n  iact\n    1\n  iroot\n    20\n"
     "  elw\n    0.125\n  eup\n    10.5\n  idiag\n    1\n  crit_e\n    1.0e-7\n"
     "  crit_vec\n    1.0e-5\n$end\n\n",
     "$resp\n  iprt\n    1\n  norder\n    1\n  maxmem\n    2000\n  nfiles\n    1\n  imethod\n    2\n"

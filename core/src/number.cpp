@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <system_error>
@@ -17,6 +19,9 @@
 
 namespace kelp::core::number {
 namespace {
+
+// Where the processor keeps more digits than a double has, a quotient is rounded twice.
+constexpr bool divides_exactly = FLT_EVAL_METHOD == 0;
 
 bool is_digit(char byte) {
   return byte >= '0' && byte <= '9';
@@ -50,6 +55,38 @@ bool is_written_as_zero(std::string_view number) {
   return true;
 }
 
+// Reads a number of a sign, a few digits and a point among them: a coordinate, most often. Its
+// digits are an integer that a double holds exactly, and so is the power of ten that it is divided
+// by; the quotient of the two is rounded once, to what from_chars makes of the text.
+std::optional<double> parse_few_digits(std::string_view number) {
+  constexpr std::size_t most_digits = 15;
+  static constexpr std::array<double, most_digits + 1> powers = {
+      1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const bool is_negative = number.front() == '-';
+  std::uint64_t digits = 0;
+  std::size_t count = 0;
+  std::size_t decimals = 0;
+  bool has_point = false;
+  for (const char byte : number.substr(is_negative ? 1 : 0)) {
+    if (is_digit(byte)) {
+      digits = digits * 10 + static_cast<std::uint64_t>(byte - '0');
+      decimals += has_point ? 1 : 0;
+      if (++count > most_digits) {
+        return std::nullopt;
+      }
+    } else if (byte == '.' && !has_point) {
+      has_point = true;
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (count == 0 || !divides_exactly) {
+    return std::nullopt;
+  }
+  const double value = static_cast<double>(digits) / powers[decimals];
+  return is_negative ? -value : value;
+}
+
 // Reads in place what is a decimal number from its first byte to its last; nothing else, and no
 // number that strtod might report a range error for, which it also does for some below the smallest
 // normal one that round up to it.
@@ -57,6 +94,9 @@ std::optional<double> parse_plain_decimal(std::string_view text) {
   const std::string_view number = without_plus(text);
   if (!begins_as_decimal(number)) {
     return std::nullopt;
+  }
+  if (const auto few = parse_few_digits(number)) {
+    return few;
   }
   double value = 0.0;
   const char* const end = number.data() + number.size();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 namespace kelp::core::text {
 
@@ -15,6 +16,19 @@ std::string to_lower(std::string_view text) {
     byte = to_lower(byte);
   }
   return lower;
+}
+
+// The eighth bit of each byte tells of it whether it is a capital letter; no sum of the lower seven
+// goes beyond its byte.
+std::uint64_t lower_start(std::string_view text) noexcept {
+  constexpr std::uint64_t ones = 0x0101010101010101U;
+  constexpr std::uint64_t high = 0x80 * ones;
+  std::uint64_t bytes = 0;
+  std::memcpy(&bytes, text.data(), std::min(text.size(), sizeof bytes));
+  const std::uint64_t low = bytes & ~high;
+  const std::uint64_t from_a = low + (0x80 - 'A') * ones;
+  const std::uint64_t beyond_z = low + (0x7f - 'Z') * ones;
+  return bytes | ((from_a & ~beyond_z & ~bytes & high) >> 2U);
 }
 
 std::string to_upper(std::string_view text) {

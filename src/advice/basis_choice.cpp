@@ -12,6 +12,10 @@
 namespace kelp::input::bdf {
 namespace {
 
+const BasisSet* known_set(const Job& job, const std::string& basis) {
+  return basis.empty() ? nullptr : job.knowledge().basis_set(basis);
+}
+
 class BasisBlockReader {
  public:
   BasisBlockReader(const Job& job, BasisChoice& choice) : job_(job), choice_(choice) {}
@@ -39,6 +43,7 @@ class BasisBlockReader {
     } else if (!text.empty() && !is_elision(text)) {
       choice_.name = text;
       choice_.basis = job_.schema().canonical_basis(text);
+      choice_.set = known_set(job_, choice_.basis);
     }
   }
 
@@ -47,7 +52,8 @@ class BasisBlockReader {
     split_value_tokens(labels, words);
     for (const Word label : words) {
       choice_.by_label.emplace(core::text::to_lower(label), choice_.assignments.size());
-      choice_.assignments.push_back({label, name, job_.schema().canonical_basis(name)});
+      const std::string basis = job_.schema().canonical_basis(name);
+      choice_.assignments.push_back({label, name, basis, known_set(job_, basis)});
     }
   }
 
@@ -59,6 +65,9 @@ class BasisBlockReader {
 }  // namespace
 
 const BasisChoice::Assignment* BasisChoice::assignment_of(const Centre& centre) const {
+  if (by_label.empty()) {
+    return nullptr;
+  }
   for (const Word label : {centre.label, symbol_of(centre.element)}) {
     if (const auto found = by_label.find(core::text::to_lower(label)); found != by_label.end()) {
       return &assignments[found->second];
@@ -70,6 +79,11 @@ const BasisChoice::Assignment* BasisChoice::assignment_of(const Centre& centre) 
 const std::string& BasisChoice::of(const Centre& centre) const {
   const Assignment* const found = assignment_of(centre);
   return found == nullptr ? basis : found->basis;
+}
+
+const BasisSet* BasisChoice::set_of(const Centre& centre) const {
+  const Assignment* const found = assignment_of(centre);
+  return found == nullptr ? set : found->set;
 }
 
 Word BasisChoice::written_for(const Centre& centre) const {
@@ -93,6 +107,7 @@ BasisChoice basis_choice_of(const Job& job, const System& system) {
     choice.name = job.input.source().text_of(job.input.specification_ranges(*specification).basis);
     choice.basis = job.basis();
   }
+  choice.set = known_set(job, choice.basis);
   return choice;
 }
 

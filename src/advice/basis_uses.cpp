@@ -24,10 +24,12 @@ std::vector<BasisUse> basis_uses(const Job& job, const System& system) {
   }
   std::set<std::pair<const BasisSet*, int>> seen;
   for (const Centre& centre : system.geometry.centres) {
-    const BasisSet* const set = centre.element > 0 ? job.basis_set_of(system, centre) : nullptr;
-    if (set == nullptr || !seen.emplace(set, centre.element).second) {
+    const BasisSet* const set = centre.element > 0 ? system.basis.set_of(centre) : nullptr;
+    const std::pair use(set, centre.element);
+    if (set == nullptr || seen.count(use) != 0) {
       continue;
     }
+    seen.insert(use);
     const Word written = system.basis.written_for(centre);
     if (!is_own_file(job, written)) {
       uses.push_back({written, set, &centre});

@@ -8,72 +8,14 @@
 
 #include "advice/neighbours.hpp"
 #include "advice/report.hpp"
+#include "advice/surroundings.hpp"
 #include "advice/themes.hpp"
 #include "kelp/core/number.hpp"
 #include "kelp/core/text.hpp"
 #include "model/molecule_names.hpp"
-#include "source/elements.hpp"
 
 namespace kelp::input::bdf {
 namespace {
-
-constexpr double angstrom_per_bohr = 0.529177210903;
-
-Setting unit_of(const Job& job, const System& system) {
-  if (system.compass != nullptr && system.compass->has(unit_name)) {
-    return system.compass->get(unit_name);
-  }
-  return job.header(unit_name);
-}
-
-// Unset for a unit that the program does not have.
-std::optional<double> angstrom_per_unit(const Setting& unit) {
-  if (!unit || unit.is("angstrom") || unit.is("ang")) {
-    return 1.0;
-  }
-  return unit.is("bohr") ? std::optional<double>(angstrom_per_bohr) : std::nullopt;
-}
-
-// The radii of all elements by number; 0 where none is known.
-std::array<double, 128> covalent_radii(const Job& job) {
-  std::array<double, 128> radii{};
-  for (std::size_t number = 1; number < radii.size(); ++number) {
-    const std::string_view symbol = symbol_of(static_cast<int>(number));
-    radii[number] = symbol.empty() ? 0 : job.knowledge().covalent_radius(symbol).value_or(0);
-  }
-  return radii;
-}
-
-// None when the geometry is not certain, or a radius or the unit is not known.
-Atoms atoms_of(const Job& job, const System& system) {
-  const Geometry& geometry = system.geometry;
-  const auto scale = angstrom_per_unit(unit_of(job, system));
-  if (!scale || !geometry.size() || geometry.form != GeometryForm::Cartesian) {
-    return {};
-  }
-  const std::array<double, 128> radii = covalent_radii(job);
-  Atoms atoms;
-  for (std::size_t i = 0; i < geometry.centres.size(); ++i) {
-    const Centre& centre = geometry.centres[i];
-    if (centre.is_ghost()) {
-      continue;
-    }
-    std::array<double, 3> position = centre.position;
-    for (double& coordinate : position) {
-      coordinate *= *scale;
-    }
-    const double radius = radii[static_cast<std::size_t>(centre.element)];
-    const bool is_finite = std::all_of(position.begin(), position.end(),
-                                       [](double number) { return std::isfinite(number); });
-    if (!is_finite || radius <= 0) {
-      return {};
-    }
-    atoms.centres.push_back(i);
-    atoms.positions.push_back(position);
-    atoms.radii.push_back(radius);
-  }
-  return atoms;
-}
 
 std::string rounded(double number) {
   constexpr double per_unit = 1000;
@@ -112,11 +54,18 @@ bool coincides(const Neighbour& neighbour) {
   return neighbour.distance < coinciding;
 }
 
+// The nearest neighbours of all atoms; none where no two are near enough for a rule.
+std::vector<Neighbour> touching(const Job& job, const System& system) {
+  const Surroundings& surroundings = job.surroundings_of(system);
+  return surroundings.has_close_atoms ? neighbours_of(surroundings.atoms, touch_reach)
+                                      : std::vector<Neighbour>();
+}
+
 void check_atoms_coincide(const Job& job, Report& report) {
   for (const System& system : job.systems) {
     const Geometry& geometry = system.geometry;
-    const Atoms atoms = atoms_of(job, system);
-    for (const auto& [later, earlier] : pairs_that(neighbours_of(atoms, touch_reach), coincides)) {
+    const Atoms& atoms = job.surroundings_of(system).atoms;
+    for (const auto& [later, earlier] : pairs_that(touching(job, system), coincides)) {
       const std::size_t left = atoms.centres[earlier];
       const std::size_t right = atoms.centres[later];
       report
@@ -129,15 +78,14 @@ void check_atoms_coincide(const Job& job, Report& report) {
 }
 
 bool is_too_close(const Neighbour& neighbour) {
-  constexpr double least = 0.40;
-  return !coincides(neighbour) && neighbour.ratio < least;
+  return !coincides(neighbour) && neighbour.ratio < close_ratio;
 }
 
 void check_atoms_too_close(const Job& job, Report& report) {
   for (const System& system : job.systems) {
     const Geometry& geometry = system.geometry;
-    const Atoms atoms = atoms_of(job, system);
-    const std::vector<Neighbour> all = neighbours_of(atoms, touch_reach);
+    const Atoms& atoms = job.surroundings_of(system).atoms;
+    const std::vector<Neighbour> all = touching(job, system);
     for (const auto& [later, earlier] : pairs_that(all, is_too_close)) {
       const std::size_t left = atoms.centres[earlier];
       const std::size_t right = atoms.centres[later];
@@ -231,9 +179,27 @@ bool looks_like_angstrom(const Atoms& atoms) {
   return least < most_of_one;
 }
 
+// Tells whether the nearest neighbour of the first atom is nearer than a ratio, whichever it is of
+// several at one distance. To measure its distances is faster than to sort the atoms into cells.
+bool is_first_bonded(const Atoms& atoms, double ratio) {
+  double nearest = bond_reach * bond_reach;
+  double radii = 0;
+  for (std::size_t i = 1; i < atoms.size(); ++i) {
+    const double square = square_between(atoms, 0, i);
+    if (square < nearest || (square == nearest && atoms.radii[i] < radii)) {
+      nearest = square;
+      radii = atoms.radii[i];
+    }
+  }
+  return radii > 0 && std::sqrt(nearest) / (atoms.radii[0] + radii) < ratio;
+}
+
 bool looks_like_bohr(const Atoms& atoms) {
   constexpr double least = 1.6;
   constexpr double most = 2.2;
+  if (is_first_bonded(atoms, least)) {
+    return false;
+  }
   // Most molecules have a bond among the first few atoms; wide cells are for those that have none.
   for (const double reach :
        {bond_reach, 2 * most * *std::max_element(atoms.radii.begin(), atoms.radii.end())}) {
@@ -277,7 +243,7 @@ void report_unit(const Job& job, const System& system, Report& report, const cha
 void check_unit_suspected(const Job& job, Report& report) {
   constexpr std::size_t fewest = 3;
   for (const System& system : job.systems) {
-    const Atoms atoms = atoms_of(job, system);
+    const Atoms& atoms = job.surroundings_of(system).atoms;
     const bool is_embedded = system.compass != nullptr && system.compass->has("extcharge");
     const bool is_in_header = system.geometry.record.kind == RecordKind::Geometry;
     const Setting unit = unit_of(job, system);

@@ -11,6 +11,7 @@
 #include "model/value_lines.hpp"
 #include "source/atom_line.hpp"
 #include "source/elements.hpp"
+#include "source/lines.hpp"
 
 namespace kelp::input::bdf {
 namespace {
@@ -31,15 +32,20 @@ class GeometryReader {
       geometry_.is_certain = false;
       return std::move(geometry_);
     }
-    for (std::size_t line = input_.first_line(geometry_.record) + 1; line < end; ++line) {
-      read_line(clean_value_line(input_.source().line(line)));
+    const std::size_t first = input_.first_line(geometry_.record) + 1;
+    geometry_.centres.reserve(end - std::min(first, end));
+    for (std::size_t line = first; line < end; ++line) {
+      read_line(line, clean_value_line(input_.source().line(line)));
+    }
+    if (geometry_.centres.capacity() > 2 * geometry_.centres.size()) {
+      geometry_.centres.shrink_to_fit();
     }
     add_up();
     return std::move(geometry_);
   }
 
  private:
-  void read_line(std::string_view text) {
+  void read_line(std::size_t line, std::string_view text) {
     if (text.empty()) {
       seen_blank_ = seen_blank_ || !geometry_.centres.empty();
     } else if (text.front() == '*') {
@@ -47,7 +53,7 @@ class GeometryReader {
     } else if (is_elision(text)) {
       geometry_.is_certain = false;
     } else if (!read_file(text)) {
-      read_atoms(text);
+      read_atoms(line, text);
     }
   }
 
@@ -62,9 +68,15 @@ class GeometryReader {
     return true;
   }
 
-  void read_atoms(std::string_view text) {
+  void read_atoms(std::size_t line, std::string_view text) {
     if (geometry_.form == GeometryForm::Internal) {
       read_internal(text);
+      return;
+    }
+    // The numbers of a geometry below the header have been read with the document.
+    if (const LineInfo info = input_.line(line); info.role == LineRole::Atom) {
+      const AtomRecord& atom = input_.data().atoms[info.record.index];
+      add_atom(core::text::take_word(text), {atom.x, atom.y, atom.z});
       return;
     }
     const AtomLine atom = read_atom_line(text);
@@ -72,12 +84,16 @@ class GeometryReader {
       geometry_.form = GeometryForm::Internal;
       read_internal(text);
     } else if (atom.is_atom()) {
-      geometry_.form =
-          geometry_.form == GeometryForm::None ? GeometryForm::Cartesian : geometry_.form;
-      geometry_.centres.push_back({atom.label, element_of_label(atom.label), atom.position});
+      add_atom(atom.label, atom.position);
     } else {
       geometry_.is_certain = false;
     }
+  }
+
+  void add_atom(Word label, const std::array<double, 3>& position) {
+    geometry_.form =
+        geometry_.form == GeometryForm::None ? GeometryForm::Cartesian : geometry_.form;
+    geometry_.centres.push_back({label, element_of_label(label), position});
   }
 
   // A row has an odd number of words, a variable an even one: its name and one or three numbers.
@@ -152,6 +168,10 @@ int element_of_label(Word label) {
 
 bool is_elision(std::string_view line) {
   constexpr std::string_view ellipsis = "\u2026";
+  const char first = first_byte(line);
+  if (first != '.' && first != ellipsis.front()) {
+    return false;
+  }
   line = core::text::trim_view(line);
   if (line.starts_with(ellipsis)) {
     return true;

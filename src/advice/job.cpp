@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "advice/basis_choice.hpp"
+#include "advice/surroundings.hpp"
 #include "kelp/core/text.hpp"
 #include "kelp/input/bdf/value_path.hpp"
 #include "model/molecule_names.hpp"
@@ -36,14 +38,16 @@ Block block_from(const ParsedInput& input, std::size_t index) {
   block.input = &input;
   block.index = index;
   block.name = module.name;
+  block.entries.reserve(module.entries.size());
   for (std::size_t i = 0; i < module.entries.size(); ++i) {
     const ModuleEntry& entry = module.entries[i];
     if (entry.known) {
-      block.entries[entry.name].push_back(i);
+      block.entries.add(entry.name, i);
     } else if (is_unknown_word(input, entry, RecordId::of_entry(index, i))) {
       block.has_unknown_words = true;
     }
   }
+  block.entries.sort();
   return block;
 }
 
@@ -60,18 +64,57 @@ bool names_reference(const Block& scf) {
                      [&](const ReferenceName& it) { return scf.has(it.name); });
 }
 
+void EntriesByName::add(std::string_view name, std::size_t index) {
+  all_.push_back({name, index});
+  bits_ |= bit_of(name);
+}
+
+void EntriesByName::sort() {
+  std::sort(all_.begin(), all_.end(), [](const Entry& one, const Entry& other) {
+    const int order = one.name.compare(other.name);
+    return order == 0 ? one.index < other.index : order < 0;
+  });
+}
+
+std::span<const EntriesByName::Entry> EntriesByName::of(std::string_view name) const {
+  if ((bits_ & bit_of(name)) == 0) {
+    return {};
+  }
+  const auto first =
+      std::lower_bound(all_.begin(), all_.end(), name,
+                       [](const Entry& it, std::string_view wanted) { return it.name < wanted; });
+  const auto last =
+      std::find_if(first, all_.end(), [&](const Entry& it) { return it.name != name; });
+  return std::span(all_).subspan(static_cast<std::size_t>(first - all_.begin()),
+                                 static_cast<std::size_t>(last - first));
+}
+
+std::vector<EntriesByName::Entry> EntriesByName::first_of_each() const {
+  std::vector<Entry> first;
+  std::unique_copy(all_.begin(), all_.end(), std::back_inserter(first),
+                   [](const Entry& one, const Entry& other) { return one.name == other.name; });
+  return first;
+}
+
+std::uint64_t EntriesByName::bit_of(std::string_view name) {
+  if (name.empty()) {
+    return 1;
+  }
+  const auto first = static_cast<unsigned char>(name.front());
+  const auto last = static_cast<unsigned char>(name.back());
+  return std::uint64_t{1} << ((name.size() * 5 + first * 3U + last) % 64);
+}
+
 Setting Block::get(std::string_view entry) const {
-  const auto found = entries.find(entry);
-  return found == entries.end() ? Setting()
-                                : Setting(*input, RecordId::of_entry(index, found->second.front()));
+  const auto found = entries.of(entry);
+  return found.empty() ? Setting()
+                       : Setting(*input, RecordId::of_entry(index, found.front().index));
 }
 
 std::vector<Setting> Block::all(std::string_view entry) const {
   std::vector<Setting> settings;
-  if (const auto found = entries.find(entry); found != entries.end()) {
-    for (const std::size_t i : found->second) {
-      settings.emplace_back(*input, RecordId::of_entry(index, i));
-    }
+  for (const EntriesByName::Entry& it : entries.of(entry)) {
+    settings.emplace_back(*input, RecordId::of_entry(index, it.index));
   }
   return settings;
 }
@@ -117,6 +160,9 @@ void Job::read_blocks() {
   blocks.reserve(data().modules.size());
   for (std::size_t i = 0; i < data().modules.size(); ++i) {
     blocks.push_back(block_from(input, i));
+  }
+  for (const Block& block : blocks) {
+    by_name_[block.name].push_back(&block);
   }
 }
 
@@ -245,11 +291,6 @@ bool Job::lists_all_modules() const {
                      [](const Module& module) { return module.known; });
 }
 
-bool Job::has(std::string_view module) const {
-  return std::any_of(blocks.begin(), blocks.end(),
-                     [&](const Block& block) { return block.name == module; });
-}
-
 Setting Job::header(std::string_view keyword) const {
   const std::vector<EasyKeyword> found = find_easy_keywords(data(), schema(), keyword);
   if (found.empty()) {
@@ -282,20 +323,16 @@ std::string Job::basis() const {
                         : std::string();
 }
 
-std::vector<const Block*> Job::all(std::string_view module) const {
-  std::vector<const Block*> found;
-  for (const Block& block : blocks) {
-    if (block.name == module) {
-      found.push_back(&block);
-    }
-  }
-  return found;
+const std::vector<const Block*>& Job::all(std::string_view module) const {
+  static const std::vector<const Block*> none;
+  const auto found = by_name_.find(module);
+  return found == by_name_.end() ? none : found->second;
 }
 
 std::vector<const Block*> Job::all_before(const Block& block, std::string_view module) const {
   std::vector<const Block*> found;
-  for (const Block* const other : system_of(block).blocks) {
-    if (other->index < block.index && other->name == module) {
+  for (const Block* const other : all(module)) {
+    if (other->index < block.index && other->system == block.system) {
       found.push_back(other);
     }
   }
@@ -304,8 +341,8 @@ std::vector<const Block*> Job::all_before(const Block& block, std::string_view m
 
 std::vector<const Block*> Job::all_after(const Block& block, std::string_view module) const {
   std::vector<const Block*> found;
-  for (const Block* const other : system_of(block).blocks) {
-    if (other->index > block.index && other->name == module) {
+  for (const Block* const other : all(module)) {
+    if (other->index > block.index && other->system == block.system) {
       found.push_back(other);
     }
   }
@@ -313,12 +350,13 @@ std::vector<const Block*> Job::all_after(const Block& block, std::string_view mo
 }
 
 const Block* Job::last_before(const Block& block, std::string_view module) const {
-  for (std::size_t i = block.index; i-- > 0 && blocks[i].system == block.system;) {
-    if (blocks[i].name == module) {
-      return &blocks[i];
+  const Block* last = nullptr;
+  for (const Block* const other : all(module)) {
+    if (other->index < block.index && other->system == block.system) {
+      last = other;
     }
   }
-  return nullptr;
+  return last;
 }
 
 Setting Job::group_of(const System& system) const {
@@ -336,16 +374,20 @@ bool Job::may_have_symmetry(const System& system) const {
   return group != "c(1)" && group != "gen()";
 }
 
-const BasisSet* Job::basis_set_of(const System& system, const Centre& centre) const {
-  const std::string& name = system.basis.of(centre);
-  return name.empty() ? nullptr : knowledge().basis_set(name);
+const Surroundings& Job::surroundings_of(const System& system) const {
+  const auto index = static_cast<std::size_t>(&system - systems.data());
+  surroundings_.resize(systems.size());
+  if (!surroundings_[index]) {
+    surroundings_[index] = make_surroundings(*this, system);
+  }
+  return *surroundings_[index];
 }
 
 bool Job::may_have_odd_core(const System& system) const {
   return system.basis.has_inline ||
          std::any_of(system.geometry.centres.begin(), system.geometry.centres.end(),
                      [&](const Centre& centre) {
-                       const BasisSet* const set = basis_set_of(system, centre);
+                       const BasisSet* const set = system.basis.set_of(centre);
                        return set != nullptr && set->core == CoreSize::FInCore;
                      });
 }
@@ -354,7 +396,7 @@ bool Job::is_all_electron(const System& system) const {
   return !system.basis.has_inline &&
          std::all_of(system.geometry.centres.begin(), system.geometry.centres.end(),
                      [&](const Centre& centre) {
-                       const BasisSet* const set = basis_set_of(system, centre);
+                       const BasisSet* const set = system.basis.set_of(centre);
                        return centre.is_ghost() ||
                               (set != nullptr && centre.element > 0 &&
                                set->covers(centre.element) && !set->has_core_of(centre.element));

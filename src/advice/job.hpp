@@ -5,11 +5,14 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "advice/geometry.hpp"
+#include "advice/neighbours.hpp"
 #include "advice/setting.hpp"
 #include "kelp/input/bdf/diagnostics.hpp"
 #include "kelp/input/bdf/parsed_input.hpp"
@@ -21,6 +24,34 @@ namespace kelp::input::bdf {
 // in a time that grows with its length; names given to it are canonical ones of the vocabulary, in
 // lower case. Everything in it lives as long as the `Job`, and the `Job` as long as the input.
 
+/// The entries of a module by name, those known. Rules ask for names again and again, and most
+/// often in vain: a bit for each name that is there tells that of most.
+class EntriesByName {
+ public:
+  struct Entry {
+    std::string_view name;
+    std::size_t index;  ///< among the module's entries
+  };
+
+  /// Makes room for as many entries as a module has.
+  void reserve(std::size_t count) { all_.reserve(count); }
+  /// Adds an entry; `sort` is to be called behind the last one.
+  void add(std::string_view name, std::size_t index);
+  void sort();
+
+  bool empty() const { return all_.empty(); }
+  /// Returns the entries of a name, in the order of the module.
+  std::span<const Entry> of(std::string_view name) const;
+  /// Returns the first entry of each name, in the order of the names.
+  std::vector<Entry> first_of_each() const;
+
+ private:
+  static std::uint64_t bit_of(std::string_view name);
+
+  std::uint64_t bits_ = 0;
+  std::vector<Entry> all_;
+};
+
 /// A module of the input with its entries by name.
 struct Block {
   const ParsedInput* input = nullptr;
@@ -30,13 +61,13 @@ struct Block {
   std::optional<std::size_t> scf;  ///< index into `Job::scfs` of the nearest before it
   bool is_elided = false;          ///< a line of dots in it says that lines were left out
   bool has_unknown_words = false;
-  std::map<std::string_view, std::vector<std::size_t>> entries;  ///< those known, by name, in order
+  EntriesByName entries;
 
   RecordId record() const { return RecordId::of_module(index); }
   /// Tells whether all its lines are there and understood: what it does not ask for is not wanted.
   bool is_whole() const { return !is_elided && !has_unknown_words; }
   /// Tells whether it has an entry.
-  bool has(std::string_view entry) const { return entries.count(entry) > 0; }
+  bool has(std::string_view entry) const { return !entries.of(entry).empty(); }
   /// Returns the first entry of a name; one that is not there when it has none.
   Setting get(std::string_view entry) const;
   /// Returns all entries of a name.
@@ -48,14 +79,16 @@ struct Block {
 /// Which basis sets a system uses.
 struct BasisChoice {
   struct Assignment {
-    Word label;         ///< of an element or of atoms: `Fe`, `H1`
-    Word name;          ///< of the set, as written
-    std::string basis;  ///< canonical
+    Word label;                     ///< of an element or of atoms: `Fe`, `H1`
+    Word name;                      ///< of the set, as written
+    std::string basis;              ///< canonical
+    const BasisSet* set = nullptr;  ///< what is known of it; null when nothing is
   };
 
   Setting setting;    ///< `basis` or `basis-block` of `$compass`; else none
   Word name;          ///< of the set for all that is not assigned, as written; may be empty
   std::string basis;  ///< the same, canonical; empty when there is none
+  const BasisSet* set = nullptr;  ///< what is known of it; null when nothing is
   std::vector<Assignment> assignments;
   std::map<std::string, std::size_t, std::less<>> by_label;  ///< in lower case, to `assignments`
   bool has_inline = false;  ///< the input brings basis data of its own
@@ -64,6 +97,8 @@ struct BasisChoice {
   const Assignment* assignment_of(const Centre& centre) const;
   /// Returns the canonical name of the set that a centre gets; empty when it gets none.
   const std::string& of(const Centre& centre) const;
+  /// Returns what is known of the set that a centre gets; null when nothing is.
+  const BasisSet* set_of(const Centre& centre) const;
   /// Returns the same as it is written.
   Word written_for(const Centre& centre) const;
 };
@@ -150,7 +185,7 @@ class Job {
   /// only, and all their names are known. Only then is a module missing that is not there.
   bool lists_all_modules() const;
   /// Tells whether it has a module.
-  bool has(std::string_view module) const;
+  bool has(std::string_view module) const { return !all(module).empty(); }
   /// Tells whether `$bdfopt` runs the other modules itself, whatever their order.
   bool is_driven() const { return has("bdfopt"); }
 
@@ -168,7 +203,7 @@ class Job {
   // Modules among each other.
 
   /// Returns the modules of a name, in order.
-  std::vector<const Block*> all(std::string_view module) const;
+  const std::vector<const Block*>& all(std::string_view module) const;
   /// Returns the last module of a name before a block, of the same system; null when there is none.
   const Block* last_before(const Block& block, std::string_view module) const;
   /// Returns the modules of a name before a block, of the same system.
@@ -180,6 +215,12 @@ class Job {
   const Scf* scf_of(const Block& block) const { return block.scf ? &scfs[*block.scf] : nullptr; }
   const System& system_of(const Block& block) const { return systems[block.system]; }
 
+  // Atoms in space.
+
+  /// Returns the atoms of a system in space. They are made when they are asked for first: a `Job`
+  /// is for one thread.
+  const Surroundings& surroundings_of(const System& system) const;
+
   // Symmetry.
 
   /// Returns where the point group of a system is chosen: in its `$compass`, else in the header.
@@ -189,8 +230,6 @@ class Job {
 
   // Basis sets.
 
-  /// Returns what is known of the set that a centre gets; null when nothing is.
-  const BasisSet* basis_set_of(const System& system, const Centre& centre) const;
   /// Tells whether a core of the system may hold an odd number of electrons: the parity of the
   /// electrons then proves nothing.
   bool may_have_odd_core(const System& system) const;
@@ -208,6 +247,8 @@ class Job {
   std::optional<std::size_t> specification_;
   bool is_complete_ = false;
   bool has_elision_outside_ = false;
+  std::unordered_map<std::string_view, std::vector<const Block*>> by_name_;
+  mutable std::vector<std::optional<Surroundings>> surroundings_;  ///< of each system
 };
 
 }  // namespace kelp::input::bdf

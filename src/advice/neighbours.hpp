@@ -23,6 +23,30 @@ struct Atoms {
   std::vector<double> radii;
 
   std::size_t size() const { return centres.size(); }
+  void reserve(std::size_t count) {
+    centres.reserve(count);
+    positions.reserve(count);
+    radii.reserve(count);
+  }
+};
+
+/// Returns the square of the distance between two atoms.
+inline double square_between(const Atoms& atoms, std::size_t one, std::size_t other) {
+  double square = 0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    const double apart = atoms.positions[one][axis] - atoms.positions[other][axis];
+    square += apart * apart;
+  }
+  return square;
+}
+
+/// Atoms whose distance is less than this times the sum of their covalent radii are too close.
+inline constexpr double close_ratio = 0.40;
+
+/// The atoms of one system in space.
+struct Surroundings {
+  Atoms atoms;                   ///< none when anything about them is not certain
+  bool has_close_atoms = false;  ///< unset when no two of them are too close or coincide
 };
 
 /// Atoms in cells of space, to look for neighbours nearer than the edge of a cell. Making it, and
@@ -46,6 +70,10 @@ class Cells {
   std::vector<std::size_t> last_;  ///< of each bucket
   std::vector<std::size_t> next_;  ///< before an atom in its bucket
 };
+
+/// Tells whether any two atoms are as near to each other as this, in angstrom; it may say so of a
+/// crowd of atoms that are not. Takes a fraction of the time of looking for neighbours.
+bool has_pair_within(const Atoms& atoms, double distance);
 
 /// Returns the nearest neighbours of all atoms within reach, in angstrom.
 std::vector<Neighbour> neighbours_of(const Atoms& atoms, double reach);

@@ -223,8 +223,8 @@ TextEdit entry_added(const Job& job, const Block& block, const std::string& name
       end == 0 ? input.range(block.record()).end : input.source().full_line_range(end).begin;
   std::string indent = indentation(job, header);
   std::string value_indent = indent + "  ";
-  for (const auto& [known, indices] : block.entries) {
-    const RecordId record = RecordId::of_entry(block.index, indices.front());
+  for (const EntriesByName::Entry& entry : block.entries.first_of_each()) {
+    const RecordId record = RecordId::of_entry(block.index, entry.index);
     indent = indentation(job, input.first_line(record));
     const std::size_t line = input.value_line(record, 0);
     if (line > input.first_line(record) && line <= input.last_line(record)) {

@@ -1,5 +1,7 @@
 #include "advice/setting.hpp"
 
+#include <utility>
+
 #include "kelp/core/number.hpp"
 #include "model/value_lines.hpp"
 #include "schema/normalize_key.hpp"
@@ -55,30 +57,81 @@ std::vector<Word> Setting::words() const {
   return words;
 }
 
+// What an entry says stands in the document, too, where nothing has to be cut out of the text.
+template <typename Use>
+void Setting::for_each_line(Use use) const {
+  if (!*this) {
+    return;
+  }
+  if (record_.kind == RecordKind::EasyToken) {
+    for (const TextRange& range : value_) {
+      if (!use(input_->source().text_of(range))) {
+        return;
+      }
+    }
+    return;
+  }
+  const ModuleEntry* const entry = entry_or_child(input_->data(), record_);
+  for (std::size_t i = 0; entry != nullptr && i < entry->values.size(); ++i) {
+    const std::string_view line = clean_value_line(entry->values[i]);
+    if (!line.empty() && !use(line)) {
+      return;
+    }
+  }
+}
+
+template <typename Use>
+void Setting::for_each_word(Use use) const {
+  for_each_line([&](std::string_view line) {
+    for (auto word = take_value_token(line); !word.empty(); word = take_value_token(line)) {
+      if (!use(word)) {
+        return false;
+      }
+    }
+    return true;
+  });
+}
+
+std::string_view Setting::only_word() const {
+  std::string_view only;
+  for_each_word([&](std::string_view word) {
+    const bool is_first = only.empty();
+    only = is_first ? word : std::string_view();
+    return is_first;
+  });
+  return only;
+}
+
 std::string Setting::text() const {
-  const std::vector<TextRange> value = lines();
-  return value.empty() ? std::string() : normalize_key(input_->source().text_of(value.front()));
+  std::string first;
+  for_each_line([&](std::string_view line) {
+    first = normalize_key(line);
+    return false;
+  });
+  return first;
 }
 
 std::optional<std::int64_t> Setting::integer() const {
-  const std::vector<Word> all = words();
-  return all.size() == 1 ? core::number::parse_integer(all.front()) : std::nullopt;
+  const std::string_view word = only_word();
+  return word.empty() ? std::nullopt : core::number::parse_integer(word);
 }
 
 std::optional<double> Setting::number() const {
-  const std::vector<Word> all = words();
-  return all.size() == 1 ? core::number::parse_float(all.front()) : std::nullopt;
+  const std::string_view word = only_word();
+  return word.empty() ? std::nullopt : core::number::parse_float(word);
 }
 
 std::optional<std::vector<std::int64_t>> Setting::integers() const {
-  std::vector<std::int64_t> numbers;
-  for (const Word word : words()) {
+  std::optional<std::vector<std::int64_t>> numbers(std::in_place);
+  for_each_word([&](std::string_view word) {
     const auto number = core::number::parse_integer(word);
-    if (!number) {
-      return std::nullopt;
+    if (number) {
+      numbers->push_back(*number);
+    } else {
+      numbers.reset();
     }
-    numbers.push_back(*number);
-  }
+    return number.has_value();
+  });
   return numbers;
 }
 

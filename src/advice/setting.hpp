@@ -59,6 +59,14 @@ class Setting {
 
  private:
   std::vector<TextRange> lines() const;
+  /// Calls `use` with what each line says, until it returns false.
+  template <typename Use>
+  void for_each_line(Use use) const;
+  /// Calls `use` with each word, until it returns false.
+  template <typename Use>
+  void for_each_word(Use use) const;
+  /// Returns the word of a value that is one; empty for any other.
+  std::string_view only_word() const;
 
   const ParsedInput* input_ = nullptr;
   RecordId record_;

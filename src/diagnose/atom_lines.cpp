@@ -50,7 +50,7 @@ class AtomLineFinder {
       if (is_border || (!lines.has_end && !may_be_atom(text))) {
         return;
       }
-      look_at_line(lines, number, reader);
+      look_at_line(lines, number, text, reader);
     }
   }
 
@@ -100,8 +100,8 @@ class AtomLineFinder {
     return is_atom ? first : first + 1;
   }
 
-  void look_at_line(const GeometryLines& lines, std::size_t number, GeometryReader& reader) {
-    const std::string_view text = text_of(number);
+  void look_at_line(const GeometryLines& lines, std::size_t number, std::string_view text,
+                    GeometryReader& reader) {
     switch (reader.take(text)) {
       case GeometryLineKind::Malformed:
         report_malformed(lines, number, reader);
@@ -111,7 +111,7 @@ class AtomLineFinder {
         check_surplus(lines, number);
         return check_element(lines, number);
       case GeometryLineKind::Internal:
-        return check_element(lines, number);
+        return check_element(lines, number, text);
       default:
         return;
     }
@@ -166,9 +166,8 @@ class AtomLineFinder {
     use_(diagnostic);
   }
 
-  void check_element(const GeometryLines& lines, std::size_t number) const {
-    const std::string_view text = text_of(number);
-    const std::string_view label = words_of(text)[0];
+  void check_element(const GeometryLines& lines, std::size_t number, std::string_view text) const {
+    const std::string_view label = core::text::take_word(text);
     if (is_atom_label(label)) {
       return check_label(lines, number, label);
     }

@@ -48,6 +48,8 @@ const BDFData& BDFEditor::data() const noexcept {
 void BDFEditor::set_data(BDFData data) {
   complete_order(data);
   data_ = std::move(data);
+  by_name_.clear();
+  may_be_renamed_ = false;
 }
 
 void BDFEditor::set_mode(InputMode mode) {
@@ -91,6 +93,8 @@ const Module* BDFEditor::module(std::string_view name, std::size_t index) const 
 }
 
 Module* BDFEditor::module(std::string_view name, std::size_t index) noexcept {
+  by_name_.clear();
+  may_be_renamed_ = true;
   return const_cast<Module*>(std::as_const(*this).module(name, index));
 }
 

@@ -77,11 +77,50 @@ Module BDFEditor::make_module(std::string name) const {
 }
 
 Module* BDFEditor::append_module(std::string name) {
+  Module* const added = add_module(std::move(name));
+  forget_index();
+  return added;
+}
+
+Module* BDFEditor::add_module(std::string name) {
   ensure_statement_order();
   Module made = make_module(std::move(name));
   make_room(data_.modules);
   data_.statements.push_back({StatementKind::Module, data_.modules.size(), {}, std::nullopt});
-  return &data_.modules.emplace_back(std::move(made));
+  Module& added = data_.modules.emplace_back(std::move(made));
+  if (!by_name_.empty()) {
+    index_module(data_.modules.size() - 1);
+  }
+  return &added;
+}
+
+void BDFEditor::index_module(std::size_t index) {
+  const AliasMap& aliases = SchemaAccess::impl(schema_).module_aliases;
+  by_name_[canonical_name(aliases, data_.modules[index].name)].push_back(index);
+}
+
+void BDFEditor::forget_index() {
+  by_name_.clear();
+  may_be_renamed_ = true;
+}
+
+// Does what `module` does. To go through all modules up to the n-th for each of them takes the
+// square of their number; the first ones are found as fast that way.
+Module* BDFEditor::find_module_to_edit(std::string_view name, std::size_t index) {
+  constexpr std::size_t few = 32;
+  if (may_be_renamed_ || index < few || name.data() == nullptr) {
+    return const_cast<Module*>(std::as_const(*this).module(name, index));
+  }
+  if (by_name_.empty()) {
+    for (std::size_t i = 0; i < data_.modules.size(); ++i) {
+      index_module(i);
+    }
+  }
+  const auto found =
+      by_name_.find(canonical_name(SchemaAccess::impl(schema_).module_aliases, name));
+  return found == by_name_.end() || index >= found->second.size()
+             ? nullptr
+             : &data_.modules[found->second[index]];
 }
 
 Module* BDFEditor::upsert_module(std::string name) {
@@ -98,10 +137,11 @@ Module* BDFEditor::upsert_module(std::string name) {
 }
 
 bool BDFEditor::remove_module(std::string_view name, std::size_t index) {
-  const Module* const found = module(name, index);
+  const Module* const found = find_module_to_edit(name, index);
   if (found == nullptr) {
     return false;
   }
+  by_name_.clear();
   const std::ptrdiff_t position = found - data_.modules.data();
   data_.modules.erase(data_.modules.begin() + position);
   rebuild_statement_module_indices_after_erase(static_cast<std::size_t>(position));
@@ -121,6 +161,7 @@ bool BDFEditor::remove_module(std::string_view name) {
     removed_up_to.push_back(removed);
   }
   if (removed > 0) {
+    by_name_.clear();
     std::erase_if(data_.modules, [&](const Module& module) { return matches(module.name); });
     forget_modules(data_.statements, removed_up_to);
   }
@@ -136,12 +177,12 @@ Module* BDFEditor::find_or_create_module(std::string_view name, std::size_t inde
   const std::string canonical = schema_.canonical_module(wanted);
   const bool chained = schema_.canonical_module(canonical) != canonical;
   const auto find = [&]() -> Module* {
-    Module* const found = module(wanted, index);
+    Module* const found = find_module_to_edit(wanted, index);
     return found == nullptr && chained ? stored_under(data_.modules, canonical, index) : found;
   };
   Module* found = find();
   while (found == nullptr) {
-    append_module(wanted);
+    add_module(wanted);
     found = find();
   }
   return found;
@@ -179,7 +220,7 @@ ModuleEntry* BDFEditor::set_module_entry(std::string_view module, std::string na
 
 bool BDFEditor::remove_module_entry(std::string_view module, std::size_t module_index,
                                     std::string_view name, std::optional<std::size_t> occurrence) {
-  Module* const target = this->module(module, module_index);
+  Module* const target = find_module_to_edit(module, module_index);
   if (target == nullptr) {
     return false;
   }

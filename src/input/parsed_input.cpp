@@ -108,6 +108,17 @@ struct ParsedInput::Impl {
     return std::binary_search(map.inline_values.begin(), map.inline_values.end(),
                               first_line(record));
   }
+  // What a line says as that of a value.
+  TextRange value_on(std::size_t number) const {
+    const TextRange line = source.line_range(number);
+    if (this->line(number).role == LineRole::Comment) {
+      return {line.begin, line.begin};
+    }
+    const std::string_view text = source.text_of(line);
+    const std::string_view value = clean_value_line(text);
+    const std::size_t begin = line.begin + static_cast<std::size_t>(value.data() - text.data());
+    return {begin, begin + value.size()};
+  }
   LineInfo line(std::size_t number) const {
     return number < map.lines.size() ? map.lines[number] : LineInfo{};
   }
@@ -232,25 +243,21 @@ std::size_t ParsedInput::value_line(const RecordId& record, std::size_t index) c
 }
 
 TextRange ParsedInput::value_range(const RecordId& record, std::size_t index) const {
-  if (index == 0 && impl_->has_inline_value(record)) {
-    return behind_keyword(record);
-  }
-  const std::size_t number = value_line(record, index);
-  const TextRange line = source().line_range(number);
-  if (this->line(number).role == LineRole::Comment) {
-    return {line.begin, line.begin};
-  }
-  const std::string_view text = source().text_of(line);
-  const std::string_view value = clean_value_line(text);
-  const std::size_t begin = line.begin + static_cast<std::size_t>(value.data() - text.data());
-  return {begin, begin + value.size()};
+  return index == 0 && impl_->has_inline_value(record) ? behind_keyword(record)
+                                                       : impl_->value_on(value_line(record, index));
 }
 
 std::vector<TextRange> ParsedInput::value_ranges(const RecordId& record) const {
   std::vector<TextRange> ranges;
   const ModuleEntry* const entry = entry_or_child(data(), record);
-  for (std::size_t i = 0; entry != nullptr && i < entry->values.size(); ++i) {
-    const TextRange range = value_range(record, i);
+  if (entry == nullptr || entry->values.empty()) {
+    return ranges;
+  }
+  const bool is_inline = impl_->has_inline_value(record);
+  const std::size_t first = value_line(record, 0);
+  for (std::size_t i = 0; i < entry->values.size(); ++i) {
+    const TextRange range =
+        i == 0 && is_inline ? behind_keyword(record) : impl_->value_on(first + i);
     if (!range.empty()) {
       ranges.push_back(range);
     }

@@ -54,19 +54,23 @@ std::string first_value(const ModuleEntry& entry) {
   return {};
 }
 
+std::string_view take_value_token(std::string_view& rest) {
+  std::size_t begin = 0;
+  while (begin < rest.size() && is_separator(rest[begin])) {
+    ++begin;
+  }
+  std::size_t end = begin;
+  while (end < rest.size() && !is_separator(rest[end])) {
+    ++end;
+  }
+  const std::string_view token = rest.substr(begin, end - begin);
+  rest.remove_prefix(end);
+  return token;
+}
+
 void split_value_tokens(std::string_view line, std::vector<std::string_view>& tokens) {
-  std::size_t at = 0;
-  while (at < line.size()) {
-    while (at < line.size() && is_separator(line[at])) {
-      ++at;
-    }
-    const std::size_t begin = at;
-    while (at < line.size() && !is_separator(line[at])) {
-      ++at;
-    }
-    if (at > begin) {
-      tokens.push_back(line.substr(begin, at - begin));
-    }
+  for (auto token = take_value_token(line); !token.empty(); token = take_value_token(line)) {
+    tokens.push_back(token);
   }
 }
 

@@ -31,6 +31,10 @@ std::vector<ValueLine> numbered_lines(const std::vector<std::string>& values);
 /// Returns the first of an entry's cleaned lines, normalised; empty if there is none.
 std::string first_value(const ModuleEntry& entry);
 
+/// Cuts the first field, which white space or commas end, off `rest` and returns it; empty when
+/// none is left.
+std::string_view take_value_token(std::string_view& rest);
+
 /// Appends a line's fields, which white space and commas separate, to `tokens`.
 void split_value_tokens(std::string_view line, std::vector<std::string_view>& tokens);
 

@@ -58,7 +58,7 @@ bool is_near_end_word(std::string_view letters) {
 }  // namespace
 
 std::optional<std::string_view> behind_wide_dollar(std::string_view line) {
-  if (first_byte(line) != '\xEF') {
+  if (first_byte(line) != first_of_wide_dollar) {
     return std::nullopt;
   }
   const std::string_view text = core::text::trim_view(line);

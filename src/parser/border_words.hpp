@@ -11,6 +11,9 @@ namespace kelp::input::bdf {
 // What a misspelt border looks like. Each looks at the line without the white space around it and
 // without its comment.
 
+/// The first byte of the signs that look like a dollar.
+inline constexpr char first_of_wide_dollar = '\xEF';
+
 /// Returns what stands behind a sign that looks like a dollar but is none (U+FF04, U+FE69); nothing
 /// for any other line.
 std::optional<std::string_view> behind_wide_dollar(std::string_view line);

@@ -12,7 +12,7 @@ namespace kelp::input::bdf {
 namespace {
 
 bool at_border(const LineReader& reader) {
-  return reader.at_end() || reader.at_break() || is_module_border(reader.line());
+  return reader.at_end() || reader.at_break() || reader.at_module_border();
 }
 
 // Tells whether a line is none of an entry's values. The line that closes the block around an entry
@@ -23,7 +23,8 @@ bool is_stop(const LineReader& reader, std::string_view line, const Keywords& ke
 }
 
 bool at_stop(const LineReader& reader, const Keywords& keywords) {
-  return reader.at_end() || reader.at_break() || is_stop(reader, reader.line(), keywords);
+  return at_border(reader) || keywords.have(reader.word()) ||
+         (reader.reads_as_program() && keywords.end(reader.line()));
 }
 
 // Fragments are defined by rows of numbers in which a star stands for one that is worked out.
@@ -52,7 +53,13 @@ bool is_blank_or_comment(std::string_view line) {
 // Returns how far ahead the line is that holds the value of a keyword, blank lines and comments
 // passed over; nothing when another keyword, or the module's end, comes first.
 std::optional<std::size_t> distance_to_value(const LineReader& reader, const Keywords& keywords) {
-  for (std::size_t distance = 0; distance < reader.lines_left(); ++distance) {
+  if (at_stop(reader, keywords)) {
+    return std::nullopt;
+  }
+  if (!is_blank_or_comment(reader.line())) {
+    return 0;
+  }
+  for (std::size_t distance = 1; distance < reader.lines_left(); ++distance) {
     const std::string_view line = reader.line_ahead(distance);
     if (reader.at_break(distance) || is_stop(reader, line, keywords)) {
       break;
@@ -68,6 +75,9 @@ std::optional<std::size_t> distance_to_value(const LineReader& reader, const Key
 // keyword's.
 std::optional<std::size_t> distance_to_title(const LineReader& reader, const Keywords& keywords,
                                              const ModuleEntry& entry) {
+  if (!keywords.has_titles(entry.name)) {
+    return std::nullopt;
+  }
   const std::size_t title = reader.next_telling(0);
   const std::string_view next = reader.line_ahead(reader.next_telling(title + 1));
   if (reader.at_break(title) || !keywords.is_title(entry.name, reader.line_ahead(title), next)) {
@@ -142,7 +152,7 @@ void gather_block(LineReader& reader, ModuleEntry& entry) {
       reader.skip(LineRole::BlockEnd);
       return;
     }
-    if (is_module_border(reader.line())) {
+    if (reader.at_module_border()) {
       return;
     }
     take_value(reader, entry);

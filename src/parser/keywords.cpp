@@ -94,12 +94,15 @@ bool Keywords::has_numbers_behind(const ModuleEntry& entry, std::string_view res
          !is_value_of(word, *spec) && are_numbers_of(rest, *spec);
 }
 
+bool takes_title(const EntrySpec* entry) {
+  return entry != nullptr && entry->name == "title" && entry->kind == EntryValueKind::Scalar &&
+         entry->value_type == "string" && entry->allowed.empty();
+}
+
 bool Keywords::is_title(std::string_view entry, std::string_view line,
                         std::string_view next) const {
-  const EntrySpec* const title = find(entry);
-  const EntrySpec* const keyword = find(first_word(line));
-  if (title == nullptr || title->name != "title" || title->kind != EntryValueKind::Scalar ||
-      title->value_type != "string" || !title->allowed.empty() || keyword == nullptr) {
+  const EntrySpec* const keyword = has_titles(entry) ? find(first_word(line)) : nullptr;
+  if (keyword == nullptr) {
     return false;
   }
   std::string_view rest = line;

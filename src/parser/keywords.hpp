@@ -8,6 +8,9 @@
 
 namespace kelp::input::bdf {
 
+/// Tells whether an entry, which may be null, is the keyword `title`, whose value is one text.
+bool takes_title(const EntrySpec* entry);
+
 /// The keywords that start an entry at some place: those of a module, or those of a nested block.
 /// Null stands for a module or block that the schema does not know.
 class Keywords {
@@ -15,16 +18,17 @@ class Keywords {
   explicit Keywords(const ModuleSpec* module) : module_(module) {}
   explicit Keywords(const EntrySpec* block) : block_(block) {}
 
-  /// Returns what a line's first word leads to; no entry where it is no such keyword.
-  KnownName<EntrySpec> find_start(std::string_view line) const {
-    const std::string_view word = first_word(line);
+  /// Returns what the first word of a line leads to; no entry where it is no such keyword.
+  KnownName<EntrySpec> find_word(std::string_view word) const {
     if (word.empty()) {
       return {};
     }
     return module_ != nullptr ? find_known_entry(module_, word) : find_known_child(block_, word);
   }
+  /// Tells whether the first word of a line is such a keyword.
+  bool have(std::string_view word) const { return find_word(word).entry != nullptr; }
   /// Tells whether a line's first word is such a keyword.
-  bool start(std::string_view line) const { return find_start(line).entry != nullptr; }
+  bool start(std::string_view line) const { return have(first_word(line)); }
   /// Tells whether an entry has all the fields that the schema gives it a number of.
   bool are_fields_complete(const ModuleEntry& entry) const;
   /// Tells whether a line is one word that is nearly such a keyword, and none of the values that
@@ -35,6 +39,8 @@ class Keywords {
   /// next line.
   bool has_numbers_behind(const ModuleEntry& entry, std::string_view rest,
                           std::string_view next) const;
+  /// Tells whether an entry is the keyword `title`.
+  bool has_titles(std::string_view entry) const { return takes_title(find(entry)); }
   /// Tells whether a line behind the keyword `title` is the title although its first word is a
   /// keyword: what stands behind the word cannot belong to it. `next` is the line that follows.
   bool is_title(std::string_view entry, std::string_view line, std::string_view next) const;

@@ -58,6 +58,20 @@ std::string_view without_signs(std::string_view line) {
   return name;
 }
 
+// Returns how far ahead the end of a geometry is, or the header of a module that comes before it.
+std::size_t distance_to_header(const LineReader& reader) {
+  std::size_t at = 0;
+  for (; at < reader.lines_left(); ++at) {
+    const std::string_view line = reader.line_ahead(at);
+    const bool is_header =
+        is_module_header(line) && !is_terminator_behind_dollar(line, "End Geometry");
+    if (is_geometry_end(line) || is_header) {
+      break;
+    }
+  }
+  return at;
+}
+
 // A module's name alone on its line, and its end or one of its keywords on the next. A name that is
 // a word of the header, too, stands for the module when an end follows.
 bool lacks_dollar(const LineReader& reader, const InputSchema& schema, Outside where) {
@@ -92,30 +106,25 @@ bool is_misspelt_geometry(const LineReader& reader, const InputSchema& schema) {
 
 }  // namespace
 
+// The end of nearly every geometry is there, so that is what is looked for first.
 void mend_geometry(LineReader& reader) {
   if (!reader.reads_as_program()) {
     return;
   }
-  std::optional<std::size_t> near;
-  std::size_t at = 0;
-  for (; at < reader.lines_left(); ++at) {
+  const std::size_t border = distance_to_header(reader);
+  if (border < reader.lines_left() && is_geometry_end(reader.line_ahead(border))) {
+    return;
+  }
+  for (std::size_t at = 0; at < border; ++at) {
     const std::string_view line = reader.line_ahead(at);
-    if (is_geometry_end(line)) {
+    if (!says_nothing(line) && !read_atom_line(line).is_atom() &&
+        (is_near_terminator(line, "End Geometry", "geometry") || is_module_end(line))) {
+      reader.amend(at, BorderFault::MisspeltTerminator, "End Geometry");
       return;
     }
-    const bool is_behind_dollar = is_terminator_behind_dollar(line, "End Geometry");
-    if (is_module_header(line) && !is_behind_dollar) {
-      break;
-    }
-    if (!near && !says_nothing(line) && !read_atom_line(line).is_atom() &&
-        (is_near_terminator(line, "End Geometry", "geometry") || is_module_end(line))) {
-      near = at;
-    }
   }
-  if (near) {
-    reader.amend(*near, BorderFault::MisspeltTerminator, "End Geometry");
-  } else if (at < reader.lines_left()) {
-    reader.break_before(at);
+  if (border < reader.lines_left()) {
+    reader.break_before(border);
   }
 }
 

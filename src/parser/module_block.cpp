@@ -62,13 +62,13 @@ class ModuleBody {
 
   void read_lines() {
     while (!reader_.at_end() && !leaves_early()) {
-      if (is_module_end(reader_.line())) {
+      if (reader_.at_module_border() && is_module_end(reader_.line())) {
         module_.terminated = true;
         reader_.begin_record(RecordId::of_module(index_));
         module_.end_line = reader_.take(LineRole::ModuleEnd);
         return;
       }
-      if (is_module_border(reader_.line())) {
+      if (reader_.at_module_border()) {
         return;
       }
       read_entry();
@@ -76,14 +76,14 @@ class ModuleBody {
   }
 
   // A break that a block stopped at is of that block.
-  bool leaves_early() const { return reader_.at_break() && !keywords_.start(reader_.line()); }
+  bool leaves_early() const { return reader_.at_break() && !keywords_.have(reader_.word()); }
 
   void read_entry() {
     const std::string_view line = reader_.line();
     reader_.begin_record(RecordId::of_entry(index_, module_.entries.size()));
-    if (is_remark(line)) {
+    if (is_remark(reader_.word())) {
       take_raw_entry(reader_, module_.entries.emplace_back());
-    } else if (const auto known = keywords_.find_start(line); known.entry != nullptr) {
+    } else if (const auto known = keywords_.find_word(reader_.word()); known.entry != nullptr) {
       read_known_entry(known);
     } else {
       read_unknown_line(line);

@@ -90,8 +90,12 @@ class ModuleScan {
   std::string_view line(std::size_t distance) const { return reader_.line_ahead(distance); }
 
   void find_border() {
-    while (border_ < reader_.lines_left()) {
+    for (; border_ < reader_.lines_left(); ++border_) {
       const std::string_view text = line(border_);
+      const char first = first_byte(text);
+      if (first != '$' && first != first_of_wide_dollar) {
+        continue;
+      }
       if (is_module_end(text)) {
         kind_ = Border::End;
         return;
@@ -101,7 +105,6 @@ class ModuleScan {
         return;
       }
       if (ends_block_behind_dollar(text)) {
-        ++border_;
         continue;
       }
       if (is_module_border(text) || is_header_behind_wide_dollar(text, schema_)) {
@@ -109,7 +112,6 @@ class ModuleScan {
         kind_ = is_near && !is_module_with_end(border_) ? Border::NearEnd : Border::Other;
         return;
       }
-      ++border_;
     }
   }
 
@@ -141,17 +143,20 @@ class ModuleScan {
       }
       return border_;
     }
-    const EntrySpec* const entry = find_entry_spec(spec_, first_word(text));
-    if (entry != nullptr) {
+    const auto known = find_known_entry(spec_, first_word(text));
+    if (known.entry != nullptr) {
       end_.reset();
-      if (const std::size_t next = look_at_title(at, *entry); next != at) {
+      if (const std::size_t next = look_at_title(at, known); next != at) {
         return next;
       }
-      return entry->terminator.empty() ? at + 1 : look_at_block(at, *entry);
+      return known.entry->terminator.empty() ? at + 1 : look_at_block(at, *known.entry);
     }
     if (const std::size_t next = look_for_opening(at); next != at) {
       end_.reset();
       return next;
+    }
+    if (kind_ != Border::Other) {
+      return at + 1;
     }
     if (is_end_without_dollar(text)) {
       end_ = at;
@@ -166,13 +171,18 @@ class ModuleScan {
   }
 
   // Of a title that looks like a keyword's line, nothing is to be looked for.
-  std::size_t look_at_title(std::size_t at, const EntrySpec& entry) const {
+  std::size_t look_at_title(std::size_t at, const KnownName<EntrySpec>& keyword) const {
+    if (!takes_title(keyword.described)) {
+      return at;
+    }
     std::string_view rest = line(at);
     core::text::take_word(rest);
+    if (!is_blank(rest)) {
+      return at;
+    }
     const std::size_t title = reader_.next_telling(at + 1);
     const std::string_view next = line(reader_.next_telling(title + 1));
-    const bool is_title = is_blank(rest) && Keywords(spec_).is_title(entry.name, line(title), next);
-    return is_title ? title + 1 : at;
+    return Keywords(spec_).is_title(*keyword.canonical, line(title), next) ? title + 1 : at;
   }
 
   std::size_t find_terminator(std::size_t from, const EntrySpec& block) const {

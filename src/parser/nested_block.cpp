@@ -12,7 +12,7 @@ namespace {
 void parse_nested_child(LineReader& reader, const EntrySpec* block, const ParseOptions& options,
                         ModuleEntry& child) {
   const Keywords keywords(block);
-  const auto known = keywords.find_start(reader.line());
+  const auto known = keywords.find_word(reader.word());
   if (known.entry == nullptr) {
     take_raw_entry(reader, child);
     if (options.custom_unknown_policy) {

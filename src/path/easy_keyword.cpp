@@ -50,8 +50,11 @@ std::vector<bool> tokens_in_comments(const std::vector<EasyToken>& tokens) {
 
 std::vector<EasyKeyword> find_easy_keywords(const BDFData& data, const InputSchema& schema,
                                             std::string_view key) {
-  const std::string wanted = schema.canonical_easy_key(key);
   const std::vector<EasyToken>& tokens = data.easy_tokens;
+  if (tokens.empty()) {
+    return {};
+  }
+  const std::string wanted = schema.canonical_easy_key(key);
   const std::vector<bool> in_comment = tokens_in_comments(tokens);
   const std::vector<std::string_view> words = texts_of(tokens);
   std::vector<EasyKeyword> found;

@@ -3,13 +3,9 @@
 
 #include "render/render.hpp"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "kelp/core/text.hpp"
@@ -22,8 +18,6 @@ namespace {
 using Lines = std::vector<std::string>;
 
 constexpr std::size_t indent_step = 2;
-// More digits than that no double has behind its point within the range of coordinates.
-constexpr int most_decimals = 40;
 
 // About how long a document is as text, so that the text is moved seldom while it grows.
 std::size_t usual_size(const BDFData& data) {
@@ -223,27 +217,6 @@ class Renderer {
 };
 
 }  // namespace
-
-void append_coordinate(std::string& out, double value, int decimals) {
-  const auto write = [&](char* begin, char* end) {
-    return std::to_chars(begin, end, value, std::chars_format::fixed,
-                         std::clamp(decimals, 0, most_decimals));
-  };
-  // Most coordinates are short enough to be written where they belong.
-  constexpr std::size_t usual = 24;
-  const std::size_t begin = out.size();
-  out.resize(begin + usual);
-  const auto in_place = write(out.data() + begin, out.data() + out.size());
-  if (in_place.ec == std::errc()) {
-    out.resize(static_cast<std::size_t>(in_place.ptr - out.data()));
-    return;
-  }
-  out.resize(begin);
-  // Room for a sign, the 309 digits of the largest double, the point and the decimals.
-  std::array<char, 360> digits;
-  const auto written = write(digits.data(), digits.data() + digits.size());
-  out.append(digits.data(), written.ptr);
-}
 
 std::string render_document(const BDFData& data, const InputSchema& schema) {
   return Renderer(data, schema).run();

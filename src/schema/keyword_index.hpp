@@ -1,10 +1,11 @@
 #pragma once
 
 // The names of the modules, or of the entries of one module or block, in an order in which a word
-// is found with a few comparisons: by first letter and length, then by letters. Most lines that a
-// parser asks about are values; of those it is told at once that no name has their first letter and
-// length. The index says nothing that the maps do not say: it stands for a look-up of the alias,
-// one of the canonical name, and both once more for what the canonical name leads to.
+// is found with a few comparisons: by first letter and length, then by the first eight letters,
+// which are compared as one number. Most lines that a parser asks about are values; of those it is
+// told at once that no name has their first letter and length. The index says nothing that the maps
+// do not say: it stands for a look-up of the alias, one of the canonical name, and both once more
+// for what the canonical name leads to.
 
 #include <algorithm>
 #include <cstddef>
@@ -79,10 +80,10 @@ class KeywordIndex {
     return (static_cast<unsigned char>(name.front()) % letters) * lengths + length;
   }
   // Less than, equal to, or greater than 0 as the word, in any case, stands before, at or behind a
-  // name.
+  // name that begins like it.
   static int order(std::string_view word, std::string_view name) noexcept {
     const std::size_t common = std::min(word.size(), name.size());
-    for (std::size_t i = 0; i < common; ++i) {
+    for (std::size_t i = sizeof(std::uint64_t); i < common; ++i) {
       if (const char byte = core::text::to_lower(word[i]); byte != name[i]) {
         return byte < name[i] ? -1 : 1;
       }
@@ -99,6 +100,7 @@ class KeywordIndex {
   }
 
   std::vector<Name> names_;
+  std::vector<std::uint64_t> starts_;  ///< of the names, as `core::text::lower_start` has them
   std::vector<std::uint32_t> begins_;  ///< of each shelf, and the end of the last one
   Blocks blocks_;
 };
@@ -127,20 +129,32 @@ void KeywordIndex<Spec>::build(const AliasMap& aliases, LookUp look_up) {
   }
   for (std::size_t shelf = 0; shelf + 1 < begins_.size(); ++shelf) {
     std::sort(names_.begin() + begins_[shelf], names_.begin() + begins_[shelf + 1],
-              [](const Name& one, const Name& other) { return order(one.text, other.text) < 0; });
+              [](const Name& one, const Name& other) {
+                const std::uint64_t start = core::text::lower_start(one.text);
+                const std::uint64_t other_start = core::text::lower_start(other.text);
+                return start == other_start ? order(one.text, other.text) < 0 : start < other_start;
+              });
+  }
+  starts_.reserve(names_.size());
+  for (const Name& name : names_) {
+    starts_.push_back(core::text::lower_start(name.text));
   }
 }
 
 template <typename Spec>
 KnownName<Spec> KeywordIndex<Spec>::find(std::string_view bare) const noexcept {
-  const std::size_t shelf = shelf_of(bare);
-  std::size_t begin = begins_[shelf];
-  std::size_t end = begins_[shelf + 1];
+  const std::uint32_t* const shelf = begins_.data() + shelf_of(bare);
+  std::uint32_t begin = shelf[0];
+  std::uint32_t end = shelf[1];
+  const std::uint64_t start = begin == end ? 0 : core::text::lower_start(bare);
   while (begin < end) {
-    const std::size_t middle = begin + (end - begin) / 2;
-    const int ordered = order(bare, names_[middle].text);
+    const std::uint32_t middle = begin + (end - begin) / 2;
+    const std::uint64_t other = starts_.data()[middle];
+    const int ordered = start == other  ? order(bare, names_.data()[middle].text)
+                        : start < other ? -1
+                                        : 1;
     if (ordered == 0) {
-      return names_[middle].target;
+      return names_.data()[middle].target;
     }
     (ordered < 0 ? end : begin) = ordered < 0 ? middle : middle + 1;
   }

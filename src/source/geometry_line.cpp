@@ -34,6 +34,18 @@ bool is_coordinate(std::string_view text) {
   return is_decimal(text) || is_name(text) || (text.starts_with('-') && is_name(text.substr(1)));
 }
 
+// Tells whether a number is written as a decimal one.
+bool may_be_decimal(std::string_view number) {
+  return std::all_of(number.begin(), number.end(), [](char byte) {
+    return (byte >= '0' && byte <= '9') || byte == '+' || byte == '-' || byte == '.' ||
+           byte == 'e' || byte == 'E' || byte == 'd' || byte == 'D';
+  });
+}
+
+const char* end_of(std::string_view text) {
+  return text.data() + text.size();
+}
+
 bool is_elided(std::string_view line) {
   constexpr std::string_view ellipsis = "\xE2\x80\xA6";
   while (line.starts_with('.') || line.starts_with(ellipsis)) {
@@ -56,18 +68,28 @@ bool all_are_numbers(std::span<const std::string_view> words) {
 // knows.
 bool is_atom(std::string_view line) {
   const AtomLine atom = read_atom_line(line);
-  const Words words = words_of(line);
-  const bool has_label = is_name(atom.label) || (is_decimal(atom.label) && words.size() == 4);
+  if (!atom.is_atom() || !std::all_of(atom.fields.begin(), atom.fields.end(), may_be_decimal)) {
+    return false;
+  }
+  std::string_view rest =
+      line.substr(static_cast<std::size_t>(end_of(atom.fields[2]) - line.data()));
+  const bool has_more = !core::text::trim_view(rest).empty();
+  if (!is_name(atom.label) && (has_more || !is_decimal(atom.label))) {
+    return false;
+  }
   // A letter behind the coordinates marks an atom of a fragment; a number is one too many.
-  return atom.is_atom() && has_label && all_are_numbers(atom.fields) &&
-         std::none_of(words.begin() + 4, words.end(), is_decimal);
+  for (auto word = core::text::take_word(rest); !word.empty(); word = core::text::take_word(rest)) {
+    if (is_decimal(word)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace
 
 bool is_decimal(std::string_view text) {
-  return text.find_first_not_of("0123456789+-.eEdD") == std::string_view::npos &&
-         core::number::parse_float(text).has_value();
+  return may_be_decimal(text) && core::number::parse_float(text).has_value();
 }
 
 std::vector<std::string_view> words_of(std::string_view line) {

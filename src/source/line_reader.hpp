@@ -35,6 +35,10 @@ class LineReader {
   std::size_t index() const { return index_; }
   /// Returns what the current line says; not to be called at the end.
   std::string_view line() const { return says_; }
+  /// Returns the first word of that; empty for a blank line. It is cut once, for all who ask.
+  std::string_view word() const { return word_; }
+  /// Tells whether the current line is one that nothing of a module goes beyond.
+  bool at_module_border() const { return word_.starts_with('$') && is_module_border(says_); }
   /// Returns what a line further on says; empty beyond the end.
   std::string_view line_ahead(std::size_t distance) const {
     if (index_ + distance >= said_->size()) {
@@ -100,15 +104,16 @@ class LineReader {
 
  private:
   void come_to_line() {
-    if (!reads_as_program()) {
+    if (reads_as_program()) {
+      at_end_ = index_ >= said_->size();
+      whole_ = at_end_ ? std::string_view() : source_->line(index_ + 1);
+      says_ = line_ahead(0);
+    } else {
       at_end_ = rest_.empty();
       whole_ = at_end_ ? std::string_view() : take_line(rest_);
       says_ = whole_;
-      return;
     }
-    at_end_ = index_ >= said_->size();
-    whole_ = at_end_ ? std::string_view() : source_->line(index_ + 1);
-    says_ = line_ahead(0);
+    word_ = first_word(says_);
   }
 
   const SourceText* source_ = nullptr;
@@ -120,6 +125,7 @@ class LineReader {
   bool at_end_ = false;
   std::string_view whole_;
   std::string_view says_;
+  std::string_view word_;
   RecordId record_;
 };
 

@@ -29,15 +29,26 @@ inline bool is_same_line(std::string_view line, std::string_view other) {
                                           core::text::trim_view(other));
 }
 
-/// Returns a line's text up to the first blank, tab or line end; empty for a blank line.
-inline std::string_view first_word(std::string_view line) {
-  const std::string_view text = core::text::trim_view(line);
+/// Returns a text up to the first blank, tab or line end.
+inline std::string_view up_to_blank(std::string_view text) {
   std::size_t end = 0;
   while (end < text.size() && text[end] != ' ' && text[end] != '\t' && text[end] != '\r' &&
          text[end] != '\n') {
     ++end;
   }
   return text.substr(0, end);
+}
+
+/// Returns a line's text up to the first blank, tab or line end; empty for a blank line.
+inline std::string_view first_word(std::string_view line) {
+  std::size_t begin = 0;
+  while (begin < line.size() && core::text::is_space(line[begin])) {
+    ++begin;
+  }
+  const std::string_view word = up_to_blank(line.substr(begin));
+  // A vertical tab or a form feed is a letter within what a line says, and white space at its end.
+  const bool is_plain = word.empty() || !core::text::is_space(word.back());
+  return is_plain ? word : up_to_blank(core::text::trim_view(line));
 }
 
 // Each classifier looks at the line without the white space around it. They are asked of every

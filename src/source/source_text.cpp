@@ -31,6 +31,7 @@ struct SourceText::Impl {
     if (rest.starts_with(byte_order_mark)) {
       rest.remove_prefix(byte_order_mark.size());
     }
+    begins.reserve(static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\n')) + 2);
     while (!rest.empty()) {
       const std::size_t begin = text.size() - rest.size();
       begins.push_back(begin);
@@ -57,6 +58,23 @@ struct SourceText::Impl {
 
   std::size_t line_count() const { return begins.size() - 1; }
   bool has_line(std::size_t number) const { return number >= 1 && number <= line_count(); }
+
+  // The bytes of a line, its end included.
+  TextRange full_line(std::size_t number) const {
+    return has_line(number) ? TextRange{begins[number - 1], begins[number]}
+                            : TextRange{text.size(), text.size()};
+  }
+
+  // Only the ends are looked at: a line may be as long as the text, and be asked for often.
+  TextRange line(std::size_t number) const {
+    TextRange range = full_line(number);
+    for (const char end : {'\n', '\r'}) {
+      if (!range.empty() && text[range.end - 1] == end) {
+        --range.end;
+      }
+    }
+    return range;
+  }
 
   // Returns what counts columns from the line's beginning to the nearest milestone before a byte.
   Milestone start_of_count(std::size_t line_begin, std::size_t byte) const {
@@ -113,25 +131,16 @@ std::size_t SourceText::line_count() const {
 }
 
 TextRange SourceText::full_line_range(std::size_t number) const {
-  if (!impl_->has_line(number)) {
-    return {impl_->text.size(), impl_->text.size()};
-  }
-  return {impl_->begins[number - 1], impl_->begins[number]};
+  return impl_->full_line(number);
 }
 
 TextRange SourceText::line_range(std::size_t number) const {
-  TextRange range = full_line_range(number);
-  // Only the ends are looked at: a line may be as long as the text, and be asked for often.
-  for (const char end : {'\n', '\r'}) {
-    if (!range.empty() && text()[range.end - 1] == end) {
-      --range.end;
-    }
-  }
-  return range;
+  return impl_->line(number);
 }
 
 std::string_view SourceText::line(std::size_t number) const {
-  return text_of(line_range(number));
+  const TextRange range = impl_->line(number);
+  return {impl_->text.data() + range.begin, range.size()};
 }
 
 std::string_view SourceText::line_end(std::size_t number) const {

@@ -22,6 +22,9 @@ using Tokens = std::vector<std::string_view>;
 enum class ValueType { Any, Integer, Float };
 
 ValueType type_from_name(std::string_view name) {
+  if (name == "integer") {
+    return ValueType::Integer;
+  }
   const std::string_view type = bare_key(require_text(name));
   if (is_normally(type, "integer")) {
     return ValueType::Integer;

@@ -242,6 +242,24 @@ TEST(ParseFloat, AgreesWithStrtodOverRandomDecimalsOfAllSizes) {
   }
 }
 
+// What is read without asking the standard library, and what is just too long for that.
+TEST(ParseFloat, AgreesWithStrtodOverMillionsOfNumbersOfFewDigits) {
+  std::mt19937 random(4);
+  std::string text;
+  for (int i = 0; i < 2000000; ++i) {
+    text = random() % 3 == 0 ? "-" : random() % 8 == 0 ? "+" : "";
+    for (std::size_t left = random() % 9; left > 0; --left) {
+      text += static_cast<char>('0' + random() % 10);
+    }
+    text += random() % 8 == 0 ? "" : ".";
+    for (std::size_t left = random() % 10; left > 0; --left) {
+      text += static_cast<char>('0' + random() % 10);
+    }
+    text += random() % 64 == 0 ? "." : "";
+    ASSERT_EQ(bits(parse_float(text)), strtod_says(text)) << text;
+  }
+}
+
 TEST(ParseFloat, AgreesWithStrtodAroundTheSmallestNormalNumber) {
   for (int tail = 0; tail < 3000; ++tail) {
     const std::string text = "2.22507385850720" + std::to_string(10'000 + tail) + "e-308";

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <locale>
 #include <string>
 #include <string_view>
@@ -129,6 +130,28 @@ TEST(TakeWord, LeavesTheRestFromTheEndOfTheWordOn) {
   std::string_view rest = "scf  rhf";
   EXPECT_EQ(take_word(rest), "scf");
   EXPECT_EQ(rest, "  rhf");
+}
+
+TEST(LowerStart, IsTheFirstEightBytesInLowerCase) {
+  EXPECT_EQ(lower_start(""), 0U);
+  EXPECT_EQ(lower_start("SpinMulti"), lower_start("spinmultiplicity"));
+  EXPECT_NE(lower_start("charge"), lower_start("charges"));
+  EXPECT_NE(lower_start("chargf"), lower_start("charge"));
+}
+
+TEST(LowerStart, ChangesWhatToLowerChangesAndNothingElse) {
+  const std::string bytes = all_bytes();
+  for (std::size_t position = 0; position < 8; ++position) {
+    for (const char byte : bytes) {
+      std::string text = "aZ\x80@[`{\xff";
+      text[position] = byte;
+      const std::string lower = to_lower(text);
+      EXPECT_EQ(lower_start(text), lower_start(lower)) << static_cast<int>(byte);
+      std::uint64_t plain = 0;
+      std::memcpy(&plain, lower.data(), sizeof plain);
+      EXPECT_EQ(lower_start(text), plain) << static_cast<int>(byte);
+    }
+  }
 }
 
 }  // namespace

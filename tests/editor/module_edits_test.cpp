@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "editor_fixture.hpp"
 
@@ -251,6 +253,55 @@ TEST(RemoveModule, OfANameIsTheSameAsOneAfterTheOther) {
       ASSERT_EQ(all.data().statements[k].module_index, one.data().statements[k].module_index);
     }
   }
+}
+
+BDFData many_modules() {
+  Lines names;
+  for (int i = 0; i < 200; ++i) {
+    names.push_back(i % 3 == 0 ? "hfscf" : i % 3 == 1 ? "scf" : "extra");
+  }
+  return document_of(names);
+}
+
+// Edits among many modules find them in an index; `module` of a const editor never does.
+TEST(EditingOneOfManyModules, ReachesTheOneThatIsFoundByGoingThroughThem) {
+  std::mt19937 random(3);
+  BDFEditor editor(many_modules(), small_schema());
+  for (int step = 0; step < 3000; ++step) {
+    const char* const name = random() % 2 == 0 ? "SCF" : " $extra";
+    const std::size_t index = random() % 150;
+    const bool was_there = std::as_const(editor).module(name, index) != nullptr;
+    switch (random() % 8) {
+      case 0:
+        EXPECT_EQ(editor.remove_module(name, index), was_there);
+        break;
+      case 1: {
+        const bool has_mark =
+            was_there && std::as_const(editor).module(name, index)->find_entry("mark") != nullptr;
+        EXPECT_EQ(editor.remove_module_entry(name, index, "mark", std::nullopt), has_mark);
+        break;
+      }
+      default: {
+        const std::string value = std::to_string(step);
+        editor.set_module_entry(name, index, "mark", {value});
+        const Module* const found = std::as_const(editor).module(name, index);
+        ASSERT_NE(found, nullptr);
+        ASSERT_NE(found->find_entry("mark"), nullptr);
+        EXPECT_THAT(found->find_entry("mark")->values, ElementsAre(value));
+      }
+    }
+  }
+}
+
+TEST(EditingOneOfManyModules, TakesARenamedModuleByItsNewName) {
+  BDFEditor editor(many_modules(), small_schema());
+  Module* const first = editor.module("scf", 0);
+  editor.set_module_entry("scf", 100, "mark", {"1"});
+  const Module* const marked = std::as_const(editor).module("scf", 100);
+  first->name = "extra";
+  EXPECT_EQ(std::as_const(editor).module("scf", 99), marked);
+  editor.set_module_entry("scf", 99, "mark", {"2"});
+  EXPECT_THAT(marked->find_entry("mark")->values, ElementsAre("2"));
 }
 
 }  // namespace

@@ -169,5 +169,29 @@ TEST(Lines, APlaceSpansTheWholeLineFromColumnOne) {
   EXPECT_EQ(span.length, 6U);
 }
 
+// The plain way: what is cut is the line without the white space around it.
+std::string_view first_word_of_trimmed(std::string_view line) {
+  return up_to_blank(core::text::trim_view(line));
+}
+
+TEST(Lines, TheFirstWordIsThatOfTheTrimmedLine) {
+  constexpr std::string_view bytes = "a$ \t\v\f\r\n"sv;
+  std::string line;
+  // All lines of up to six of these bytes.
+  for (std::size_t length = 0; length <= 6; ++length) {
+    std::size_t count = 1;
+    for (std::size_t i = 0; i < length; ++i) {
+      count *= bytes.size();
+    }
+    for (std::size_t code = 0; code < count; ++code) {
+      line.clear();
+      for (std::size_t i = 0, rest = code; i < length; ++i, rest /= bytes.size()) {
+        line += bytes[rest % bytes.size()];
+      }
+      ASSERT_EQ(first_word(line), first_word_of_trimmed(line)) << code;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace kelp::input::bdf

@@ -4,6 +4,7 @@
 /// Bytes and white space. White space is that of C's `isspace` in the "C" locale, lower case that
 /// of ASCII; the host's locale changes nothing.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,11 @@ constexpr char to_lower(char byte) noexcept {
 
 /// Returns the text with every ASCII letter in lower case.
 std::string to_lower(std::string_view text);
+
+/// Returns the first eight bytes of a text as a number, ASCII letters in lower case; of a shorter
+/// text, all of its bytes. Texts of one length that differ there, but for case, have different
+/// ones.
+std::uint64_t lower_start(std::string_view text) noexcept;
 
 /// Returns the text with every ASCII letter in upper case.
 std::string to_upper(std::string_view text);

@@ -4,6 +4,7 @@
 /// From document to changed document and back to text.
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -115,12 +116,22 @@ class KELP_BDF_INP_EXPORT BDFEditor {
   void write_file(const std::string& path) const;
 
  private:
+  using Indices = std::vector<std::size_t>;
+
   Module* find_or_create_module(std::string_view name, std::size_t index);
+  Module* find_module_to_edit(std::string_view name, std::size_t index);
+  Module* add_module(std::string name);
+  void index_module(std::size_t index);
+  void forget_index();
   void append_side_statement(StatementKind kind, std::vector<std::string> lines);
   void set_charge_and_multiplicity_entries(int charge, int multiplicity);
 
   BDFData data_;
   InputSchema schema_;
+  // The modules by canonical name, once one of many was edited; empty until then. Whoever was given
+  // a module may rename it at any time: from then on there is no index.
+  std::map<std::string, Indices> by_name_;
+  bool may_be_renamed_ = false;
 };
 
 }  // namespace kelp::input::bdf
