@@ -85,6 +85,15 @@ Ratio parse_atoms(int turns) {
   return compare_work([&] { keep(cut_atoms(text)); }, [&] { parse(text, {}); }, turns);
 }
 
+Ratio diagnose_atoms(int turns) {
+  const std::string text = atoms(atoms_of_table);
+  return compare_work([&] { keep(cut_atoms(text)); },
+                      [&] {
+                        keep(bdf::diagnose({text, bdf::default_schema()}));
+                      },
+                      turns);
+}
+
 Ratio render_keywords(int turns) {
   const bdf::BDFEditor editor(document(keywords(modules_of_table)), bdf::default_schema());
   const std::string rendered = editor.render();
@@ -151,6 +160,8 @@ std::vector<Row> library_rows(bool quick) {
       {"`ParsedInput` and `diagnose` of them", cutting, 12, diagnose_keywords},
       {"the same without advice", cutting, 0, diagnose_without_advice},
       {"parse 100,000 atoms", "the same, three `from_chars`, a record", 1.05, parse_atoms},
+      {"`ParsedInput` and `diagnose` of 100,000 atoms", "the same, three `from_chars`, a record", 0,
+       diagnose_atoms},
       {"render the keywords", "append each line to a reserved text", 2, render_keywords},
       {"render 100,000 atoms", "three `to_chars` each", 1, render_atoms},
       {"load another schema", "`YAML::Load`", 1.05, load_schema},

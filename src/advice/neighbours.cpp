@@ -57,8 +57,8 @@ class PairSearch {
     Cell other{};
     for (std::size_t axis = 0; axis < home.size(); ++axis) {
       home[axis] = index_of(position[axis], edge);
-      const std::int64_t below = index_of(position[axis] - near_, edge);
-      other[axis] = below != home[axis] ? below : index_of(position[axis] + near_, edge);
+      const double within = position[axis] / edge - static_cast<double>(home[axis]);
+      other[axis] = within < 0.5 ? home[axis] - 1 : home[axis] + 1;
     }
     for (unsigned code = 0; code < 8; ++code) {
       const Cell cell = {(code & 1U) != 0 ? other[0] : home[0],
