@@ -243,10 +243,10 @@ TEST(ParseFloat, AgreesWithStrtodOverRandomDecimalsOfAllSizes) {
 }
 
 // What is read without asking the standard library, and what is just too long for that.
-TEST(ParseFloat, AgreesWithStrtodOverMillionsOfNumbersOfFewDigits) {
+TEST(ParseFloat, AgreesWithStrtodOverNumbersOfFewDigits) {
   std::mt19937 random(4);
   std::string text;
-  for (int i = 0; i < 2000000; ++i) {
+  for (int i = 0; i < 500000; ++i) {
     text = random() % 3 == 0 ? "-" : random() % 8 == 0 ? "+" : "";
     for (std::size_t left = random() % 9; left > 0; --left) {
       text += static_cast<char>('0' + random() % 10);

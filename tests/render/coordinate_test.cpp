@@ -24,7 +24,7 @@ TEST(Coordinates, OfUsualSizesAreWrittenAsToCharsDoes) {
     append_coordinate(text, value);
     ASSERT_EQ(text, std::string_view(digits.data(), written.ptr)) << value;
   };
-  for (int i = 0; i < 500000; ++i) {
+  for (int i = 0; i < 100000; ++i) {
     const auto mantissa = static_cast<double>(random() >> 11U);
     expect_as_by_library(std::ldexp(mantissa, -static_cast<int>(random() % 110)));
     expect_as_by_library(-std::ldexp(mantissa, -static_cast<int>(random() % 110)));
