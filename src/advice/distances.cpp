@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numeric>
 
 #include "advice/neighbours.hpp"
 #include "advice/report.hpp"
@@ -114,15 +113,25 @@ struct Outlier {
 // farther from the origin.
 std::optional<Outlier> outlier_along(const Atoms& atoms, std::size_t axis) {
   const auto at = [&](std::size_t atom) { return atoms.positions[atom][axis]; };
-  std::vector<std::size_t> order(atoms.size());
-  std::iota(order.begin(), order.end(), 0);
-  std::sort(order.begin(), order.end(),
-            [&](std::size_t left, std::size_t right) { return at(left) < at(right); });
-  if (order.size() < 2) {
+  if (atoms.size() < 2) {
     return std::nullopt;
   }
-  const Outlier low = {order.front(), at(order[1]) - at(order[0])};
-  const Outlier high = {order.back(), at(order.back()) - at(order[order.size() - 2])};
+  // The two at either end, the outermost first.
+  std::array<std::size_t, 2> lowest = {0, 1};
+  if (at(1) < at(0)) {
+    lowest = {1, 0};
+  }
+  std::array<std::size_t, 2> highest = {lowest[1], lowest[0]};
+  for (std::size_t i = 2; i < atoms.size(); ++i) {
+    if (at(i) < at(lowest[1])) {
+      lowest = at(i) < at(lowest[0]) ? std::array{i, lowest[0]} : std::array{lowest[0], i};
+    }
+    if (at(i) > at(highest[1])) {
+      highest = at(i) > at(highest[0]) ? std::array{i, highest[0]} : std::array{highest[0], i};
+    }
+  }
+  const Outlier low = {lowest[0], at(lowest[1]) - at(lowest[0])};
+  const Outlier high = {highest[0], at(highest[0]) - at(highest[1])};
   const bool is_low_farther = std::abs(at(low.atom)) > std::abs(at(high.atom));
   return low.gap > high.gap || (low.gap == high.gap && is_low_farther) ? low : high;
 }
@@ -133,7 +142,7 @@ void check_atom_far_away(const Job& job, Report& report) {
   constexpr double certain = 1000;
   for (const System& system : job.systems) {
     const Geometry& geometry = system.geometry;
-    const Atoms atoms = atoms_of(job, system);
+    const Atoms& atoms = job.surroundings_of(system).atoms;
     for (std::size_t axis = 0; axis < 3; ++axis) {
       const auto outlier = outlier_along(atoms, axis);
       if (!outlier || outlier->gap < least) {

@@ -108,8 +108,8 @@ class AtomLineFinder {
         reader.pass_row();
         return;
       case GeometryLineKind::Atom:
-        check_surplus(lines, number);
-        return check_element(lines, number);
+        check_surplus(lines, number, text);
+        return check_element(lines, number, text);
       case GeometryLineKind::Internal:
         return check_element(lines, number, text);
       default:
@@ -212,9 +212,15 @@ class AtomLineFinder {
   }
 
   // Behind the coordinates stands the mark of an atom of a fragment, or nothing.
-  void check_surplus(const GeometryLines& lines, std::size_t number) const {
+  void check_surplus(const GeometryLines& lines, std::size_t number, std::string_view text) const {
     constexpr std::size_t usual = 4;
-    const std::string_view text = text_of(number);
+    std::string_view rest = text;
+    for (std::size_t i = 0; i < usual; ++i) {
+      core::text::take_word(rest);
+    }
+    if (is_blank(rest)) {
+      return;
+    }
     const std::vector<std::string_view> words = words_of(text);
     const bool has_mark =
         words.size() == usual + 1 && (core::text::equals_ignoring_case(words.back(), "B") ||

@@ -26,7 +26,11 @@ class SurplusWordFinder {
       : context_(context), input_(context.input), use_(use) {}
 
   void look_at(const Module& module, const ModuleEntry& entry, const RecordId& record) {
-    const TextRange behind = input_.behind_keyword(record);
+    // Most keywords stand alone on their lines, which is told without asking where.
+    std::string_view rest = entry.raw_line;
+    core::text::take_word(rest);
+    const TextRange behind =
+        core::text::trim_view(rest).empty() ? TextRange{} : input_.behind_keyword(record);
     if (behind.empty()) {
       return;
     }
