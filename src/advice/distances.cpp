@@ -29,12 +29,11 @@ std::string name_of(const Geometry& geometry, std::size_t centre) {
 using AtomPair = std::pair<std::size_t, std::size_t>;
 
 // Pairs of an atom and its nearest neighbour that something holds for, each once, the later atom
-// first. Who copied a molecule onto itself sees the first few.
+// first.
 template <typename Predicate>
 std::vector<AtomPair> pairs_that(const std::vector<Neighbour>& all, Predicate holds) {
-  constexpr std::size_t most = 10;
   std::vector<AtomPair> pairs;
-  for (std::size_t i = 0; i < all.size() && pairs.size() < most; ++i) {
+  for (std::size_t i = 0; i < all.size(); ++i) {
     const std::size_t other = all[i].atom;
     if (other != Neighbour::none && holds(all[i]) && (other < i || all[other].atom != i)) {
       pairs.emplace_back(std::max(i, other), std::min(i, other));
@@ -60,16 +59,31 @@ std::vector<Neighbour> touching(const Job& job, const System& system) {
                                       : std::vector<Neighbour>();
 }
 
+// Where very many atoms are wrong, one pair stands for all of them: the atoms are there twice, or
+// in another unit.
+constexpr std::size_t most_pairs = 3;
+
+std::size_t shown_of(std::size_t pairs) {
+  return pairs > most_pairs ? 1 : pairs;
+}
+
 void check_atoms_coincide(const Job& job, Report& report) {
   for (const System& system : job.systems) {
     const Geometry& geometry = system.geometry;
     const Atoms& atoms = job.surroundings_of(system).atoms;
-    for (const auto& [later, earlier] : pairs_that(touching(job, system), coincides)) {
+    const auto pairs = pairs_that(touching(job, system), coincides);
+    for (std::size_t i = 0; i < shown_of(pairs.size()); ++i) {
+      const auto& [later, earlier] = pairs[i];
       const std::size_t left = atoms.centres[earlier];
       const std::size_t right = atoms.centres[later];
-      report
-          .add("The atoms {} and {} coincide.", {name_of(geometry, left), name_of(geometry, right)})
-          .at(geometry.centres[right].label, "where another atom is")
+      const std::string one = name_of(geometry, left);
+      const std::string other = name_of(geometry, right);
+      const std::string others = std::to_string(pairs.size() - 1);
+      Finding& finding = shown_of(pairs.size()) < pairs.size()
+                             ? report.add("The atoms {} and {} coincide, and {} other pairs.",
+                                          {one, other, others})
+                             : report.add("The atoms {} and {} coincide.", {one, other});
+      finding.at(geometry.centres[right].label, "where another atom is")
           .related(range_of(job.input, geometry.centres[left].label), "the other atom")
           .help("take one of them away, or correct its coordinates");
     }
@@ -85,15 +99,23 @@ void check_atoms_too_close(const Job& job, Report& report) {
     const Geometry& geometry = system.geometry;
     const Atoms& atoms = job.surroundings_of(system).atoms;
     const std::vector<Neighbour> all = touching(job, system);
-    for (const auto& [later, earlier] : pairs_that(all, is_too_close)) {
+    const auto pairs = pairs_that(all, is_too_close);
+    for (std::size_t i = 0; i < shown_of(pairs.size()); ++i) {
+      const auto& [later, earlier] = pairs[i];
       const std::size_t left = atoms.centres[earlier];
       const std::size_t right = atoms.centres[later];
       const double distance =
           all[later].atom == earlier ? all[later].distance : all[earlier].distance;
-      report
-          .add("The atoms {} and {} are {} angstrom apart.",
-               {name_of(geometry, left), name_of(geometry, right), rounded(distance)})
-          .at(geometry.centres[right].label, "much too close")
+      const std::string one = name_of(geometry, left);
+      const std::string other = name_of(geometry, right);
+      const std::string others = std::to_string(pairs.size() - 1);
+      Finding& finding =
+          shown_of(pairs.size()) < pairs.size()
+              ? report.add("The atoms {} and {} are {} angstrom apart, and {} other pairs as near.",
+                           {one, other, rounded(distance), others})
+              : report.add("The atoms {} and {} are {} angstrom apart.",
+                           {one, other, rounded(distance)});
+      finding.at(geometry.centres[right].label, "much too close")
           .related(range_of(job.input, geometry.centres[left].label), "the other atom")
           .related(unit_of(job, system), "the unit")
           .help("a bond of these two is about " +

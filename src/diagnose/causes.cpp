@@ -149,7 +149,17 @@ bool Causes::explain_addition(const TextEdit& edit) const {
   return have_word_near(name) || (is_in_module && blocks_.count(record.index) > 0);
 }
 
+void Causes::note_list(const Diagnostic& advice) {
+  if (advice.code == "symmetry.irrep_count") {
+    lists_.insert(advice.record.index);
+  }
+}
+
 bool Causes::explain(const Diagnostic& advice) const {
+  // The occupations are lists of one number for each irreducible representation.
+  if (advice.code.starts_with("electrons.occupation_") && lists_.count(advice.record.index) > 0) {
+    return true;
+  }
   if (are_none()) {
     return false;
   }

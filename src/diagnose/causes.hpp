@@ -18,6 +18,8 @@ class Causes {
   void note(const Diagnostic& diagnostic);
   /// Tells whether a piece of advice may only follow from what was taken.
   bool explain(const Diagnostic& advice) const;
+  /// Takes advice that other advice may follow from: a list that lacks a number.
+  void note_list(const Diagnostic& advice);
   /// Returns a piece of advice whose additions nobody makes unasked while a word is not known: it
   /// may be what they add. Nothing is changed unasked where values or modules are not whole.
   Diagnostic settled(Diagnostic advice) const;
@@ -29,6 +31,7 @@ class Causes {
 
   const ParsedInput& input_;
   std::set<std::size_t> blocks_;   ///< indices of modules with a word that is not known
+  std::set<std::size_t> lists_;    ///< indices of modules with a list that lacks a number
   std::set<std::string> invalid_;  ///< paths of entries with a value that is none
   std::set<std::string> words_;    ///< that are not known, in lower case
   bool in_header_ = false;

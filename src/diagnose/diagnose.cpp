@@ -240,14 +240,19 @@ void find_diagnostics(const ParsedInput& input, const DiagnoseOptions& options,
   find_surplus_words(context, add);
   find_atom_lines(context, add);
   if (options.advice && is_certain) {
+    std::vector<Diagnostic> advice;
     advise(input, options.folder ? &*options.folder : nullptr, [&](const Diagnostic& found) {
+      causes.note_list(found);
+      advice.push_back(found);
+    });
+    for (const Diagnostic& found : advice) {
       const bool is_left_out =
           is_about_unlisted_name(found.code) &&
           (options.unknown == UnknownNames::Ignore || is_within(told, found.range));
       if (!is_left_out && !causes.explain(found)) {
         add(causes.settled(found));
       }
-    });
+    }
   }
   in_order.finish();
 }

@@ -25,7 +25,8 @@ std::vector<std::string> basis_sets_with_other_marks(std::string_view name,
                                                      DiagnoseContext& context,
                                                      const DiagnoseOptions& options);
 
-/// Tells whether a name is near to a method, and to no functional that is listed or known elsewhere.
+/// Tells whether a name is near to a method, and to no functional that is listed or known
+/// elsewhere.
 bool is_near_to_methods_alone(std::string_view name, DiagnoseContext& context);
 
 /// Tells whether a name is that of a method of other programs, and no functional.

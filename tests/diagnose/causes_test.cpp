@@ -58,6 +58,15 @@ const Row rows[] = {
     {"a basis set in another block",
      with(compass, "basis\n cc-pvdz\n", "") + integrals + "$scf\nrhf\nbasis\n cc-pvdz\n$end\n",
      {"bdf.unknown_entry"}},
+    {"a list that lacks a number",
+     with(compass, "basis\n", "group\n C(2v)\nbasis\n") + integrals +
+         "$scf\nuhf\nspinmulti\n 3\nalpha\n 4 0 1 1\nbeta\n 3 0 1\n$end\n",
+     {"symmetry.irrep_count"}},
+    {"all atoms twice",
+     with(compass, "end geometry\n",
+          " O 0 0 0\n H 0 0.76 0.59\n H 0 -0.76 0.59\n O 0 0 0\nend geometry\n") +
+         integrals + scf,
+     {"geometry.atoms_coincide"}},
     {"a word that is missing in one block and stands in another",
      compass + integrals + "$scf\nrhf\nnosymm\n$end\n$nmr\nicg\n 1\n$end\n",
      {"bdf.unknown_entry"}},
