@@ -157,8 +157,8 @@ void tell_stray_lines(const ParsedInput& input, const DiagnosticSink& sink) {
 void tell_settings(const ParsedInput& input, const DiagnosticSink& sink) {
   std::size_t open = 0;
   bool is_elided = false;
-  // What begins the settings may be among lines that are told of.
-  bool is_doubtful = false;
+  // What begins the settings may be among lines that are told of, or in a geometry without end.
+  bool is_doubtful = input.data().has_geometry && !input.data().geometry_terminated;
   const bool has_header = input.data().mode != InputMode::Module;
   for (const Statement& statement : input.data().statements) {
     const auto [what, is_misspelt] = outside_of(statement);

@@ -142,6 +142,10 @@ const Row rows[] = {
      "#! job\nhf/sto-3g\nGeometry\n Ne 0 0 0\nEnd Geometry\nModul Setting # "
      "c\n$scf\nmaxiter\n 50\n$end\nENDSETTING\n",
      {"frame.misspelt_setting 6:1 'Modul Setting'", "frame.misspelt_setting 11:1 'ENDSETTING'"}},
+    {"settings of modules behind a geometry without end",
+     "#! job\nhf/sto-3g\nGeometry\n Ne 0 0 0\nModule Setting\n$scf\nmaxiter\n 50\n$end\n"
+     "End Setting\n",
+     {"bdf.unterminated_geometry 4:2 'Ne 0 0 0'"}},
     {"an end of settings under another name",
      "#! job\nhf/sto-3g\nGeometry\n Ne 0 0 0\nEnd Geometry\nModule Setting\n"
      "$scf\nmaxiter\n 50\n$end\nEnd Module\n",
