@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <map>
+#include <new>
 #include <utility>
 
 #include "kelp/input/bdf/editor.hpp"
@@ -88,15 +90,21 @@ Module* BDFEditor::add_module(std::string name) {
   make_room(data_.modules);
   data_.statements.push_back({StatementKind::Module, data_.modules.size(), {}, std::nullopt});
   Module& added = data_.modules.emplace_back(std::move(made));
-  if (!by_name_.empty()) {
-    index_module(data_.modules.size() - 1);
-  }
+  keep_index(data_.modules.size() - 1);
   return &added;
 }
 
-void BDFEditor::index_module(std::size_t index) {
-  const AliasMap& aliases = SchemaAccess::impl(schema_).module_aliases;
-  by_name_[canonical_name(aliases, data_.modules[index].name)].push_back(index);
+// The module is there already: without memory for the index there is none.
+void BDFEditor::keep_index(std::size_t added) noexcept {
+  if (by_name_.empty()) {
+    return;
+  }
+  try {
+    const AliasMap& aliases = SchemaAccess::impl(schema_).module_aliases;
+    by_name_[canonical_name(aliases, data_.modules[added].name)].push_back(added);
+  } catch (const std::bad_alloc&) {
+    by_name_.clear();
+  }
 }
 
 void BDFEditor::forget_index() {
@@ -111,13 +119,15 @@ Module* BDFEditor::find_module_to_edit(std::string_view name, std::size_t index)
   if (may_be_renamed_ || index < few || name.data() == nullptr) {
     return const_cast<Module*>(std::as_const(*this).module(name, index));
   }
+  const AliasMap& aliases = SchemaAccess::impl(schema_).module_aliases;
   if (by_name_.empty()) {
+    std::map<std::string, Indices> all;
     for (std::size_t i = 0; i < data_.modules.size(); ++i) {
-      index_module(i);
+      all[canonical_name(aliases, data_.modules[i].name)].push_back(i);
     }
+    by_name_ = std::move(all);
   }
-  const auto found =
-      by_name_.find(canonical_name(SchemaAccess::impl(schema_).module_aliases, name));
+  const auto found = by_name_.find(canonical_name(aliases, name));
   return found == by_name_.end() || index >= found->second.size()
              ? nullptr
              : &data_.modules[found->second[index]];

@@ -121,7 +121,7 @@ class KELP_BDF_INP_EXPORT BDFEditor {
   Module* find_or_create_module(std::string_view name, std::size_t index);
   Module* find_module_to_edit(std::string_view name, std::size_t index);
   Module* add_module(std::string name);
-  void index_module(std::size_t index);
+  void keep_index(std::size_t added) noexcept;
   void forget_index();
   void append_side_statement(StatementKind kind, std::vector<std::string> lines);
   void set_charge_and_multiplicity_entries(int charge, int multiplicity);
