@@ -21,8 +21,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const Knowledge& shipped() {
-  static const Knowledge knowledge = Knowledge::from_yaml(
-      test::file_bytes(test::shipped_schema_file().parent_path() / "bdf-knowledge.yaml"));
+  static const Knowledge knowledge = Knowledge::from_yaml(test::file_bytes(
+      std::filesystem::path(test::shipped_schema_file()).parent_path() / "bdf-knowledge.yaml"));
   return knowledge;
 }
 
@@ -33,7 +33,8 @@ TEST(Knowledge, OfTheShippedFileIsThatOfTheProcess) {
 
 // The table holds all fields, and so does a table that is made anew from what was read from it.
 TEST(Knowledge, OfTheBuildIsThatOfTheShippedFile) {
-  const auto path = test::shipped_schema_file().parent_path() / "bdf-knowledge.yaml";
+  const auto path =
+      std::filesystem::path(test::shipped_schema_file()).parent_path() / "bdf-knowledge.yaml";
   const std::string text = test::file_bytes(path);
   TableWriter of_yaml;
   of_yaml(*read_knowledge(text));

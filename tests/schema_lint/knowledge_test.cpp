@@ -13,7 +13,8 @@ std::string knowledge(const std::string& rest) {
 }
 
 TEST(KnowledgeLint, TheFileThatComesWithTheLibraryHasNoProblem) {
-  const auto path = test::shipped_schema_file().parent_path() / "bdf-knowledge.yaml";
+  const auto path =
+      std::filesystem::path(test::shipped_schema_file()).parent_path() / "bdf-knowledge.yaml";
   EXPECT_EQ(problems_of(test::file_bytes(path)), std::vector<std::string>{});
 }
 

@@ -14,8 +14,8 @@ std::filesystem::path corpus_folder() {
   return KELP_CORPUS_DIR;
 }
 
-std::filesystem::path shipped_schema_file() {
-  return source_folder() / "schemas" / "input" / "bdf.yaml";
+std::string shipped_schema_file() {
+  return KELP_SOURCE_DIR "/schemas/input/bdf.yaml";
 }
 
 }  // namespace kelp::test

@@ -4,6 +4,7 @@
 // the same in every checkout and a compiler cache can share them.
 
 #include <filesystem>
+#include <string>
 
 namespace kelp::test {
 
@@ -16,7 +17,7 @@ std::filesystem::path data_folder();
 /// Returns the folder of published inputs, which may be absent.
 std::filesystem::path corpus_folder();
 
-/// Returns the file of the vocabulary that the library comes with.
-std::filesystem::path shipped_schema_file();
+/// Returns the file of the vocabulary that the library comes with, in UTF-8.
+std::string shipped_schema_file();
 
 }  // namespace kelp::test

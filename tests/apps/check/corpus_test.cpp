@@ -29,7 +29,7 @@ TEST_F(Corpus, IsCheckedToItsEnd) {
     GTEST_SKIP() << "no published inputs at " << test::corpus_folder();
   }
   program.set_variable("KELP_BDF_INP_SCHEMA_YAML", std::nullopt);
-  const Outcome outcome = check_named({}, {test::corpus_folder()});
+  const Outcome outcome = check_named({}, {test::utf8(test::corpus_folder())});
   EXPECT_EQ(outcome.err, "");
   EXPECT_LE(outcome.status, 1);
   const std::string checked =

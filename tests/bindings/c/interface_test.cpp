@@ -55,7 +55,7 @@ std::string version() {
 }
 
 TEST(CHeader, DeclaresWhatWasPromised) {
-  const std::string folder = test::source_folder() / "bindings/c/";
+  const std::string folder = test::utf8(test::source_folder()) + "/bindings/c/";
   std::vector<std::string> declared =
       declarations_of(test::file_bytes(folder + "include/kelp/bdf.h"));
   ASSERT_GT(declared.size(), 80U) << "the header cannot be read";
